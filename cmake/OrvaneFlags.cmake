@@ -1,0 +1,24 @@
+# Every target of the project links orvane_flags; compiler and linker flags stand nowhere else.
+add_library(orvane_flags INTERFACE)
+target_compile_features(orvane_flags INTERFACE cxx_std_20)
+target_include_directories(orvane_flags INTERFACE "${PROJECT_SOURCE_DIR}/src")
+
+if(MSVC)
+  target_compile_options(orvane_flags INTERFACE /W4 /WX /permissive- /utf-8)
+else()
+  target_compile_options(orvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+endif()
+
+if(ORVANE_SANITIZE)
+  target_compile_options(orvane_flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(orvane_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(ORVANE_COVERAGE)
+  target_compile_options(orvane_flags INTERFACE --coverage -O0)
+  target_link_options(orvane_flags INTERFACE --coverage)
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/radio_data.h"
+#include "core/services.h"
+
+/// The few values kept between runs, the command-line words, and the destination templates that
+/// stand beside the program.
+namespace orvane::core {
+
+inline constexpr std::string_view kProductName = "Orvane";
+inline constexpr std::string_view kProgramTitle = "PC Program for KT740 Series";
+
+/// True when one of the words is "/D", in either letter case.
+[[nodiscard]] bool HasDebugSwitch(const std::vector<std::string>& words);
+
+struct WindowGeometry {  ///< twips: 1/1440 inch, 15 to a device-independent pixel
+  int left = 0, top = 0, width = 0, height = 0;
+};
+
+/// Typed access to the settings store. Missing or unreadable values take their defaults.
+class AppSettings {
+ public:
+  explicit AppSettings(SettingsStore& store) : store_(store) {}
+
+  [[nodiscard]] int PortNumber() const;  ///< default 1
+  void SetPortNumber(int number);
+  [[nodiscard]] std::int16_t ModelType() const;  ///< default 5
+  void SetModelType(std::int16_t model_type);
+  [[nodiscard]] std::string Destination(std::int16_t model_type) const;  ///< default "KT740-usa"
+  void SetDestination(std::int16_t model_type, std::string_view name);
+  [[nodiscard]] std::optional<WindowGeometry> MainWindow() const;
+  void SetMainWindow(const WindowGeometry& geometry);
+
+ private:
+  SettingsStore& store_;
+};
+
+/// Name of the template file of a destination: name, "_", four hexadecimal digits of the model
+/// code, ".ini".
+[[nodiscard]] std::string DestinationFileName(std::string_view name, std::int16_t model_type);
+
+/// Destinations to offer: the template files found (at most 10, in directory order), then the two
+/// built-in ones where they are missing and there is room for them.
+[[nodiscard]] std::vector<std::string> DestinationNames(const std::vector<std::string>& file_names,
+                                                        std::int16_t model_type);
+
+}  // namespace orvane::core

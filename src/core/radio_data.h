@@ -1,0 +1,92 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "core/flag.h"
+#include "core/memory_image.h"
+#include "core/one_based_array.h"
+#include "core/records.h"
+
+namespace orvane::core {
+
+inline constexpr int kMarineChannels = 240;
+inline constexpr int kWxChannels = 10;
+inline constexpr int kExtraChannels = 40;
+inline constexpr int kUsableGroups = 4;
+inline constexpr int kCallSigns = 20;
+inline constexpr int kStations = 40;
+inline constexpr int kStationGroups = 10;
+
+using MarineTable = std::array<ChannelRecord, kMarineChannels>;
+using WxTable = std::array<ChannelRecord, kWxChannels>;
+using ExtraTable = OneBasedArray<ChannelRecord, kExtraChannels>;
+
+/// The three marine channel groups, in the order in which every table lists them.
+enum class MarineGroup { kUsa = 0, kIntl = 1, kCanada = 2 };
+inline constexpr std::array<MarineGroup, 3> kMarineGroups = {MarineGroup::kUsa, MarineGroup::kIntl,
+                                                             MarineGroup::kCanada};
+/// Index of the EXP/LMR group among the usable groups.
+inline constexpr std::size_t kExtraGroup = 3;
+
+/// What the operations of the program leave behind for their callers.
+struct StateFlags {
+  Flag Error;        ///< the last operation failed or was refused
+  Flag Cancel;       ///< the user cancelled, or a command has not completed
+  Flag Debug;        ///< started with "/D"
+  Flag DataChanged;  ///< differs from what was last loaded or saved
+  Flag Busy;         ///< a bulk fill or a transfer runs; editor handlers do nothing meanwhile
+};
+
+/// The one data set of the process: the memory image and the records decoded from it.
+///
+/// Every layer reads and writes it directly; it is handed on by reference. Copying is cheap
+/// (about 200 kB), which is how "replace only after the new one decoded whole" is done.
+struct RadioData {
+  std::int16_t MODELTYPE = 5;  ///< 0..6, see ModelProfile
+  std::string ModelName;       ///< display name of the model
+  std::string SEL1 = "1";      ///< "0" or "1", as last read from a settings file
+  std::string SEL2 = "0";      ///< "0" or "1"
+
+  MemoryImage Image;
+
+  std::array<MarineTable, 3> Marine;  ///< by MarineGroup
+  WxTable WX;
+  ExtraTable EXP;  ///< the EXP/LMR channels 1..40
+
+  std::array<UsableGroup, kUsableGroups> Usable;  ///< USA, INTL, Canada, EXP/LMR
+  CommonSettings Common;
+  DscSettings Dsc;
+  AtisSettings Atis;
+  OneBasedArray<AtisCallSign, kCallSigns> CallSigns;
+  OneBasedArray<DirectoryEntry, kStations> Stations;            ///< individual directory
+  OneBasedArray<DirectoryEntry, kStationGroups> StationGroups;  ///< group directory
+
+  /// The EXP extra-channel group is in use.
+  Flag ExpPresent;
+  /// The LMR extra-channel group is in use. It is the availability of the EXP/LMR group itself.
+  [[nodiscard]] Flag& LmrPresent() { return Usable[kExtraGroup].Enable; }
+  [[nodiscard]] const Flag& LmrPresent() const { return Usable[kExtraGroup].Enable; }
+
+  [[nodiscard]] MarineTable& Table(MarineGroup group) {
+    return Marine[static_cast<std::size_t>(group)];
+  }
+  [[nodiscard]] const MarineTable& Table(MarineGroup group) const {
+    return Marine[static_cast<std::size_t>(group)];
+  }
+
+  StateFlags Flags;
+  std::string CurrentFileName;  ///< full path, "" after New
+  std::string ProductName;      ///< "Orvane"
+  std::string ProgramTitle;     ///< title of the program's message boxes
+};
+
+/// Combined channel numbering: one number over all tables.
+inline constexpr std::int32_t kNoChannel = -1;
+inline constexpr std::int32_t kFirstExtraChannelIndex = 240;  ///< EXP/LMR channel 1
+inline constexpr std::int32_t kFirstWxChannelIndex = 280;     ///< WX channel 1
+inline constexpr std::int32_t kChannelIndexEnd = 290;
+
+}  // namespace orvane::core

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/calendar.h"
+
+/// What touches the world outside the process. The composition root makes one of each and hands
+/// them to constructors; tests hand in scripted ones.
+namespace orvane::core {
+
+enum class Icon { kNone, kInformation, kQuestion, kExclamation, kCritical };
+enum class Buttons { kOk, kOkCancel, kYesNo, kYesNoCancel, kRetryCancel };
+enum class Answer { kOk, kCancel, kYes, kNo, kRetry };
+
+/// One modal message box.
+struct Message {
+  std::string title;
+  std::string text;  ///< line breaks are CR LF
+  Icon icon = Icon::kNone;
+  Buttons buttons = Buttons::kOk;
+  std::optional<Answer> default_answer{};  ///< the button Enter presses; the first when unset
+  std::string details{};  ///< reason and remedy, shown below the text or behind "Details"
+};
+
+/// Tells and asks the user. Returns only when the user has answered.
+class Prompts {
+ public:
+  virtual ~Prompts() = default;
+  virtual Answer Show(const Message& message) = 0;
+};
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  /// Seconds from an arbitrary start; never goes back, whatever happens to the wall clock.
+  [[nodiscard]] virtual double Now() const = 0;
+  /// Today's local date.
+  [[nodiscard]] virtual Date Today() const = 0;
+  /// Blocks for that long.
+  virtual void Pause(double seconds) = 0;
+};
+
+/// Lets the user interface process its pending messages.
+class EventPump {
+ public:
+  virtual ~EventPump() = default;
+  /// Processes pending events once. When there are none, sleeps until an event comes (a byte at
+  /// an open serial port is one) or Clock::Now() passes the deadline.
+  virtual void WaitForEvents(double deadline) = 0;
+  /// Processes pending events once and returns at once.
+  virtual void ProcessEvents() = 0;
+};
+
+/// A failure of the system: its number and the system's own words.
+struct SystemError {
+  int number = 0;
+  std::string description;
+};
+
+/// Per-user values addressed by section and key. A missing value is not an error.
+class SettingsStore {
+ public:
+  virtual ~SettingsStore() = default;
+  [[nodiscard]] virtual std::optional<std::string> Read(std::string_view section,
+                                                        std::string_view key) const = 0;
+  virtual void Write(std::string_view section, std::string_view key, std::string_view value) = 0;
+};
+
+struct FileBytes {
+  std::optional<SystemError> error;  ///< set: nothing was read
+  std::string bytes;
+};
+
+/// Whole files. Paths are UTF-8.
+class FileStore {
+ public:
+  virtual ~FileStore() = default;
+  [[nodiscard]] virtual FileBytes ReadFile(const std::string& path) = 0;
+  /// Length in bytes, nothing when there is no such file.
+  [[nodiscard]] virtual std::optional<std::uint64_t> FileSize(const std::string& path) = 0;
+  /// Atomic: afterwards the file is the new one, whole, or the old one, whole. Returns the
+  /// failure, or nothing on success.
+  [[nodiscard]] virtual std::optional<SystemError> WriteFile(const std::string& path,
+                                                             std::string_view bytes) = 0;
+  /// Tells before any long work whether WriteFile could succeed; changes nothing.
+  [[nodiscard]] virtual std::optional<SystemError> CheckWritable(const std::string& path) = 0;
+  /// Names (without folder) of the files in a folder, in directory order; empty when unreadable.
+  [[nodiscard]] virtual std::vector<std::string> ListFolder(const std::string& folder) = 0;
+};
+
+/// The file err.log. The composition hands in one that writes only in debug mode.
+class ErrorLog {
+ public:
+  virtual ~ErrorLog() = default;
+  /// Appends date "," time ":" routine " -> " message CR LF.
+  virtual void Write(std::string_view routine, std::string_view message) = 0;
+};
+
+}  // namespace orvane::core

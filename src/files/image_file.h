@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/radio_data.h"
+#include "core/services.h"
+
+/// Image files: the used bytes of a memory image, nothing before or after them. Destination
+/// templates beside the program are image files too.
+namespace orvane::files {
+
+/// Encodes the records, repairs references, stores the checksum; afterwards data.Image is what
+/// SaveHexFileAs writes.
+void PrepareImageForSaving(core::RadioData& data, core::Date today);
+
+/// Writes the image as it stands, whole or not at all. On failure: log line, "FileSave Error!!",
+/// cancel flag. Pauses 500 ms as the window's commands do when a clock is given.
+void SaveHexFileAs(core::RadioData& data, const std::string& path, core::FileStore& store,
+                   core::Prompts& prompts, core::ErrorLog& log);
+
+/// Loads an image file of the current model into image and records. Length, model and product are
+/// tested first; a refused file sets the error flag and changes nothing else.
+void LoadHexFile(core::RadioData& data, const std::string& path, core::FileStore& store,
+                 core::Prompts& prompts, core::ErrorLog& log);
+
+/// Model named by the code at bytes 64-65 of an image file that has that model's length.
+/// Otherwise the message that refuses it: "bad file!!" or "ModelType Error !!".
+struct ImageModel {
+  std::optional<std::int16_t> model_type;
+  std::string_view refusal;
+};
+[[nodiscard]] ImageModel DetectImageModel(std::string_view bytes);
+
+}  // namespace orvane::files

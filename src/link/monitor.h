@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace orvane::link {
+
+/// What a running transfer shows of itself: the dialog and the command line each have one.
+class TransferView {
+ public:
+  virtual ~TransferView() = default;
+  /// Debug mode only: a line about the step under way.
+  virtual void Monitor(std::string_view text) = 0;
+  /// Percent 0..100 of the way, and the block under way where there is one.
+  virtual void ShowProgress(int percent) = 0;
+  /// Called after each block: its address and how many image bytes have travelled so far.
+  virtual void BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) = 0;
+};
+
+}  // namespace orvane::link

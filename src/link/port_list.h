@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace orvane::link {
+
+/// A serial device as the system names it.
+struct FoundPort {
+  std::string name;           ///< port name, "COM" and a number
+  std::string friendly_name;  ///< description that ends in "(COM" number ")"; "" when there is none
+  std::string device;         ///< what to open
+};
+
+/// Enumerates the machine's serial devices.
+class PortFinder {
+ public:
+  virtual ~PortFinder() = default;
+  [[nodiscard]] virtual std::vector<FoundPort> FindPorts() = 0;
+};
+
+struct PortEntry {
+  std::int16_t port_number = 0;  ///< 1..16 for a valid entry
+  bool found = false;
+  std::string description;  ///< the friendly name up to the text that names the port
+  std::string device;
+};
+
+/// The serial ports to offer: numbers 1..16 with a description, in ascending order.
+class CComList {
+ public:
+  static constexpr int kCapacity = 64;
+
+  explicit CComList(PortFinder& finder) : finder_(finder) {}
+
+  [[nodiscard]] std::int16_t ComCount() const { return count_; }
+  /// Rebuilds the list; returns the new count.
+  std::int16_t Create();
+  /// "COM", number, blank, description; "" for an index without a valid entry.
+  [[nodiscard]] std::string RefComName(int index) const;
+  /// An empty entry (number 0) outside the valid ones.
+  [[nodiscard]] PortEntry PortItem(int index) const;
+  /// Index of the entry with that number, -1 when there is none.
+  [[nodiscard]] std::int16_t FindPortIndex(std::int16_t number) const;
+
+ private:
+  PortFinder& finder_;
+  std::array<PortEntry, kCapacity> entries_;
+  std::int16_t count_ = 0;
+};
+
+/// Numbers for the devices of a system that has none: pinned ones keep theirs, the others take
+/// the free numbers 1..16 in the order given.
+struct PinnedPort {
+  int number = 0;
+  std::string device;
+};
+[[nodiscard]] std::vector<FoundPort> NumberDevices(const std::vector<FoundPort>& devices,
+                                                   const std::vector<PinnedPort>& pins);
+
+}  // namespace orvane::link
