@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+
+#include "core/radio_data.h"
+
+namespace orvane::editor {
+
+/// What a node of the navigation tree stands for. Its key is what tests and commands name it by.
+enum class NodeKind {
+  kGeneral,        ///< "General"
+  kUsable,         ///< "Usable"
+  kCommon,         ///< "Common"
+  kProgram,        ///< "Program"
+  kMarineGroup,    ///< "PU", "PI", "PC"
+  kMarineChannel,  ///< "PU0" .. "PC239"
+  kWeather,        ///< "PW"
+  kLmrRoot,        ///< "LMRChannel"
+  kLmrChannel,     ///< "L1" .. "L40"
+  kExpRoot,        ///< "ExpChannel"
+  kExpChannel      ///< "E1" .. "E40"
+};
+
+struct NodeRef {
+  NodeKind kind = NodeKind::kGeneral;
+  core::MarineGroup group = core::MarineGroup::kUsa;  ///< marine nodes only
+  int number = 0;  ///< marine channel: table index 0..239; EXP/LMR channel: 1..40
+
+  bool operator==(const NodeRef&) const = default;
+};
+
+[[nodiscard]] QString KeyOf(const NodeRef& node);
+/// Letter case is ignored; nothing for a key that names no node.
+[[nodiscard]] std::optional<NodeRef> NodeOfKey(const QString& key);
+
+}  // namespace orvane::editor
