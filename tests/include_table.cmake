@@ -1,5 +1,7 @@
 # cmake -DROOT=... -P include_table.cmake: checks every #include of src/ against the table of
 # which folder may include which.
+cmake_minimum_required(VERSION 3.25)
+
 set(core "")
 set(image core)
 set(link core image)
