@@ -38,6 +38,7 @@ struct ModelProfile {
   ColumnChoice wx_columns;      ///< weather table of the reports (no scrambler there)
   bool wx_name_dashed;          ///< the weather report shows dashes in place of the names
   ColumnChoice extra_columns;   ///< EXP/LMR table of the text report
+  int display_dashes;           ///< dashes under "CHD" in the text report
   double min_frequency;         ///< lowest EXP/LMR frequency the editor takes, MHz
   bool raster_25khz;            ///< the editor takes whole multiples of 25 kHz only
   bool shows_common_settings;   ///< the common page has more than the weather alert
