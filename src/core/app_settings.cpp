@@ -1,0 +1,128 @@
+#include "core/app_settings.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/model_profile.h"
+#include "core/number_text.h"
+#include "core/text.h"
+
+namespace orvane::core {
+namespace {
+
+constexpr std::string_view kPortSection = "ComPath";
+constexpr std::string_view kPortKey = "ComNum";
+constexpr std::string_view kModelSection = "ModelPath";
+constexpr std::string_view kModelKey = "ModelNum";
+constexpr std::string_view kDestinationSection = "IniFilePath";
+constexpr std::string_view kDestinationKey = "IniFileName_";  // followed by the MODELTYPE
+constexpr std::string_view kWindowSection = "Settings";
+
+constexpr int kDefaultPort = 1;
+/// Destinations that need no template file; the first is the one of a fresh installation.
+constexpr std::array<std::string_view, 2> kBuiltInDestinations = {"KT740-usa", "KT520-usa"};
+constexpr std::size_t kMaxDestinations = 10;
+
+struct WindowKey {
+  std::string_view key;
+  int WindowGeometry::*member;
+};
+constexpr std::array<WindowKey, 4> kWindowKeys = {{{"MainLeft", &WindowGeometry::left},
+                                                   {"MainTop", &WindowGeometry::top},
+                                                   {"MainWidth", &WindowGeometry::width},
+                                                   {"MainHeight", &WindowGeometry::height}}};
+
+std::optional<std::int32_t> ReadNumber(const SettingsStore& store, std::string_view section,
+                                       std::string_view key) {
+  const std::optional<std::string> text = store.Read(section, key);
+  return text ? ParseInt32(*text) : std::nullopt;
+}
+
+std::string DestinationKey(std::int16_t model_type) {
+  return std::string(kDestinationKey) + std::to_string(model_type);
+}
+
+/// What a template's file name ends with: it says which model the template is for.
+std::string TemplateEnding(std::int16_t model_type) {
+  return "_" + HexText(ProfileOf(model_type).code, 4) + ".ini";
+}
+
+bool IsTemplate(std::string_view file_name, std::string_view ending) {
+  if (!file_name.ends_with(ending)) return false;
+  const std::string_view stem = file_name.substr(0, file_name.size() - ending.size());
+  return stem.find("KT") != std::string_view::npos;
+}
+
+}  // namespace
+
+bool HasDebugSwitch(const std::vector<std::string>& words) {
+  return std::any_of(words.begin(), words.end(),
+                     [](const std::string& word) { return UpperCase(word) == "/D"; });
+}
+
+int AppSettings::PortNumber() const {
+  return ReadNumber(store_, kPortSection, kPortKey).value_or(kDefaultPort);
+}
+
+void AppSettings::SetPortNumber(int number) {
+  store_.Write(kPortSection, kPortKey, std::to_string(number));
+}
+
+std::int16_t AppSettings::ModelType() const {
+  const std::int32_t stored =
+      ReadNumber(store_, kModelSection, kModelKey).value_or(kDefaultModelType);
+  const auto models = static_cast<std::int32_t>(ModelProfiles().size());
+  return stored >= 0 && stored < models ? static_cast<std::int16_t>(stored) : kDefaultModelType;
+}
+
+void AppSettings::SetModelType(std::int16_t model_type) {
+  store_.Write(kModelSection, kModelKey, std::to_string(model_type));
+}
+
+std::string AppSettings::Destination(std::int16_t model_type) const {
+  return store_.Read(kDestinationSection, DestinationKey(model_type))
+      .value_or(std::string(kBuiltInDestinations.front()));
+}
+
+void AppSettings::SetDestination(std::int16_t model_type, std::string_view name) {
+  store_.Write(kDestinationSection, DestinationKey(model_type), name);
+}
+
+std::optional<WindowGeometry> AppSettings::MainWindow() const {
+  WindowGeometry geometry;
+  for (const WindowKey& entry : kWindowKeys) {
+    const std::optional<std::int32_t> number = ReadNumber(store_, kWindowSection, entry.key);
+    if (!number) return std::nullopt;
+    geometry.*entry.member = *number;
+  }
+  return geometry;
+}
+
+void AppSettings::SetMainWindow(const WindowGeometry& geometry) {
+  for (const WindowKey& entry : kWindowKeys) {
+    store_.Write(kWindowSection, entry.key, std::to_string(geometry.*entry.member));
+  }
+}
+
+std::string DestinationFileName(std::string_view name, std::int16_t model_type) {
+  return std::string(name) + TemplateEnding(model_type);
+}
+
+std::vector<std::string> DestinationNames(const std::vector<std::string>& file_names,
+                                          std::int16_t model_type) {
+  const std::string ending = TemplateEnding(model_type);
+  std::vector<std::string> names;
+  for (const std::string& file_name : file_names) {
+    if (names.size() == kMaxDestinations) break;
+    if (IsTemplate(file_name, ending)) names.push_back(file_name.substr(0, file_name.find('_')));
+  }
+  for (const std::string_view built_in : kBuiltInDestinations) {
+    const bool listed = std::any_of(names.begin(), names.end(), [=](const std::string& name) {
+      return EqualsIgnoringCase(name, built_in);
+    });
+    if (!listed && names.size() < kMaxDestinations) names.emplace_back(built_in);
+  }
+  return names;
+}
+
+}  // namespace orvane::core
