@@ -45,16 +45,15 @@ template <class Row>
 struct Column {
   ColumnKind kind = ColumnKind::kCommon;
 
-  std::string_view
-      heading;            ///< in the report and on the printed page; "" where only a grid shows it
-  int dash_width = 0;     ///< dashes under the heading, characters
-  int heading_shift = 0;  ///< characters by which the heading stands right of its dashes
-  int cell_width = 0;     ///< report cell with the gap behind it, characters
+  std::string_view heading{};  ///< in report and printout; "" for a column of the grid only
+  int dash_width = 0;          ///< dashes under the heading, characters
+  int heading_shift = 0;       ///< characters by which the heading stands right of its dashes
+  int cell_width = 0;          ///< report cell with the gap behind it, characters
   std::string (*text)(const Row&) = nullptr;  ///< not yet cut or filled
 
-  std::string_view caption;  ///< in the grid
-  int width_twips = 0;       ///< in the grid: 1/1440 inch, 15 to a device-independent pixel
-  bool centered = false;     ///< in the grid; other cells are left-aligned
+  std::string_view caption{};  ///< in the grid
+  int width_twips = 0;         ///< in the grid: 1/1440 inch, 15 to a device-independent pixel
+  bool centered = false;       ///< in the grid; other cells are left-aligned
   std::string (*grid_text)(const Row&) = nullptr;  ///< null: as `text`
   bool (*checked)(const Row&) = nullptr;  ///< not null: the grid draws a check mark or an empty box
 
