@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+
+#include "core/memory_image.h"
+
+/// Areas of the image that no record decodes and that the settings file keeps byte for byte.
+namespace orvane::image {
+
+/// Three lists of stored channels, for the USA, INTL and Canada groups.
+inline constexpr int kStoredChannelLists = 96;
+inline constexpr int kStoredChannelGroups = 3;
+inline constexpr int kStoredChannelSlots = 10;
+inline constexpr std::uint16_t kEmptyStoredChannel = 0xFFFF;
+
+/// First byte of a slot; its channel is little-endian, unlike every other number of the image.
+[[nodiscard]] constexpr int StoredChannelOffset(int group, int slot) {
+  return kStoredChannelLists + 2 * (kStoredChannelSlots * group + slot);
+}
+
+/// Combined channel number in a slot, whatever it is; kEmptyStoredChannel when there is none.
+[[nodiscard]] inline std::uint16_t StoredChannel(const core::MemoryImage& image, int group,
+                                                 int slot) {
+  const int offset = StoredChannelOffset(group, slot);
+  return static_cast<std::uint16_t>(image[offset] | image[offset + 1] << 8);
+}
+
+inline void SetStoredChannel(core::MemoryImage& image, int group, int slot, std::uint16_t channel) {
+  const int offset = StoredChannelOffset(group, slot);
+  image[offset] = static_cast<std::uint8_t>(channel & 0xFF);
+  image[offset + 1] = static_cast<std::uint8_t>(channel >> 8);
+}
+
+/// Eight bytes that models with DSC use for its settings and other models carry unread.
+inline constexpr int kPriSetChOffset = 160;
+inline constexpr int kPriSetChLength = 8;
+
+}  // namespace orvane::image
