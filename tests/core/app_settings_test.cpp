@@ -1,0 +1,104 @@
+#include "core/app_settings.h"
+
+#include <gtest/gtest.h>
+
+#include "support/fakes.h"
+
+namespace orvane::core {
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST(DebugSwitch, IsTheWholeWordInEitherCase) {
+  EXPECT_TRUE(HasDebugSwitch({"file.dat", "/d"}));
+  EXPECT_TRUE(HasDebugSwitch({"/D"}));
+  EXPECT_FALSE(HasDebugSwitch({"/DEBUG", "-D", "D", "/D/D", ""}));
+  EXPECT_FALSE(HasDebugSwitch({}));
+}
+
+TEST(AppSettings, EmptyStoreGivesTheDefaults) {
+  testing::MemorySettings store;
+  const AppSettings settings(store);
+  EXPECT_EQ(settings.PortNumber(), 1);
+  EXPECT_EQ(settings.ModelType(), 5);
+  EXPECT_EQ(settings.Destination(4), "KT740-usa");
+  EXPECT_FALSE(settings.MainWindow());
+}
+
+TEST(AppSettings, UnreadableValuesGiveTheDefaults) {
+  testing::MemorySettings store;
+  const AppSettings settings(store);
+  store.Write("ComPath", "ComNum", "COM3");
+  EXPECT_EQ(settings.PortNumber(), 1);
+  for (const std::string_view model : {"7", "-1", "", "KT740", "65536"}) {
+    store.Write("ModelPath", "ModelNum", model);
+    EXPECT_EQ(settings.ModelType(), 5) << model;
+  }
+  for (const std::string_view key : {"MainLeft", "MainTop", "MainWidth"}) {
+    store.Write("Settings", key, "10");
+  }
+  EXPECT_FALSE(settings.MainWindow()) << "a height is missing";
+}
+
+TEST(AppSettings, ValuesStandUnderTheirKeysAndComeBack) {
+  testing::MemorySettings store;
+  AppSettings settings(store);
+  settings.SetPortNumber(16);
+  settings.SetModelType(0);
+  settings.SetDestination(6, "KT740E-euro");
+  settings.SetMainWindow({.left = -15, .top = 30, .width = 9105, .height = 7200});
+  EXPECT_EQ(store.Read("ComPath", "ComNum"), "16");
+  EXPECT_EQ(store.Read("ModelPath", "ModelNum"), "0");
+  EXPECT_EQ(store.Read("IniFilePath", "IniFileName_6"), "KT740E-euro");
+  EXPECT_EQ(store.Read("Settings", "MainLeft"), "-15");
+  EXPECT_EQ(store.Read("Settings", "MainTop"), "30");
+  EXPECT_EQ(store.Read("Settings", "MainWidth"), "9105");
+  EXPECT_EQ(store.Read("Settings", "MainHeight"), "7200");
+  EXPECT_EQ(settings.PortNumber(), 16);
+  EXPECT_EQ(settings.ModelType(), 0);
+  EXPECT_EQ(settings.Destination(6), "KT740E-euro");
+  EXPECT_EQ(settings.Destination(5), "KT740-usa") << "each model remembers its own";
+  ASSERT_TRUE(settings.MainWindow());
+  EXPECT_EQ(settings.MainWindow()->height, 7200);
+}
+
+Names Templates(int count) {
+  Names names;
+  for (int i = 1; i <= count; ++i) names.push_back("KT" + std::to_string(i) + "_02E4.ini");
+  return names;
+}
+
+TEST(Destinations, BuiltInOnesFillFreePlacesOnly) {
+  struct Case {
+    std::string_view what;
+    Names files, names;
+  };
+  Names nine{"KT1", "KT2", "KT3", "KT4", "KT5", "KT6", "KT7", "KT8", "KT9"};
+  Names ten = nine;
+  ten.push_back("KT10");
+  Names nine_and_one = nine;
+  nine_and_one.push_back("KT740-usa");
+  const Case cases[] = {{"no file", {}, {"KT740-usa", "KT520-usa"}},
+                        {"nine files", Templates(9), nine_and_one},
+                        {"ten files", Templates(10), ten},
+                        {"eleven files", Templates(11), ten},
+                        {"a built-in one as file",
+                         {"kt520-USA_02E4.ini", "KT520-USA_02E4.ini"},
+                         {"KT520-USA", "KT740-usa"}},
+                        {"name ends at the first underscore",
+                         {"KT740_euro_02E4.ini"},
+                         {"KT740", "KT740-usa", "KT520-usa"}},
+                        {"strangers",
+                         {"KT740-usa_02E5.ini", "KT740-usa_02e4.ini", "KT740-usa02E4.ini",
+                          "AB_02E4.ini", "KT740-usa_02E4.ini.bak", "_02E4.ini"},
+                         {"KT740-usa", "KT520-usa"}}};
+  for (const Case& c : cases) EXPECT_EQ(DestinationNames(c.files, 5), c.names) << c.what;
+}
+
+TEST(Destinations, FileNameCarriesTheModelCode) {
+  EXPECT_EQ(DestinationFileName("KT740-usa", 5), "KT740-usa_02E4.ini");
+  EXPECT_EQ(DestinationFileName("KT310-x", 1), "KT310-x_0136.ini");
+}
+
+}  // namespace
+}  // namespace orvane::core

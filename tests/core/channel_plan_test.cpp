@@ -1,0 +1,169 @@
+#include "core/channel_plan.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+
+#include "core/channel_plan_rows.h"
+#include "core/rendering.h"
+
+namespace orvane::core {
+namespace {
+
+TEST(ChannelPlan, LabelsAndFrequenciesPerPosition) {
+  struct Case {
+    std::size_t position;
+    std::string label, transmit, duplex;
+  };
+  const Case cases[] = {{0, "00", "156.000", "160.600"},    {1, "00A", "156.000", "---.---"},
+                        {2, "01", "156.050", "160.650"},    {32, "16", "156.800", "161.400"},
+                        {118, "59", "158.950", "163.550"},  {120, "60", "156.025", "160.625"},
+                        {140, "70", "156.525", "161.125"},  {177, "88A", "157.425", "---.---"},
+                        {238, "119", "158.975", "163.575"}, {239, "119A", "158.975", "---.---"}};
+  for (const Case& c : cases) {
+    const ChannelPlanEntry& entry = ChannelPlan()[c.position];
+    EXPECT_EQ(entry.text, c.label);
+    EXPECT_EQ(PlanFrequencyText(entry.tx_frequency), c.transmit);
+    EXPECT_EQ(PlanFrequencyText(entry.rx_simplex), c.transmit);
+    EXPECT_EQ(PlanFrequencyText(entry.rx_duplex), c.duplex);
+    EXPECT_EQ(entry.duplex_allowed, c.position % 2 == 0);
+    EXPECT_EQ(FindPlanLabel(c.label), std::to_string(c.position));
+  }
+  EXPECT_EQ(ChannelPlan()[2].tx_frequency, 156.05) << "the double nearest to the decimal";
+  EXPECT_EQ(FindPlanLabel("120"), "");
+  EXPECT_EQ(FindPlanLabel("1"), "");
+}
+
+TEST(ChannelPlan, CombinedNumbersReadAcrossAllTables) {
+  const std::pair<std::int32_t, std::string_view> cases[] = {
+      {-1, "Off"},   {0, "00"},      {239, "119A"}, {240, "LMR1"},
+      {245, "LMR6"}, {279, "LMR40"}, {280, "Off"},  {65535, "Off"}};
+  for (const auto& [channel, label] : cases) EXPECT_EQ(ChannelLabel(channel, "LMR"), label);
+  EXPECT_EQ(ChannelLabel(240, "EXP"), "EXP1");
+}
+
+TEST(ChannelPlan, WeatherTableHoldsItsFrequencyTexts) {
+  WxTable table;
+  table[7].ScanMemory = true;
+  ResetWxTable(table);
+  EXPECT_EQ(WxPlan()[0].display, "WX01[162.550MHz]");
+  EXPECT_EQ(WxPlan()[9].display, "WX10[163.275MHz]");
+  EXPECT_EQ(table[7].ChTag, "161.650MHZ");
+  EXPECT_EQ(table[7].Position, 8);
+  EXPECT_EQ(table[7].Rxfreq, 161.65);
+  EXPECT_EQ(table[7].Txfreq, 161.65);
+  EXPECT_TRUE(std::all_of(table.begin(), table.end(), [](const auto& c) { return c.Enable; }));
+  EXPECT_FALSE(table[7].ScanMemory) << "nothing of the data before a reset may stay";
+}
+
+/// What a fresh table holds, as numbers that any slip in its rows changes.
+struct Totals {
+  int enabled = 0, named = 0, duplex = 0, low = 0, up = 0;
+  int enabled_positions = 0;  ///< sum
+  bool operator==(const Totals&) const = default;
+};
+
+Totals Count(const MarineTable& table) {
+  Totals totals;
+  for (const ChannelRecord& channel : table) {
+    totals.enabled += channel.Enable;
+    totals.named += !channel.ChTag.empty();
+    totals.duplex += channel.Duplex;
+    totals.low += channel.LowPower;
+    totals.up += channel.PowUp;
+    if (channel.Enable) totals.enabled_positions += channel.Position;
+  }
+  return totals;
+}
+
+class FreshMarineTable : public ::testing::TestWithParam<MarineGroup> {
+ protected:
+  FreshMarineTable() {
+    for (ChannelRecord& channel : table_) {
+      channel.ChTag = "OLD";
+      channel.Scramble = 7;
+      channel.TXPower = 3;
+    }
+    ResetMarineTable(GetParam(), table_);
+  }
+  MarineTable table_;
+};
+
+TEST_P(FreshMarineTable, KeepsTheRulesOfEveryPlan) {
+  for (std::size_t i = 0; i < table_.size(); ++i) {
+    const ChannelRecord& channel = table_[i];
+    SCOPED_TRACE(ChannelPlan()[i].text);
+    EXPECT_EQ(channel.Position, static_cast<int>(i));
+    EXPECT_EQ(channel.TxEnable, !channel.RxOnly);
+    EXPECT_EQ(channel.DuplexAllowed, i % 2 == 0 && !channel.RxOnly);
+    EXPECT_TRUE(!channel.Duplex || channel.DuplexAllowed);
+    EXPECT_EQ(channel.TXPower, 0);
+    EXPECT_EQ(channel.Scramble, 0);
+    EXPECT_NE(channel.ChTag, "OLD");
+  }
+  EXPECT_EQ(table_[32].ChTag, "DISTRESS");
+  EXPECT_TRUE(table_[140].RxOnly) << "channel 70 carries digital calls only";
+}
+
+INSTANTIATE_TEST_SUITE_P(AllGroups, FreshMarineTable, ::testing::ValuesIn(kMarineGroups));
+
+TEST(MarineDefaults, EveryPlanNamesItsOwnChannelsOnceInOrder) {
+  EXPECT_EQ(MarineDefaults(MarineGroup::kUsa).size(), 56U);
+  EXPECT_EQ(MarineDefaults(MarineGroup::kIntl).size(), 57U);
+  EXPECT_EQ(MarineDefaults(MarineGroup::kCanada).size(), 59U);
+  for (const MarineGroup group : kMarineGroups) {
+    const auto rows = MarineDefaults(group);
+    EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end(), [](const auto& a, const auto& b) {
+      return a.position <= b.position;
+    }));
+  }
+}
+
+TEST(MarineDefaults, TotalsOfEveryPlan) {
+  const std::pair<MarineGroup, Totals> cases[] = {{MarineGroup::kUsa, {54, 53, 11, 6, 2, 4911}},
+                                                  {MarineGroup::kIntl, {57, 57, 33, 4, 0, 5104}},
+                                                  {MarineGroup::kCanada, {59, 59, 16, 7, 1, 5417}}};
+  for (const auto& [group, totals] : cases) {
+    MarineTable table;
+    ResetMarineTable(group, table);
+    EXPECT_EQ(Count(table), totals) << static_cast<int>(group);
+  }
+}
+
+TEST(MarineDefaults, PlansDifferWhereTheyMust) {
+  struct Case {
+    MarineGroup group;
+    std::string_view label;
+    std::string name;
+    bool enabled, duplex, low, up, rx_only;
+  };
+  const Case cases[] = {
+      {MarineGroup::kUsa, "06", "SAFTY", true, false, false, false, false},
+      {MarineGroup::kIntl, "06", "SAFETY", true, false, false, false, false},
+      {MarineGroup::kUsa, "13", "BRG/BRG", true, false, true, true, false},
+      {MarineGroup::kIntl, "13", "BRG/BRG", true, false, false, false, false},
+      {MarineGroup::kUsa, "15", "COMMERCIAL", true, false, false, false, true},
+      {MarineGroup::kIntl, "15", "COMMERCIAL", true, false, true, false, false},
+      {MarineGroup::kUsa, "87", "", false, true, false, false, false},
+      {MarineGroup::kIntl, "87", "TELEPHONE", true, false, false, false, false},
+      {MarineGroup::kCanada, "20", "PORT OPR", true, true, true, false, false},
+      {MarineGroup::kCanada, "64A", "TELEPHONE", true, false, false, false, false},
+      {MarineGroup::kUsa, "64", "", false, false, false, false, false}};
+  for (const Case& c : cases) {
+    MarineTable table;
+    ResetMarineTable(c.group, table);
+    const ChannelRecord& channel =
+        table[static_cast<std::size_t>(std::stoi(FindPlanLabel(c.label)))];
+    SCOPED_TRACE(c.label);
+    EXPECT_EQ(channel.ChTag, c.name);
+    EXPECT_EQ(channel.Enable, c.enabled);
+    EXPECT_EQ(channel.Duplex, c.duplex);
+    EXPECT_EQ(channel.LowPower, c.low);
+    EXPECT_EQ(channel.PowUp, c.up);
+    EXPECT_EQ(channel.RxOnly, c.rx_only);
+  }
+}
+
+}  // namespace
+}  // namespace orvane::core

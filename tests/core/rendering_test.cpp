@@ -1,0 +1,143 @@
+#include "core/rendering.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/text.h"
+#include "core/tones.h"
+
+namespace orvane::core {
+namespace {
+
+TEST(Rendering, EveryFlagHasItsTwoWords) {
+  struct Case {
+    std::string_view (*text)(bool);
+    std::string_view on, off;
+  };
+  const Case cases[] = {
+      {OnOffText, "On", "Off"}, {HiLowText, "Hi", "Low"}, {EnableText, "ENABLE", "------"},
+      {TxText, "TX", "--"},     {LowText, "LOW", "---"},  {UpText, "UP", "--"},
+      {DupText, "DUP", "---"},  {MemText, "MEM", "---"},  {CmpText, "CMP", "---"},
+      {NarrowText, "N ", "--"}, {UseText, "USE", "---"}};
+  for (const Case& c : cases) {
+    EXPECT_EQ(c.text(true), c.on);
+    EXPECT_EQ(c.text(false), c.off);
+  }
+}
+
+TEST(Rendering, ListsAreEmptyOutsideTheirItems) {
+  EXPECT_EQ(TxPoDisplayText(1), "Lo Po on Changing CH");
+  EXPECT_EQ(TxPoDisplayText(3), "");
+  EXPECT_EQ(ResumeTimeText(0), "--");
+  EXPECT_EQ(ResumeTimeText(3), "3Sec");
+  EXPECT_EQ(ResumeTimeText(4), "");
+  EXPECT_EQ(MagneticVariationText(1), "Mag");
+  EXPECT_EQ(MagneticVariationText(-1), "");
+  EXPECT_EQ(WeatherAlertText(3), "On");
+  EXPECT_EQ(WeatherAlertText(0), "Off");
+  EXPECT_EQ(WeatherAlertText(1), "");
+  EXPECT_EQ(WeatherAlertText(2), "");
+}
+
+TEST(Rendering, TimeOffsetRunsFromMinusTwelveToPlusTwelve) {
+  const std::pair<int, std::string_view> cases[] = {{-1, ""},      {0, "-12:00"}, {11, "-1:00"},
+                                                    {12, " 0:00"}, {13, "+1:00"}, {24, "+12:00"},
+                                                    {25, ""}};
+  for (const auto& [value, text] : cases) EXPECT_EQ(OffsetTimeText(value), text) << value;
+}
+
+TEST(Rendering, FrequenciesHaveFixedDecimals) {
+  EXPECT_EQ(PlanFrequencyText(156.05), "156.050");
+  EXPECT_EQ(PlanFrequencyText(0), "---.---");
+  EXPECT_EQ(PlanFrequencyText(-1), "---.---");
+  EXPECT_EQ(FrequencyText(146.5213), "146.5213");
+  EXPECT_EQ(FrequencyText(5.5), "005.5000");
+  EXPECT_EQ(FrequencyText(0), "---.----");
+}
+
+TEST(Rendering, OffRasterFrequenciesAreLoweredToFiveKilohertz) {
+  const std::pair<double, std::string_view> cases[] = {
+      {146.5213, "146.5200"}, {146.5125, "146.5125"}, {146.52, "146.5200"},
+      {146.525, "146.5250"},  {146.5249, "146.5200"}, {146.5375, "146.5375"},
+      {0.003, "000.0000"},    {0, "---.----"},        {-3, "---.----"}};
+  for (const auto& [mhz, text] : cases) EXPECT_EQ(RasterFrequencyText(mhz), text) << mhz;
+}
+
+TEST(Rendering, ScramblerShowsItsCodeOnlyWhenOn) {
+  EXPECT_EQ(ScramblerText(6), "2");
+  EXPECT_EQ(ScramblerText(4), "0");
+  EXPECT_EQ(ScramblerText(2), "--");
+}
+
+TEST(Rendering, ChannelDisplayFillsFourPlaces) {
+  struct Case {
+    std::string left, right, shown;
+  };
+  const Case cases[] = {{"BD", "7", "bd 7"},    {"", "", "    "},     {"M", "12", "M 12"},
+                        {"ABC", "XYZ", "AbyZ"}, {"NO", "QT", "noqt"}, {"a1", "", "a1  "}};
+  for (const Case& c : cases) {
+    ChannelRecord channel;
+    channel.CHDisplayL = c.left;
+    channel.CHDisplayR = c.right;
+    EXPECT_EQ(DisplayText(channel), c.shown);
+  }
+}
+
+TEST(Rendering, BlankStatusNameIsDashed) {
+  EXPECT_EQ(StatusNameText(" USA"), " USA");
+  EXPECT_EQ(StatusNameText("   "), "----");
+  EXPECT_EQ(StatusNameText(""), "----");
+}
+
+TEST(Rendering, CellCutsAndFills) {
+  EXPECT_EQ(Cell("LMR12", 3), "LMR");
+  EXPECT_EQ(Cell("16", 5), "16   ");
+}
+
+TEST(Tones, InvertedCodesFollowTheNormalOnes) {
+  const std::pair<int, std::string_view> cases[] = {
+      {-1, ""}, {0, ""}, {1, "023N"}, {104, "754N"}, {105, "023I"}, {208, "754I"}, {209, ""}};
+  for (const auto& [index, text] : cases) EXPECT_EQ(DcsText(index), text) << index;
+  EXPECT_EQ(CtcssText(9), "88.5Hz");
+  EXPECT_EQ(CtcssText(50), "254.1Hz");
+  EXPECT_EQ(CtcssText(51), "");
+  EXPECT_TRUE(std::is_sorted(DcsList().begin() + 1, DcsList().end()));
+}
+
+TEST(Tones, ToneWinsOverCodeAndEachDirectionHasItsOwn) {
+  struct Case {
+    std::int16_t ctcss, dcs;
+    std::string_view text;
+  };
+  const Case cases[] = {{9, 1, "88.5Hz"},   {0, 1, "023N"},      {0, 0, "-------"},
+                        {51, 1, "-------"}, {0, 209, "-------"}, {-1, 105, "023I"}};
+  for (const Case& c : cases) {
+    ChannelRecord channel;
+    channel.RxCTCSS = c.ctcss;
+    channel.RxDCS = c.dcs;
+    EXPECT_EQ(ToneText(channel, ToneDirection::kReceive), c.text);
+    EXPECT_EQ(ToneText(channel, ToneDirection::kTransmit), "-------");
+    std::swap(channel.RxCTCSS, channel.TxCTCSS);
+    std::swap(channel.RxDCS, channel.TxDCS);
+    EXPECT_EQ(ToneText(channel, ToneDirection::kTransmit), c.text);
+  }
+}
+
+TEST(Text, BytesOutsideAsciiKeepTheirValue) {
+  EXPECT_EQ(UpperCase("caf\xE9 z"), "CAF\xE9 Z");
+  EXPECT_EQ(LowerCase("\xC9TAT"), "\xC9tat");
+  EXPECT_FALSE(EqualsIgnoringCase("\xE9", "\xC9"));
+  EXPECT_FALSE(EqualsIgnoringCase("kt", "kt7"));
+}
+
+TEST(Text, TrimAndSplitKeepInnerBlanksAndEmptyPieces) {
+  EXPECT_EQ(Trim("  a b "), "a b");
+  EXPECT_EQ(Trim("   "), "");
+  EXPECT_EQ(TrimRight("  a "), "  a");
+  EXPECT_EQ(Split("a,,b,", ','), (std::vector<std::string_view>{"a", "", "b", ""}));
+  EXPECT_EQ(Split("", ','), std::vector<std::string_view>{""});
+}
+
+}  // namespace
+}  // namespace orvane::core
