@@ -35,4 +35,7 @@ inline void SetStoredChannel(core::MemoryImage& image, int group, int slot, std:
 inline constexpr int kPriSetChOffset = 160;
 inline constexpr int kPriSetChLength = 8;
 
+/// Count that the radio keeps behind the user MMSI; the text report prints it.
+inline constexpr int kMmsiCountOffset = 501;
+
 }  // namespace orvane::image
