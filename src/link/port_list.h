@@ -51,12 +51,17 @@ class CComList {
   std::int16_t count_ = 0;
 };
 
-/// Numbers for the devices of a system that has none: pinned ones keep theirs, the others take
-/// the free numbers 1..16 in the order given.
+/// A number that the user has given to a device.
 struct PinnedPort {
   int number = 0;
   std::string device;
+  std::string description{};  ///< for a device that the system does not list
 };
+
+/// Names for the devices of a system that has no port numbers: pinned ones keep theirs, whether or
+/// not they are among the devices; the others take the free numbers 1..16 in the order given. What
+/// does not fit is left out. Names of the devices passed in are not looked at; their friendly name
+/// is a bare description, and one without any is described by its device.
 [[nodiscard]] std::vector<FoundPort> NumberDevices(const std::vector<FoundPort>& devices,
                                                    const std::vector<PinnedPort>& pins);
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -35,23 +37,37 @@ struct LinkServices {
   TransferView& view;
 };
 
+/// The serial device itself failed (unplugged, I/O error): no wait can succeed any more.
+/// Travels inside this library only; TransferSession turns it into a message.
+class LinkFailure : public std::runtime_error {
+ public:
+  explicit LinkFailure(core::SystemError error)
+      : std::runtime_error(error.description), error_(std::move(error)) {}
+  [[nodiscard]] const core::SystemError& Error() const { return error_; }
+
+ private:
+  core::SystemError error_;
+};
+
 /// Sends over the echoing cable and collects replies, with deadlines and cancellation.
 ///
 /// Every byte sent comes back before the radio answers; a transmission counts only when its whole
 /// echo has come back unchanged. The outcome of sending is the error flag of the data set, as is
-/// cancelling: set by the user interface while a wait lets it process its events.
+/// cancelling: set by the user interface while a wait lets it process its events. All operations
+/// that send or wait throw LinkFailure when the device is gone.
 class SerialLink {
  public:
   SerialLink(core::RadioData& data, LinkServices services);
 
-  bool PortOpen();
-  bool PortInit();
-  bool PortInitCP();
+  bool PortOpen();    ///< does nothing when the port is open already
+  bool PortInit();    ///< opens anew
+  bool PortInitCP();  ///< opens anew
   void PortClose();
   /// Why the port could not be opened last time; number 0 when it could.
   [[nodiscard]] const core::SystemError& OpenFailure() const { return open_failure_; }
 
   void SendBytes(std::span<const std::uint8_t> bytes);
+  void SendText(std::string_view text);       ///< the characters alone, such as a whole frame
   void SendLine(std::string_view text);       ///< text CR LF
   void SendFixedLine(std::string_view text);  ///< exactly 8 characters, else nothing is sent
   void SendByte(std::uint8_t byte);           ///< after FlushInput
@@ -64,15 +80,35 @@ class SerialLink {
   [[nodiscard]] ReceivedText ReadLineBinary(double seconds);
   [[nodiscard]] bool WaitCrLf();
 
+  /// Waits without reading. Events are processed meanwhile; cancelling ends it.
+  void Rest(double seconds);
+
   void Monitor(std::string_view text);  ///< debug mode: shows the text, then pauses 500 ms
+  void WriteErrLog(std::string_view routine, const core::SystemError& error);  ///< debug mode
+
+  /// Clears the cancel flag for an exchange that begins, but remembers that it was set: a press
+  /// of Cancel that falls between two waits must not be lost.
+  void ClearCancel();
+  /// The user has cancelled since ForgetCancel(), whether or not the flag was cleared since.
+  [[nodiscard]] bool CancelRequested() const { return cancel_seen_ || data_.Flags.Cancel; }
+  /// A session begins: nothing is cancelled.
+  void ForgetCancel();
 
   [[nodiscard]] core::RadioData& Data() { return data_; }
   [[nodiscard]] LinkServices& Services() { return services_; }
 
  private:
+  bool Reopen(std::string_view routine);
+  bool OpenPort(std::string_view routine);
+  void Yield(double deadline);
+  template <class OnByte>
+  WaitStatus Wait(double seconds, OnByte on_byte);
+
   core::RadioData& data_;
   LinkServices services_;
   core::SystemError open_failure_;
+  bool cancel_seen_ = false;
+  double last_yield_ = 0;
 };
 
 }  // namespace orvane::link

@@ -1,0 +1,290 @@
+#include "link/transfer_session.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "core/model_profile.h"
+#include "core/narrowband.h"
+#include "image/codec.h"
+#include "image/image_check.h"
+#include "link/transfer_plan.h"
+
+namespace orvane::link {
+namespace {
+
+using core::Icon;
+
+constexpr std::string_view kRead = "Read from Radio";
+constexpr std::string_view kProgram = "Program to Radio";
+constexpr std::string_view kCommunicationError = "Communication Error!!";
+
+constexpr double kEndOfRunPause = 0.500;
+constexpr double kBeforeWritingPause = 0.010;
+
+// The radio's value of this byte, and of one bit of the destination byte, is kept: both are read
+// before anything is written.
+constexpr int kRadioOwnByte = 90;
+constexpr std::uint8_t kRadioOwnBit = 0x04;
+// Every programmed image carries this mark.
+constexpr int kWrittenMarkOffset = 504;
+constexpr std::uint8_t kWrittenMark = 0xA1;
+// The image keeps its own bytes 0 and 1 whatever the radio holds.
+constexpr int kFirstTakenByte = 2;
+constexpr int kPercentAddressBeforeWriting = 32;
+
+std::uint16_t BigEndian16(const core::MemoryImage& image, int address) {
+  return static_cast<std::uint16_t>(image[address] << 8 | image[address + 1]);
+}
+
+std::string_view ModelCheckTitle(SessionKind kind) {
+  return kind == SessionKind::kClear ? "Radio Clear" : ModeTitle(kind);
+}
+
+}  // namespace
+
+std::string_view ModeTitle(SessionKind kind) {
+  switch (kind) {
+    case SessionKind::kRead:
+      return kRead;
+    case SessionKind::kProgram:
+      return kProgram;
+    case SessionKind::kClear:
+      return "Clear Distress Log Data";
+  }
+  return {};
+}
+
+TransferSession::TransferSession(core::RadioData& data, LinkServices services,
+                                 core::Prompts& prompts)
+    : data_(data), services_(services), prompts_(prompts), link_(data, services) {}
+
+TransferSession::End TransferSession::Run(SessionKind kind) {
+  kind_ = kind;
+  routine_ = "frmRadio102.Connect";
+  writing_begun_ = false;
+  transfer_done_ = false;
+  data_.Flags.Busy = true;
+  End end = End::kStay;
+  try {
+    CloneProtocol protocol(link_, prompts_, std::string(ModeTitle(kind)));
+    end = RunSession(kind, protocol);
+  } catch (const LinkFailure& failure) {
+    ReportUnexpected(failure.Error());
+  } catch (const std::exception& failure) {
+    ReportUnexpected({0, failure.what()});
+  }
+  link_.PortClose();
+  services_.view.ShowProgress(0);
+  data_.Flags.Busy = false;
+  return end;
+}
+
+void TransferSession::ReportUnexpected(const core::SystemError& error) {
+  link_.WriteErrLog(routine_, error);
+  core::Message message{data_.ProductName,
+                        std::to_string(error.number) + "\r\r" + error.description, Icon::kCritical};
+  if (writing_begun_) message.details = kPartlyWrittenNote;
+  prompts_.Show(message);
+  data_.Flags.Error = true;
+  data_.Flags.Cancel = true;
+}
+
+TransferSession::End TransferSession::RunSession(SessionKind kind, CloneProtocol& protocol) {
+  link_.Monitor("startsync...");
+  if (!protocol.Connect()) {
+    link_.Monitor("can not syncing!!");
+    data_.Flags.Error = true;
+    return End::kStay;
+  }
+  link_.Monitor("sync ok");
+  switch (kind) {
+    case SessionKind::kRead:
+      ReadFromRadio(protocol);
+      break;
+    case SessionKind::kProgram: {
+      const core::Date today = services_.clock.Today();
+      if (!core::NarrowbandCheck(data_, core::NarrowbandDirection::kDownload, today, prompts_)) {
+        return End::kClose;
+      }
+      image::EncodeAll(data_, today);
+      image::ConsistencyPass(data_);
+      ProgramToRadio(protocol);
+      break;
+    }
+    case SessionKind::kClear:
+      static_cast<void>(RadioIsReady(protocol));
+      break;
+  }
+  return data_.Flags.Error ? End::kStay : End::kClose;
+}
+
+bool TransferSession::RadioIsReady(CloneProtocol& protocol) {
+  if (!protocol.StatusCheck()) {
+    Refuse("Radio not ready!!", ModeTitle(kind_));
+    return false;
+  }
+  ReadDataChkModel(protocol, ModelCheckTitle(kind_));
+  return !data_.Flags.Error;
+}
+
+void TransferSession::ReadFromRadio(CloneProtocol& protocol) {
+  if (!RadioIsReady(protocol)) return;
+  link_.Monitor("radio reading...");
+  core::MemoryImage buffer = data_.Image;
+  ReadData(protocol, buffer);
+  if (HasStopped()) return;
+
+  // Decoded aside, so that the data set changes at one stroke or not at all.
+  core::RadioData received = data_;
+  const auto taken = buffer.Used().subspan(kFirstTakenByte);
+  std::copy(taken.begin(), taken.end(), received.Image.Used().begin() + kFirstTakenByte);
+  image::DecodeAll(received);
+  data_ = std::move(received);
+  Complete();
+  static_cast<void>(core::NarrowbandCheck(data_, core::NarrowbandDirection::kUpload,
+                                          services_.clock.Today(), prompts_));
+}
+
+void TransferSession::ProgramToRadio(CloneProtocol& protocol) {
+  if (!RadioIsReady(protocol)) return;
+  link_.Monitor("radio writing...");
+  WriteData(protocol);
+  if (!HasStopped()) Complete();
+}
+
+// A press of Cancel may have fallen into an exchange that failed for another reason.
+bool TransferSession::Cancelled() {
+  if (data_.Flags.Error && link_.CancelRequested()) data_.Flags.Cancel = true;
+  return data_.Flags.Cancel;
+}
+
+void TransferSession::Complete() {
+  transfer_done_ = true;
+  link_.Monitor("");
+  prompts_.Show({std::string(ModeTitle(kind_)), "Complete!!", Icon::kInformation});
+}
+
+void TransferSession::Refuse(std::string_view text, std::string_view title) {
+  data_.Flags.Error = true;
+  prompts_.Show({std::string(title), std::string(text), Icon::kCritical});
+}
+
+bool TransferSession::OpenForBlocks(std::string_view routine) {
+  routine_ = routine;
+  if (link_.PortOpen()) return true;
+  data_.Flags.Error = true;
+  core::Message message{std::string(ModeTitle(kind_)), "port inicialize error!!", Icon::kCritical};
+  message.details = link_.OpenFailure().description;
+  prompts_.Show(message);
+  return false;
+}
+
+void TransferSession::ReadDataChkModel(CloneProtocol& protocol, std::string_view title) {
+  if (!OpenForBlocks("frmRadio102.ReadDataChkModel")) return;
+  link_.Monitor("model check...");
+  core::MemoryImage scratch;
+  const int first_code = core::ProfileOf(data_).radio_code_address;
+  const int second_code = data_.Image.LastIndex() - 1;
+  // A memory that ends before the product byte has none to ask for.
+  const bool has_product = image::kProductOffset <= data_.Image.LastIndex();
+  const bool complete =
+      protocol.ReadBlock(scratch.All(), first_code, 2) &&
+      protocol.ReadBlock(scratch.All(), second_code, 2) &&
+      (!has_product || protocol.ReadBlock(scratch.All(), image::kProductOffset, 1)) &&
+      protocol.ReadBlock(scratch.All(), image::kDestinationOffset, 1);
+  if (Cancelled()) return;
+  if (!complete) return Refuse(kCommunicationError, "Model Check");
+  CompareRadio(scratch, first_code, second_code, title);
+}
+
+void TransferSession::CompareRadio(const core::MemoryImage& scratch, int first_code,
+                                   int second_code, std::string_view title) {
+  const core::ModelProfile& profile = core::ProfileOf(data_);
+  if (!core::ModelCodeMatches(profile, BigEndian16(scratch, first_code),
+                              BigEndian16(scratch, second_code))) {
+    Refuse("ModelType Error !!", title);
+  }
+  if (!core::ProductMatches(profile, scratch[image::kProductOffset])) {
+    Refuse("Product Error !!", title);
+  }
+  if (data_.Flags.Error) return;
+  if (image::Sel1(scratch) != image::Sel1(data_.Image) ||
+      image::Sel2(scratch) != image::Sel2(data_.Image)) {
+    Refuse("Destination Error !!", title);
+  }
+}
+
+void TransferSession::ReadData(CloneProtocol& protocol, core::MemoryImage& buffer) {
+  if (!OpenForBlocks("frmRadio102.ReadData")) return;
+  const std::int32_t last = buffer.LastIndex();
+  bytes_done_ = 0;
+  bytes_total_ = BytesToRead(last);
+  services_.view.ShowProgress(0);
+  for (int address = kFirstBlock; address <= last && !HasStopped(); address += kBlockSize) {
+    services_.view.ShowProgress(PercentAt(address, last));
+    if (!IsBlockRead(address)) continue;
+    if (!protocol.ReadBlock(buffer.All(), address, kBlockSize)) break;
+    bytes_done_ += kBlockSize;
+    services_.view.BlockDone(address, bytes_done_, bytes_total_);
+  }
+  const bool cancelled = Cancelled();
+  if (cancelled) protocol.AbortTransfer();
+  link_.PortClose();
+  if (cancelled) return;
+  if (data_.Flags.Error) return Refuse(kCommunicationError, kRead);
+  services_.clock.Pause(kEndOfRunPause);
+}
+
+// Whether these two reads succeed does not matter: what was not received leaves the image's own
+// value to be written.
+void TransferSession::TakeOverRadioBytes(CloneProtocol& protocol) {
+  static_cast<void>(protocol.ReadBlock(data_.Image.All(), kRadioOwnByte, 1));
+  std::uint8_t& destination = data_.Image[image::kDestinationOffset];
+  const std::uint8_t own = destination;
+  static_cast<void>(protocol.ReadBlock(data_.Image.All(), image::kDestinationOffset, 1));
+  destination = static_cast<std::uint8_t>((own & ~kRadioOwnBit) | (destination & kRadioOwnBit));
+}
+
+void TransferSession::WriteData(CloneProtocol& protocol) {
+  if (!OpenForBlocks("frmRadio102.WriteData")) return;
+  const std::int32_t last = data_.Image.LastIndex();
+  bytes_done_ = 0;
+  bytes_total_ = BytesToWrite(data_);
+  services_.view.ShowProgress(0);
+  TakeOverRadioBytes(protocol);
+  services_.view.ShowProgress(PercentAt(kPercentAddressBeforeWriting, last));
+  services_.clock.Pause(kBeforeWritingPause);
+  data_.Image[kWrittenMarkOffset] = kWrittenMark;
+
+  for (int address = kFirstBlock; address <= last; address += kBlockSize) {
+    services_.view.ShowProgress(PercentAt(address, last));
+    WriteRow(protocol, address);
+    if (HasStopped()) break;
+  }
+  link_.PortClose();
+  if (Cancelled()) return;
+  if (!data_.Flags.Error) return services_.clock.Pause(kEndOfRunPause);
+  core::Message message{std::string(kProgram), std::string(kCommunicationError), Icon::kCritical};
+  message.details = kPartlyWrittenNote;
+  prompts_.Show(message);
+}
+
+// A byte that fails does not stop the row, but the next one's success must not hide it.
+void TransferSession::WriteRow(CloneProtocol& protocol, int block_address) {
+  const std::vector<Piece> pieces = PiecesToWrite(block_address, data_);
+  bool failed = false;
+  for (const Piece& piece : pieces) {
+    if (!link_.CancelRequested()) writing_begun_ = true;
+    if (protocol.WriteBlock(piece.address, piece.length)) {
+      bytes_done_ += static_cast<std::size_t>(piece.length);
+    } else {
+      failed = true;
+    }
+  }
+  data_.Flags.Error = failed;
+  if (!pieces.empty() && !failed)
+    services_.view.BlockDone(block_address, bytes_done_, bytes_total_);
+}
+
+}  // namespace orvane::link
