@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// What can go wrong between PC and radio, and where: the faults that a simulated radio shows.
@@ -30,12 +31,13 @@ enum class ExchangeKind {
 inline constexpr int kExchangeKinds = 10;
 [[nodiscard]] std::string_view ExchangeName(ExchangeKind kind);
 
-/// Byte numbers count from 1; one beyond the end means the last byte.
+/// Byte numbers count from 1; one beyond the end means the last byte. Of an exchange named by its
+/// kind no byte is spoilt before the bytes received tell the kind.
 enum class FaultKind {
   kWrongEcho,      ///< value: number of the PC's byte that comes back changed (default 1)
   kMissingEcho,    ///< value: the PC's bytes from this number on do not come back (1)
   kGarbledReply,   ///< value: number of the radio's byte that arrives changed (1)
-  kShortReply,     ///< value: bytes of the radio's answer that arrive (5)
+  kShortReply,     ///< value: bytes of the radio's answer that arrive (1)
   kLateReply,      ///< value: seconds before the radio answers (15)
   kMissingReply,   ///< the radio does as told but does not answer
   kWrongChecksum,  ///< of a data or status frame
@@ -103,7 +105,7 @@ class FaultPlan {
     int occurrence = 0;                  ///< of that kind, from 1
   };
   /// The fault of that exchange whose kind is among those asked for: a listed one before a
-  /// scattered one. One that the exchange cannot show is passed over.
+  /// scattered one, and none that the exchange cannot show.
   [[nodiscard]] std::optional<Fault> Find(const Position& position,
                                           std::span<const FaultKind> among) const;
 

@@ -30,7 +30,8 @@ class SimulatedCable {
   /// The oldest arrival that is not later than now.
   [[nodiscard]] std::optional<Arrival> Take(double now);
 
-  [[nodiscard]] double SecondsPerByte() const { return seconds_per_byte_; }
+  /// When the plug was last pulled, which may be still to come.
+  [[nodiscard]] std::optional<double> UnplugTime() const { return unplug_at_; }
 
  private:
   void Queue(const Arrival& arrival);
@@ -38,6 +39,7 @@ class SimulatedCable {
   SimulatedRadio& radio_;
   double seconds_per_byte_;
   double wire_free_at_ = 0;
+  std::optional<double> unplug_at_;
   std::deque<Arrival> arrivals_;  ///< by time
 };
 

@@ -29,7 +29,7 @@ class SimulatedPort : public SerialPort {
       std::span<const std::uint8_t> bytes) override;
   void SetDtr(bool /*on*/) override {}
   void SetRts(bool /*on*/) override {}
-  [[nodiscard]] std::optional<core::SystemError> Failure() const override { return failure_; }
+  [[nodiscard]] std::optional<core::SystemError> Failure() const override;
 
   /// For the pump of a virtual clock: the time at which something arrives that was not there when
   /// the port was last looked at, if that is before the deadline. Bytes that were there and were
@@ -45,7 +45,6 @@ class SimulatedPort : public SerialPort {
   SimulatedCable cable_;
   std::deque<std::uint8_t> received_;
   bool open_ = false;
-  std::optional<core::SystemError> failure_;
 };
 
 }  // namespace orvane::link

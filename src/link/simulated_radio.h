@@ -81,12 +81,13 @@ class SimulatedRadio {
 
   void BeginExchange();
   [[nodiscard]] std::optional<ExchangeKind> SingleByteKind(std::uint8_t byte) const;
-  [[nodiscard]] FaultPlan::Position Here(std::optional<ExchangeKind> kind) const;
   [[nodiscard]] std::optional<Fault> FindFault(std::optional<ExchangeKind> kind,
                                                std::span<const FaultKind> among) const;
-  void Echo(std::uint8_t byte, std::optional<ExchangeKind> kind, CableReaction& reaction);
+  void Echo(std::uint8_t byte, bool last, std::optional<ExchangeKind> kind,
+            CableReaction& reaction);
   void Complete(ExchangeKind kind, CableReaction& reaction);
   [[nodiscard]] Answer AnswerTo(ExchangeKind kind);
+  [[nodiscard]] Answer Execute(ExchangeKind kind);
   [[nodiscard]] Answer AnswerStatus(const std::vector<std::string_view>& fields);
   [[nodiscard]] Answer AnswerRead(const std::vector<std::string_view>& fields);
   [[nodiscard]] Answer AnswerWrite(const std::vector<std::string_view>& fields);
@@ -105,6 +106,7 @@ class SimulatedRadio {
   std::array<int, kExchangeKinds> occurrences_{};
   Exchange exchange_;       ///< the one under way
   int bytes_received_ = 0;  ///< of the exchange under way; 0 between exchanges
+  bool echo_spoilt_ = false;
   double last_byte_at_ = 0;
 };
 
