@@ -6,19 +6,36 @@
 #include "core/radio_data.h"
 
 /// The printed report as placed text, before any printer is involved.
+///
+/// The layout is made for portrait pages of at least 210 mm width (A4, Letter) and a fixed-pitch
+/// font of kPrintFontPoints whose characters are at most 0.6 of its size wide, as those of the
+/// common typewriter faces are. With such a font no text reaches the next one on its line or the
+/// last 10 mm of the page.
 namespace orvane::files {
 
+inline constexpr double kPrintFontPoints = 8;
+inline constexpr double kPrintCharacterMm = 0.6 * kPrintFontPoints * 25.4 / 72;
+inline constexpr double kPrintLineMm = 4;    ///< from line to line
+inline constexpr double kPrintTopMm = 5;     ///< upper edge of line 0, from the page's upper edge
+inline constexpr double kPrintLeftMm = 10;   ///< added to every position
+inline constexpr double kPrintBottomMm = 8;  ///< stays free
+
+/// Whole lines on a page: 71 on A4 (297 mm), 66 on Letter (279.4 mm).
+[[nodiscard]] constexpr int LinesPerPage(double page_height_mm) {
+  return static_cast<int>((page_height_mm - kPrintTopMm - kPrintBottomMm) / kPrintLineMm);
+}
+
 struct PlacedText {
-  double x_mm = 0;  ///< from the page's left edge
-  int line = 0;     ///< 0 is the page header's line
-  std::string text;
+  double x_mm = 0;   ///< from the page's left edge
+  int line = 0;      ///< 0 is the page header's line
+  std::string text;  ///< never empty, no blanks at its end
 };
 struct PrintedPage {
   std::vector<PlacedText> texts;
 };
 
-/// lines_per_page bounds a page; longer tables continue on the next page with header and heading
-/// repeated.
+/// lines_per_page bounds a page, see LinesPerPage(); fewer than 8 count as 8. Longer tables go on
+/// with page header and column headings repeated.
 [[nodiscard]] std::vector<PrintedPage> BuildPrintedPages(const core::RadioData& data,
                                                          int lines_per_page);
 
