@@ -17,12 +17,14 @@ namespace orvane::files {
 void PrepareImageForSaving(core::RadioData& data, core::Date today);
 
 /// Writes the image as it stands, whole or not at all. On failure: log line, "FileSave Error!!",
-/// cancel flag. Pauses 500 ms as the window's commands do when a clock is given.
+/// cancel flag. Busy while it runs.
 void SaveHexFileAs(core::RadioData& data, const std::string& path, core::FileStore& store,
                    core::Prompts& prompts, core::ErrorLog& log);
 
 /// Loads an image file of the current model into image and records. Length, model and product are
-/// tested first; a refused file sets the error flag and changes nothing else.
+/// tested first. Clears the error flag first; a refused file sets it, tells the user and changes
+/// nothing else. A file that cannot be read also sets the cancel flag and is logged. Busy while it
+/// runs.
 void LoadHexFile(core::RadioData& data, const std::string& path, core::FileStore& store,
                  core::Prompts& prompts, core::ErrorLog& log);
 

@@ -1,0 +1,228 @@
+#include <cstddef>
+#include <utility>
+
+#include "core/model_profile.h"
+#include "core/number_text.h"
+#include "files/settings_file.h"
+#include "files/settings_file_keys.h"
+#include "files/settings_file_table.h"
+#include "files/settings_file_values.h"
+#include "image/codec.h"
+#include "image/raw_areas.h"
+
+namespace orvane::files {
+namespace {
+
+/// Fills the records of one data set from a parsed file.
+class SettingReader {
+ public:
+  SettingReader(const SettingTable& table, core::RadioData& data, core::EventPump& pump)
+      : table_(table), data_(data), profile_(core::ProfileOf(data)), pump_(pump) {}
+
+  void Run() {
+    ReadUsableGroups();
+    const SectionView common = table_.Find(kCommonSection);
+    for (const auto& row : kCommonRows) ReadRow(common, row.key, row, data_.Common);
+    const SectionView atis = table_.Find(kAtisSection);
+    for (const auto& row : kAtisRows) ReadRow(atis, row.key, row, data_.Atis);
+    for (std::size_t group = 0; group < kMarineSections.size(); ++group) {
+      ReadMarineTable(kMarineSections[group], data_.Marine[group]);
+    }
+    for (std::size_t i = 0; i < data_.WX.size(); ++i) {
+      ReadChannel(table_.Find(Numbered(kWxSection, static_cast<int>(i))), data_.WX[i], &Tables::wx);
+    }
+    ReadDirectory(kStationSection, data_.Stations);
+    ReadDirectory(kStationGroupSection, data_.StationGroups);
+    ReadExtraTable();
+    ReadPriSetCh();
+  }
+
+ private:
+  static void ReadEntry(const SectionView& section, std::string_view key, Form form,
+                        GroupFlags& flags) {
+    for (int group = 0; group < core::kUsableGroups; ++group) {
+      StoreValue(section.Value(Numbered(key, group)), form, flags[static_cast<std::size_t>(group)]);
+    }
+  }
+  template <class Value>
+  static void ReadEntry(const SectionView& section, std::string_view key, Form form, Value& field) {
+    StoreValue(section.Value(key), form, field);
+  }
+
+  template <class Record>
+  void ReadRow(const SectionView& section, std::string_view key, const KeyRow<Record>& row,
+               Record& record) {
+    if (!IsRead(row.kept, profile_)) return;
+    std::visit([&](auto member) { ReadEntry(section, key, row.form, record.*member); }, row.member);
+  }
+
+  void ReadUsableGroups() {
+    const SectionView section = table_.Find(kUsableSection);
+    for (std::size_t group = 0; group < kGroupKeys.size(); ++group) {
+      StoreValue(section.Value(kGroupKeys[group]), Form::kPlain, data_.Usable[group].Enable);
+    }
+    ReadForGroups(section, kTimeOutRow);
+    for (int group = 0; group < image::kStoredChannelGroups; ++group) ReadPriority(section, group);
+    ReadForGroups(section, kStatusIconRow);
+    ReadForGroups(section, kStatusNameRow);
+  }
+
+  void ReadForGroups(const SectionView& section, const KeyRow<core::UsableGroup>& row) {
+    for (int group = 0; group < core::kUsableGroups; ++group) {
+      ReadRow(section, SpacedNumber(row.key, group), row,
+              data_.Usable[static_cast<std::size_t>(group)]);
+    }
+  }
+
+  void ReadPriority(const SectionView& section, int group) {
+    core::UsableGroup& usable = data_.Usable[static_cast<std::size_t>(group)];
+    const std::string key = SpacedNumber(kPriorityRow.key, group);
+    ReadRow(section, key, kPriorityRow, usable);
+    for (int slot = 0; slot < image::kStoredChannelSlots; ++slot) {
+      const std::optional<std::int16_t> channel = core::ParseInt16(
+          section.Value(SpacedNumber(key + std::string(kStoredChannelSuffix), slot + 1)));
+      image::SetStoredChannel(data_.Image, group, slot,
+                              channel && *channel >= 0 ? static_cast<std::uint16_t>(*channel)
+                                                       : image::kEmptyStoredChannel);
+    }
+    ReadRow(section, key + std::string(kBackupRow.key), kBackupRow, usable);
+  }
+
+  void ReadChannel(const SectionView& section, core::ChannelRecord& channel, Kept Tables::*table) {
+    for (const ChannelKeyRow& row : kChannelRows) {
+      if (IsRead(row.tables.*table, profile_)) {
+        ReadRow(section, row.field.key, row.field, channel);
+      }
+    }
+  }
+
+  /// The sections are numbered without a gap; which entry one fills is said by its position.
+  void ReadMarineTable(std::string_view prefix, core::MarineTable& table) {
+    for (int number = 0;; ++number) {
+      const SectionView section = table_.Find(Numbered(prefix, number));
+      const std::string_view position_text = section.Value(kPositionKey);
+      if (position_text.empty()) return;
+      const std::optional<std::int16_t> position = core::ParseInt16(position_text);
+      if (position && *position >= 0 && *position < core::kMarineChannels) {
+        core::ChannelRecord& channel = table[static_cast<std::size_t>(*position)];
+        ReadChannel(section, channel, &Tables::marine);
+        channel.Duplex = channel.Duplex && channel.DuplexAllowed;
+      }
+      pump_.ProcessEvents();
+    }
+  }
+
+  template <class Directory>
+  void ReadDirectory(std::string_view prefix, Directory& directory) {
+    for (int number = Directory::kFirst; number <= Directory::kLast; ++number) {
+      const SectionView section = table_.Find(Numbered(prefix, number));
+      for (const auto& row : kDirectoryRows) ReadRow(section, row.key, row, directory[number]);
+    }
+  }
+
+  /// A group is in use when the file says so and at least one of its channels is enabled.
+  void ReadExtraTable() {
+    core::Flag in_use;
+    StoreValue(table_.Find(kUsableSection).Value(kExtraGroupKey), Form::kPlain, in_use);
+    bool any_lmr = false;
+    bool any_exp = false;
+    for (int number = 1; number <= core::kExtraChannels; ++number) {
+      core::ChannelRecord& channel = data_.EXP[number];
+      ReadChannel(table_.Find(Numbered(kExtraSection, number)), channel, &Tables::extra);
+      if (channel.Enable) (channel.LMR_EXP != 0 ? any_lmr : any_exp) = true;
+    }
+    data_.LmrPresent() = in_use && any_lmr;
+    data_.ExpPresent = in_use && any_exp;
+  }
+
+  void ReadPriSetCh() {
+    const SectionView section = table_.Find(kPriSetChSection);
+    for (int k = 0; k < image::kPriSetChLength; ++k) {
+      StoreHexByte(section.Value(Numbered(kPriSetChKey, k)),
+                   data_.Image[image::kPriSetChOffset + k]);
+    }
+  }
+
+  const SettingTable& table_;
+  core::RadioData& data_;
+  const core::ModelProfile& profile_;
+  core::EventPump& pump_;
+};
+
+/// "0" and "1" stand for themselves, everything else for the default.
+std::string DestinationText(std::string_view text, std::string_view key,
+                            std::string_view default_value) {
+  std::string value = ReadMainValue(text, kMainSection, key);
+  return value == "0" || value == "1" ? value : std::string(default_value);
+}
+
+void Refuse(core::RadioData& data, core::Prompts& prompts, std::string_view text, core::Icon icon,
+            std::string details) {
+  data.Flags.Error = true;
+  prompts.Show({.title = data.ProgramTitle,
+                .text = std::string(text),
+                .icon = icon,
+                .details = std::move(details)});
+}
+
+std::string Details(const core::FileBytes& file, const std::string& path) {
+  return file.error ? path + ": " + file.error->description : std::string();
+}
+
+/// Says which model the file is for, where it names one there is.
+std::string OtherModelDetails(std::string_view text, const core::RadioData& data) {
+  const std::optional<double> model = SettingFileModel(text);
+  if (!model) return "The file does not say which model it is for.";
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    if (*model == profile.model_type) {
+      return "The file is for the " + std::string(profile.model) + ", the program is set to the " +
+             std::string(core::ProfileOf(data).model) + ".";
+    }
+  }
+  return "The file is for a model this program does not know.";
+}
+
+bool IsOfModel(std::string_view text, const core::RadioData& data) {
+  return SettingFileModel(text) == static_cast<double>(data.MODELTYPE);
+}
+
+}  // namespace
+
+std::optional<double> SettingFileModel(std::string_view text) {
+  return core::ParseNumber(ReadMainValue(text, kMainSection, kModelTypeKey));
+}
+
+bool ApplySettingText(core::RadioData& data, std::string_view text, core::EventPump& pump) {
+  if (!IsOfModel(text, data)) return false;
+  const core::Flag was_busy = std::exchange(data.Flags.Busy, true);
+  core::RadioData fresh = data;
+  fresh.SEL1 = DestinationText(text, kSel1Key, "1");
+  fresh.SEL2 = DestinationText(text, kSel2Key, "0");
+  const SettingTable table = ParseSettingFile(text);
+  SettingReader(table, fresh, pump).Run();
+  image::SetDestinationBits(fresh.Image, fresh.SEL1 == "1", fresh.SEL2 == "1");
+  fresh.ModelName = core::ModelDisplayName(fresh.MODELTYPE, image::Sel1(fresh.Image));
+  fresh.Flags = data.Flags;  // events that ran meanwhile may have changed them
+  fresh.Flags.Busy = was_busy;
+  data = std::move(fresh);
+  return true;
+}
+
+void ReadSettingFile(core::RadioData& data, const std::string& path, core::FileStore& store,
+                     core::Prompts& prompts, core::EventPump& pump) {
+  data.Flags.Error = false;
+  const core::FileBytes first = store.ReadFile(path);
+  if (first.error || !IsOfModel(first.bytes, data)) {
+    Refuse(data, prompts, "different model!!", core::Icon::kCritical,
+           first.error ? Details(first, path) : OtherModelDetails(first.bytes, data));
+    return;
+  }
+  // Files live on sticks and shares that go away or change: what is loaded is read anew, after the
+  // check, and must still be the same.
+  const core::FileBytes file = store.ReadFile(path);
+  if (file.error || !ApplySettingText(data, file.bytes, pump)) {
+    Refuse(data, prompts, "FileRead Error!!", core::Icon::kExclamation, Details(file, path));
+  }
+}
+
+}  // namespace orvane::files
