@@ -9,9 +9,10 @@ namespace orvane::core {
 class Flag {
  public:
   constexpr Flag() = default;
-  constexpr Flag(bool on)
-      : wire_(on ? std::int16_t{-1} : std::int16_t{0}) {}  // NOLINT(google-explicit-constructor)
-  constexpr operator bool() const { return wire_ != 0; }   // NOLINT(google-explicit-constructor)
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  constexpr Flag(bool on) : wire_(on ? std::int16_t{-1} : std::int16_t{0}) {}
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  constexpr operator bool() const { return wire_ != 0; }
 
   /// -1 or 0.
   [[nodiscard]] constexpr std::int16_t Wire() const { return wire_; }

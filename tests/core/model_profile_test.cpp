@@ -7,21 +7,21 @@ namespace {
 
 TEST(ModelProfile, EveryModelHasItsFacts) {
   struct Case {
+    std::string_view word;
+    std::int32_t last_index;
+    int radio_code_address;
+    std::optional<int> tone_byte;
     std::int16_t model_type;
     std::uint16_t code;
-    std::int32_t last_index;
     bool dsc;
-    std::string_view word;
-    std::optional<int> tone_byte;
-    int radio_code_address;
   };
-  const Case cases[] = {{0, 6100, 16383, true, "EXP", std::nullopt, 0},
-                        {1, 310, 8191, false, "EXP", std::nullopt, 0},
-                        {2, 510, 16383, false, "LMR", 10, 0},
-                        {3, 9000, 16383, true, "EXP", std::nullopt, 0},
-                        {4, 520, 16383, false, "LMR", 11, 64},
-                        {5, 740, 16383, false, "LMR", 11, 64},
-                        {6, 741, 16383, false, "LMR", 11, 64}};
+  const Case cases[] = {{"EXP", 16383, 0, std::nullopt, 0, 6100, true},
+                        {"EXP", 8191, 0, std::nullopt, 1, 310, false},
+                        {"LMR", 16383, 0, 10, 2, 510, false},
+                        {"EXP", 16383, 0, std::nullopt, 3, 9000, true},
+                        {"LMR", 16383, 64, 11, 4, 520, false},
+                        {"LMR", 16383, 64, 11, 5, 740, false},
+                        {"LMR", 16383, 64, 11, 6, 741, false}};
   for (const Case& c : cases) {
     const ModelProfile& profile = ProfileOf(c.model_type);
     SCOPED_TRACE(c.model_type);
@@ -81,15 +81,15 @@ TEST(ModelProfile, DisplayNameFollowsTheDestinationOfOneModel) {
 TEST(ModelProfile, EditorLimitsPerModel) {
   // Lowest frequency in MHz, 25 kHz raster, common settings, rotary beep, scrambler, bandwidth.
   struct Case {
-    std::int16_t model_type;
     double min_frequency;
+    std::int16_t model_type;
     bool raster, common, rotary, scrambler, bandwidth;
   };
   const Case cases[] = {
-      {0, 137, true, true, true, true, true},    {1, 137, false, true, true, true, true},
-      {2, 137, false, true, true, true, true},   {3, 137, true, false, false, false, true},
-      {4, 134, false, true, false, true, false}, {5, 134, false, true, false, true, true},
-      {6, 134, false, true, false, true, true}};
+      {137, 0, true, true, true, true, true},    {137, 1, false, true, true, true, true},
+      {137, 2, false, true, true, true, true},   {137, 3, true, false, false, false, true},
+      {134, 4, false, true, false, true, false}, {134, 5, false, true, false, true, true},
+      {134, 6, false, true, false, true, true}};
   for (const Case& c : cases) {
     const ModelProfile& profile = ProfileOf(c.model_type);
     SCOPED_TRACE(profile.model);
