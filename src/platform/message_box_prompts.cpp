@@ -1,0 +1,120 @@
+#include "platform/message_box_prompts.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <array>
+#include <optional>
+#include <utility>
+
+#include "platform/ansi_text.h"
+
+namespace orvane::platform {
+namespace {
+
+constexpr std::array<std::pair<core::Answer, QMessageBox::StandardButton>, 5> kAnswers = {
+    {{core::Answer::kOk, QMessageBox::Ok},
+     {core::Answer::kCancel, QMessageBox::Cancel},
+     {core::Answer::kYes, QMessageBox::Yes},
+     {core::Answer::kNo, QMessageBox::No},
+     {core::Answer::kRetry, QMessageBox::Retry}}};
+
+QMessageBox::StandardButton ButtonOf(core::Answer answer) {
+  for (const auto& [candidate, button] : kAnswers) {
+    if (candidate == answer) return button;
+  }
+  return QMessageBox::NoButton;
+}
+
+std::optional<core::Answer> AnswerOf(int button) {
+  for (const auto& [answer, candidate] : kAnswers) {
+    if (candidate == button) return answer;
+  }
+  return std::nullopt;
+}
+
+QMessageBox::StandardButtons ButtonsOf(core::Buttons buttons) {
+  switch (buttons) {
+    case core::Buttons::kOk:
+      return QMessageBox::Ok;
+    case core::Buttons::kOkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case core::Buttons::kYesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case core::Buttons::kYesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case core::Buttons::kRetryCancel:
+      return QMessageBox::Retry | QMessageBox::Cancel;
+  }
+  return QMessageBox::Ok;
+}
+
+// The button Enter presses when the message names none.
+core::Answer FirstAnswer(core::Buttons buttons) {
+  switch (buttons) {
+    case core::Buttons::kOk:
+    case core::Buttons::kOkCancel:
+      return core::Answer::kOk;
+    case core::Buttons::kYesNo:
+    case core::Buttons::kYesNoCancel:
+      return core::Answer::kYes;
+    case core::Buttons::kRetryCancel:
+      return core::Answer::kRetry;
+  }
+  return core::Answer::kOk;
+}
+
+// What closing the box by other means than a button counts as.
+core::Answer ClosedAnswer(core::Buttons buttons) {
+  switch (buttons) {
+    case core::Buttons::kOk:
+      return core::Answer::kOk;
+    case core::Buttons::kYesNo:
+      return core::Answer::kNo;
+    default:
+      return core::Answer::kCancel;
+  }
+}
+
+QMessageBox::Icon IconOf(core::Icon icon) {
+  switch (icon) {
+    case core::Icon::kNone:
+      return QMessageBox::NoIcon;
+    case core::Icon::kInformation:
+      return QMessageBox::Information;
+    case core::Icon::kQuestion:
+      return QMessageBox::Question;
+    case core::Icon::kExclamation:
+      return QMessageBox::Warning;
+    case core::Icon::kCritical:
+      return QMessageBox::Critical;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QString Lines(const std::string& text) {
+  return FromUtf8(text).replace("\r\n", "\n");
+}
+
+QWidget* FrontWindow() {
+  QWidget* const modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+}  // namespace
+
+core::Answer MessageBoxPrompts::Show(const core::Message& message) {
+  QMessageBox box(FrontWindow());
+  box.setObjectName("messageBox");
+  box.setWindowTitle(Lines(message.title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Lines(message.text));
+  box.setInformativeText(Lines(message.details));
+  box.setIcon(IconOf(message.icon));
+  box.setStandardButtons(ButtonsOf(message.buttons));
+  box.setDefaultButton(ButtonOf(message.default_answer.value_or(FirstAnswer(message.buttons))));
+  const std::optional<core::Answer> answer = AnswerOf(box.exec());
+  return answer.value_or(ClosedAnswer(message.buttons));
+}
+
+}  // namespace orvane::platform

@@ -1,0 +1,72 @@
+#include "platform/paths.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include "core/app_settings.h"
+#include "link/port_links.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::platform {
+namespace {
+
+QString ProductFolderName() {
+  return FromUtf8(core::kProductName);
+}
+
+// The folder an environment variable names, else the given one below the home folder. A relative
+// path in the variable is ignored.
+QString UserFolder(const char* variable, const QString& below_home) {
+  const QString named = qEnvironmentVariable(variable);
+  return QDir::isAbsolutePath(named) ? named : QDir::homePath() + "/" + below_home;
+}
+
+QString ConfigRoot() {
+#ifdef Q_OS_WIN
+  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+#else
+  return FromUtf8(
+      link::ConfigRoot(qgetenv("XDG_CONFIG_HOME").toStdString(), ToUtf8(QDir::homePath())));
+#endif
+}
+
+bool MayWriteErrorLog(const QString& folder) {
+  const QFileInfo log(folder + "/err.log");
+  return log.exists() ? log.isFile() && log.isWritable() : QFileInfo(folder).isWritable();
+}
+
+}  // namespace
+
+std::string ProgramFolder() {
+  return ToUtf8(QCoreApplication::applicationDirPath());
+}
+
+std::string DataFolder() {
+  const QString program = QCoreApplication::applicationDirPath();
+  const QDir share(QDir::cleanPath(program + "/../share/" + ProductFolderName().toLower()));
+  return ToUtf8(share.exists() ? share.path() : program);
+}
+
+std::string ConfigFolder() {
+  return ToUtf8(ConfigRoot() + "/" + ProductFolderName());
+}
+
+std::string SettingsPath() {
+  return ConfigFolder() + "/settings.ini";
+}
+
+std::string PortLinksFolder() {
+  return link::PortsFolder(ToUtf8(ConfigRoot()));
+}
+
+std::string ErrorLogPath() {
+  const QString program = QCoreApplication::applicationDirPath();
+  if (MayWriteErrorLog(program)) return ToUtf8(program + "/err.log");
+  const QString state = UserFolder("XDG_STATE_HOME", ".local/state") + "/" + ProductFolderName();
+  QDir().mkpath(state);
+  return ToUtf8(state + "/err.log");
+}
+
+}  // namespace orvane::platform

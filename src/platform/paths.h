@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+/// Where the program finds its files. All paths are UTF-8 and absolute; a QCoreApplication must
+/// exist.
+namespace orvane::platform {
+
+/// The executable's folder.
+[[nodiscard]] std::string ProgramFolder();
+/// Data files that come with the program (templates, help, logo): the share folder of an
+/// installed program, else the program's folder.
+[[nodiscard]] std::string DataFolder();
+/// The user's configuration folder of the program. Not created.
+[[nodiscard]] std::string ConfigFolder();
+[[nodiscard]] std::string SettingsPath();
+/// Links in it pin port numbers to devices.
+[[nodiscard]] std::string PortLinksFolder();
+/// err.log in the program's folder when it may be written there, else in the user's state folder,
+/// which is created.
+[[nodiscard]] std::string ErrorLogPath();
+
+}  // namespace orvane::platform

@@ -1,0 +1,120 @@
+#include "platform/qt_file_store.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStorageInfo>
+#include <cerrno>
+#include <system_error>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+#include "platform/ansi_text.h"
+
+namespace orvane::platform {
+namespace {
+
+core::SystemError FromNumber(int number) {
+  return {number, std::generic_category().message(number)};
+}
+
+// The failure of the call just made: the system's number where it left one.
+core::SystemError LastFailure(const QFileDevice& file) {
+  const int number = errno;
+  if (number != 0) return FromNumber(number);
+  return {file.error(), ToUtf8(file.errorString())};
+}
+
+// A rename is only safe against a power cut once the folder itself is on the disk.
+void FlushFolder(const QString& folder) {
+#ifdef Q_OS_UNIX
+  const int descriptor =
+      ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  ::fsync(descriptor);
+  ::close(descriptor);
+#else
+  Q_UNUSED(folder);
+#endif
+}
+
+std::optional<core::SystemError> CheckExisting(const QFileInfo& file) {
+  if (file.isDir()) return FromNumber(EISDIR);
+  if (!file.isFile()) return FromNumber(EINVAL);
+  if (!file.isWritable()) return FromNumber(EACCES);
+  return std::nullopt;
+}
+
+std::optional<core::SystemError> CheckFolder(const QString& path) {
+  const QFileInfo folder(path);
+  if (!folder.exists()) return FromNumber(ENOENT);
+  if (!folder.isDir()) return FromNumber(ENOTDIR);
+  const QStorageInfo disk(path);
+  if (disk.isValid() && disk.isReadOnly()) return FromNumber(EROFS);
+  if (!folder.isWritable()) return FromNumber(EACCES);
+  if (disk.isValid() && disk.bytesTotal() > 0 && disk.bytesAvailable() == 0) {
+    return FromNumber(ENOSPC);
+  }
+  return std::nullopt;
+}
+
+// What a link points at is replaced, not the link.
+QFileInfo Target(const std::string& path) {
+  const QFileInfo file(FromUtf8(path));
+  return file.isSymLink() ? QFileInfo(file.symLinkTarget()) : file;
+}
+
+}  // namespace
+
+core::FileBytes QtFileStore::ReadFile(const std::string& path) {
+  QFile file(FromUtf8(path));
+  errno = 0;
+  if (!file.open(QIODevice::ReadOnly)) return {LastFailure(file), {}};
+  const QByteArray bytes = file.read(kLargestFile + 1);
+  if (file.error() != QFileDevice::NoError) return {LastFailure(file), {}};
+  if (bytes.size() > kLargestFile) return {FromNumber(EFBIG), {}};
+  return {std::nullopt, bytes.toStdString()};
+}
+
+std::optional<std::uint64_t> QtFileStore::FileSize(const std::string& path) {
+  const QFileInfo file(FromUtf8(path));
+  if (!file.isFile()) return std::nullopt;
+  return static_cast<std::uint64_t>(file.size());
+}
+
+std::optional<core::SystemError> QtFileStore::WriteFile(const std::string& path,
+                                                        std::string_view bytes) {
+  if (std::optional<core::SystemError> failure = CheckWritable(path)) return failure;
+  QSaveFile file(FromUtf8(path));
+  errno = 0;
+  if (!file.open(QIODevice::WriteOnly)) return LastFailure(file);
+  const auto size = static_cast<qint64>(bytes.size());
+  if (file.write(bytes.data(), size) != size || !file.commit()) return LastFailure(file);
+  FlushFolder(Target(path).absolutePath());
+  return std::nullopt;
+}
+
+std::optional<core::SystemError> QtFileStore::CheckWritable(const std::string& path) {
+  if (path.empty()) return FromNumber(ENOENT);
+  const QFileInfo file = Target(path);
+  if (file.exists()) {
+    if (std::optional<core::SystemError> failure = CheckExisting(file)) return failure;
+  }
+  return CheckFolder(file.absolutePath());
+}
+
+std::vector<std::string> QtFileStore::ListFolder(const std::string& folder) {
+  std::vector<std::string> names;
+  QDirIterator entries(FromUtf8(folder), QDir::Files);
+  while (entries.hasNext()) {
+    entries.next();
+    names.push_back(ToUtf8(entries.fileName()));
+  }
+  return names;
+}
+
+}  // namespace orvane::platform

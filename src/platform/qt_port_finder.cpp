@@ -1,0 +1,111 @@
+#include "platform/qt_port_finder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSerialPortInfo>
+#include <algorithm>
+#include <optional>
+#include <tuple>
+
+#include "link/port_links.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::platform {
+namespace {
+
+struct Device {
+  link::FoundPort port;
+  bool is_usb = false;
+  QString order;  ///< among devices of one sort
+};
+
+// A kernel reserves ttyS names for UARTs that the machine may not have; their type is 0.
+bool ReallyExists(const QString& name) {
+  QFile type("/sys/class/tty/" + name + "/type");
+  return !type.open(QIODevice::ReadOnly) || type.readAll().trimmed() != "0";
+}
+
+QString Description(const QSerialPortInfo& info) {
+  const QString description = info.description().simplified();
+  return description.isEmpty() ? "Serial port " + info.portName() : description;
+}
+
+Device Describe(const QSerialPortInfo& info) {
+  const QString name = info.portName();
+  const QString socket = QFileInfo("/sys/class/tty/" + name + "/device").canonicalFilePath();
+  const bool is_usb = socket.contains("/usb") || info.hasVendorIdentifier();
+  return {{ToUtf8(name), ToUtf8(Description(info)), ToUtf8(info.systemLocation())},
+          is_usb,
+          is_usb && !socket.isEmpty() ? socket : name};
+}
+
+bool ComesBefore(const Device& a, const Device& b) {
+  // By length first: ttyS2 before ttyS10.
+  return std::tuple(a.is_usb, a.order.size(), a.order) <
+         std::tuple(b.is_usb, b.order.size(), b.order);
+}
+
+std::vector<link::FoundPort> MachineDevices() {
+  std::vector<Device> devices;
+  for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
+    if (ReallyExists(info.portName())) devices.push_back(Describe(info));
+  }
+  std::sort(devices.begin(), devices.end(), ComesBefore);
+  std::vector<link::FoundPort> ports;
+  for (Device& device : devices) ports.push_back(std::move(device.port));
+  return ports;
+}
+
+#ifndef Q_OS_WIN
+
+std::vector<link::PinnedPort> ReadLinks(const std::string& folder) {
+  std::vector<link::PinnedPort> pins;
+  const QFileInfoList entries =
+      QDir(FromUtf8(folder)).entryInfoList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+  for (const QFileInfo& entry : entries) {
+    const std::optional<int> number = link::ParsePortLinkName(ToUtf8(entry.fileName()));
+    const QString device = entry.canonicalFilePath();  // empty when the link leads nowhere
+    if (number && !device.isEmpty()) pins.push_back({*number, ToUtf8(device)});
+  }
+  return pins;
+}
+
+std::string LinkedDescription(const std::string& device) {
+  return device.starts_with("/dev/pts/") ? "Simulated radio" : "Serial port " + device;
+}
+
+void AddUnlisted(std::vector<link::FoundPort>& devices, const std::vector<link::PinnedPort>& pins) {
+  for (const link::PinnedPort& pin : pins) {
+    const bool listed =
+        std::any_of(devices.begin(), devices.end(),
+                    [&](const link::FoundPort& port) { return port.device == pin.device; });
+    if (!listed) devices.push_back({{}, LinkedDescription(pin.device), pin.device});
+  }
+}
+
+#endif
+
+}  // namespace
+
+std::vector<link::FoundPort> QtPortFinder::FindPorts() {
+  std::vector<link::FoundPort> devices = MachineDevices();
+#ifdef Q_OS_WIN
+  for (link::FoundPort& port : devices) port.friendly_name += " (" + port.name + ")";
+  return devices;
+#else
+  const std::vector<link::PinnedPort> pins = ReadLinks(links_folder_);
+  AddUnlisted(devices, pins);
+  return link::NumberDevices(devices, pins);
+#endif
+}
+
+std::string DeviceOfPort(link::PortFinder& finder, int number) {
+  link::CComList ports(finder);
+  ports.Create();
+  const int index = ports.FindPortIndex(static_cast<std::int16_t>(number));
+  if (index < 0) return "COM" + std::to_string(number);
+  return ports.PortItem(index).device;
+}
+
+}  // namespace orvane::platform

@@ -1,0 +1,34 @@
+#include "platform/qt_settings_store.h"
+
+#include <QVariant>
+
+#include "platform/ansi_text.h"
+
+namespace orvane::platform {
+namespace {
+
+QString SettingsKey(std::string_view section, std::string_view key) {
+  return FromUtf8(section) + "/" + FromUtf8(key);
+}
+
+}  // namespace
+
+QtSettingsStore::QtSettingsStore(const std::string& path)
+    : settings_(FromUtf8(path), QSettings::IniFormat) {}
+
+std::optional<std::string> QtSettingsStore::Read(std::string_view section,
+                                                 std::string_view key) const {
+  const QVariant value = settings_.value(SettingsKey(section, key));
+  if (!value.isValid()) return std::nullopt;
+  // An unquoted comma, as a hand-edited file may hold, makes a list of the text.
+  if (value.typeId() == QMetaType::QStringList) return ToUtf8(value.toStringList().join(", "));
+  return ToUtf8(value.toString());
+}
+
+void QtSettingsStore::Write(std::string_view section, std::string_view key,
+                            std::string_view value) {
+  settings_.setValue(SettingsKey(section, key), FromUtf8(value));
+  settings_.sync();
+}
+
+}  // namespace orvane::platform

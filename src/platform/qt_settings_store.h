@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QSettings>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/services.h"
+
+namespace orvane::platform {
+
+/// The user's settings in one INI file (UTF-8). A file that cannot be read counts as empty; one
+/// that cannot be written keeps the values for this run only.
+class QtSettingsStore : public core::SettingsStore {
+ public:
+  explicit QtSettingsStore(const std::string& path);
+  [[nodiscard]] std::optional<std::string> Read(std::string_view section,
+                                                std::string_view key) const override;
+  void Write(std::string_view section, std::string_view key, std::string_view value) override;
+
+ private:
+  QSettings settings_;
+};
+
+}  // namespace orvane::platform

@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <cerrno>
+#include <csignal>
+#include <optional>
+
+#include "platform/ansi_text.h"
+#include "platform/qt_file_store.h"
+
+namespace orvane::platform {
+namespace {
+
+class FileStore : public ::testing::Test {
+ protected:
+  [[nodiscard]] std::string Path(const char* name) const { return ToUtf8(folder_.filePath(name)); }
+  [[nodiscard]] QStringList Names() const {
+    return QDir(folder_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+  }
+
+  QTemporaryDir folder_;
+  QtFileStore store_;
+};
+
+// While it lives, no file of this process grows beyond the size.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : old_handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &old_);
+    const rlimit limit{bytes, old_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+  ~FileSizeLimit() {
+    ::setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, old_handler_);
+  }
+
+ private:
+  rlimit old_{};
+  void (*old_handler_)(int);
+};
+
+TEST_F(FileStore, KeepsAllBytesUnderNamesOutsideAscii) {
+  const std::string path = Path("B\u00F6otchen \u03A9.dat");
+  const std::string bytes("a\0\r\n\xFF", 5);
+  EXPECT_FALSE(store_.WriteFile(path, bytes));
+  EXPECT_EQ(store_.ReadFile(path).bytes, bytes);
+  EXPECT_EQ(store_.FileSize(path), 5U);
+  EXPECT_EQ(store_.ListFolder(ToUtf8(folder_.path())),
+            std::vector<std::string>{"B\u00F6otchen \u03A9.dat"});
+}
+
+TEST_F(FileStore, AWriteThatTheDiskCannotTakeLeavesTheOldFileAndNothingElse) {
+  const std::string path = Path("boat.dat");
+  ASSERT_FALSE(store_.WriteFile(path, "old"));
+  {
+    const FileSizeLimit limit(64 * 1024);
+    const auto failure = store_.WriteFile(path, std::string(256 * 1024, 'n'));
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->number, EFBIG);
+    EXPECT_FALSE(failure->description.empty());
+  }
+  EXPECT_EQ(store_.ReadFile(path).bytes, "old");
+  EXPECT_EQ(Names(), QStringList{"boat.dat"});
+}
+
+TEST_F(FileStore, TellsBeforehandWhatCannotBeWrittenAndChangesNothing) {
+  ASSERT_FALSE(store_.WriteFile(Path("file"), "x"));
+  ASSERT_TRUE(QDir(folder_.path()).mkdir("folder"));
+  const struct {
+    std::string path;
+    int number;
+  } cases[] = {{"", ENOENT},
+               {Path("missing/boat.dat"), ENOENT},
+               {Path("file/boat.dat"), ENOTDIR},
+               {Path("folder"), EISDIR},
+               {"/dev/full", EINVAL}};
+  for (const auto& expected : cases) {
+    const auto check = store_.CheckWritable(expected.path);
+    ASSERT_TRUE(check) << expected.path;
+    EXPECT_EQ(check->number, expected.number) << expected.path;
+    const auto write = store_.WriteFile(expected.path, "x");
+    ASSERT_TRUE(write) << expected.path;
+    EXPECT_EQ(write->number, expected.number) << expected.path;
+  }
+  EXPECT_FALSE(store_.CheckWritable(Path("new")));
+  EXPECT_FALSE(store_.CheckWritable(Path("file")));
+  EXPECT_EQ(Names(), (QStringList{"file", "folder"}));
+}
+
+TEST_F(FileStore, ReplacesWhatALinkPointsAtAndKeepsTheLink) {
+  ASSERT_FALSE(store_.WriteFile(Path("target"), "old"));
+  ASSERT_TRUE(QFile::link(folder_.filePath("target"), folder_.filePath("link")));
+  EXPECT_FALSE(store_.WriteFile(Path("link"), "new"));
+  EXPECT_EQ(store_.ReadFile(Path("target")).bytes, "new");
+  EXPECT_TRUE(QFileInfo(folder_.filePath("link")).isSymLink());
+}
+
+TEST_F(FileStore, ReadingReportsTheSystemsReason) {
+  EXPECT_EQ(store_.ReadFile(Path("missing")).error.value().number, ENOENT);
+  EXPECT_TRUE(store_.ReadFile(ToUtf8(folder_.path())).error);
+  EXPECT_EQ(store_.ReadFile("/dev/zero").error.value().number, EFBIG);
+  EXPECT_FALSE(store_.FileSize(Path("missing")));
+}
+
+}  // namespace
+}  // namespace orvane::platform
