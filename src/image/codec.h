@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "core/calendar.h"
+#include "core/model_profile.h"
 #include "core/radio_data.h"
 
 /// Conversion between the memory image and the records, both ways. The layout tables drive both
@@ -31,6 +32,9 @@ void ConsistencyPass(core::RadioData& data);
 /// Sum of bytes 66..94 modulo 256; stands at byte 95 of a saved image file.
 [[nodiscard]] std::uint8_t CommonChecksum(const core::MemoryImage& image);
 void StoreCommonChecksum(core::MemoryImage& image);
+
+/// Writes the model code at both of its places.
+void StoreModelCodes(core::MemoryImage& image, const core::ModelProfile& profile);
 
 /// Destination bits of the image.
 [[nodiscard]] bool Sel1(const core::MemoryImage& image);

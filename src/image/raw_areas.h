@@ -3,19 +3,18 @@
 #include <cstdint>
 
 #include "core/memory_image.h"
+#include "image/layout_places.h"
 
 /// Areas of the image that no record decodes and that the settings file keeps byte for byte.
 namespace orvane::image {
 
-/// Three lists of stored channels, for the USA, INTL and Canada groups.
-inline constexpr int kStoredChannelLists = 96;
-inline constexpr int kStoredChannelGroups = 3;
-inline constexpr int kStoredChannelSlots = 10;
+inline constexpr int kStoredChannelGroups = 3;  ///< USA, INTL, Canada
+inline constexpr int kStoredChannelSlots = places::kStoredChannelsPerGroup;
 inline constexpr std::uint16_t kEmptyStoredChannel = 0xFFFF;
 
 /// First byte of a slot; its channel is little-endian, unlike every other number of the image.
 [[nodiscard]] constexpr int StoredChannelOffset(int group, int slot) {
-  return kStoredChannelLists + 2 * (kStoredChannelSlots * group + slot);
+  return places::StoredChannel(group, slot).FirstByte();
 }
 
 /// Combined channel number in a slot, whatever it is; kEmptyStoredChannel when there is none.

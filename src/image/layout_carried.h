@@ -1,0 +1,78 @@
+#pragma once
+
+#include "image/layout_places.h"
+#include "image/layout_settings.h"
+
+/// Known memory that is neither decoded nor encoded. It stands here for the memory map; the
+/// radio's or the file's own bytes are carried through.
+namespace orvane::image::layout {
+
+constexpr Row<RadioData> CarriedNumber(std::string_view name, Place place) {
+  return Carried<RadioData>(name, place, &NumberText);
+}
+constexpr Row<RadioData> CarriedText(std::string_view name, int offset) {
+  return Carried<RadioData>(name, BytesAt(offset, 16), &CharactersText);
+}
+constexpr Row<RadioData> CarriedTable(std::string_view name, int offset, int length = 16) {
+  return Carried<RadioData>(name, BytesAt(offset, length), &NoText);
+}
+
+inline constexpr std::array kCarriedRows = {
+    CarriedNumber("model code in clone mode", places::kRadioModelCode).Only(When::kCodeAtStart),
+    CarriedNumber("model code", places::kModelCode),
+    CarriedNumber("current channel mode", places::kChannelMode),
+    CarriedNumber("last WX channel", places::kLastWxChannel),
+    CarriedNumber("checksum of the common settings", places::kCommonChecksum),
+    CarriedNumber("SEL1", places::kSel1),
+    CarriedNumber("SEL2", places::kSel2),
+    CarriedTable("bytes set by New", 170, 20),
+    CarriedNumber("User MMSI count", BytesAt(501, 1)),
+    CarriedNumber("ATIS mode USA", places::AtisMode(0)),
+    CarriedNumber("ATIS mode INTL", places::AtisMode(1)),
+    CarriedNumber("ATIS mode Canada", places::AtisMode(2)),
+    CarriedNumber("ATIS mode EXP/LMR", places::AtisMode(3)),
+    CarriedText("text 1", 512),
+    CarriedText("text 2", 528),
+    CarriedText("text 3", 544),
+    CarriedTable("table 1", 560),
+    CarriedTable("table 2", 576),
+    CarriedTable("table 3", 592),
+    CarriedTable("table 4", 608),
+    CarriedTable("table 5", 624),
+    CarriedTable("table 6", 752),
+    CarriedNumber("product byte", places::kProduct).Only(When::kFullImage),
+};
+
+inline constexpr std::array kStoredChannelRows = {
+    Carried<RadioData>("stored channel", places::StoredChannel(0, 0), &StoredChannelText),
+};
+inline constexpr std::array kModelCodeRows = {
+    CarriedNumber("model code, second copy", places::kModelCodeFromEnd),
+};
+
+inline constexpr Area<RadioData> kCarried = {.rows = kCarriedRows, .entry = &Whole};
+inline constexpr Area<RadioData> kModelCodeCopy = {
+    .rows = kModelCodeRows, .entry = &Whole, .anchor = Anchor::kEnd};
+
+constexpr Area<RadioData> StoredChannels(std::string_view group_name, int group) {
+  const int stride = (places::StoredChannel(0, 1).first - places::StoredChannel(0, 0).first) / 8;
+  return {
+      .name = group_name,
+      .base = places::StoredChannel(group, 0).FirstByte() - places::StoredChannel(0, 0).FirstByte(),
+      .stride = stride,
+      .count = places::kStoredChannelsPerGroup,
+      .rows = kStoredChannelRows,
+      .entry = &Whole,
+      .label = Label::kFromOne};
+}
+inline constexpr std::array kStoredChannels = {StoredChannels("USA", 0), StoredChannels("INTL", 1),
+                                               StoredChannels("Canada", 2)};
+
+template <class Visitor>
+constexpr void VisitCarried(Visitor&& visit) {
+  visit(kCarried);
+  visit(kModelCodeCopy);
+  for (const auto& area : kStoredChannels) visit(area);
+}
+
+}  // namespace orvane::image::layout

@@ -1,0 +1,150 @@
+#include "image/memory_map.h"
+
+#include <algorithm>
+#include <bitset>
+#include <memory>
+#include <tuple>
+
+#include "core/channel_plan.h"
+#include "core/model_profile.h"
+#include "core/number_text.h"
+#include "core/rendering.h"
+#include "image/layout_all.h"
+
+namespace orvane::image {
+namespace {
+
+constexpr std::string_view kUnowned = "(not used)";
+
+std::string BitsText(Bits bits) {
+  if (bits.first % 8 == 0 && bits.count % 8 == 0) return {};
+  const int high = 7 - bits.first % 8;
+  const int low = 7 - (bits.first + bits.count - 1) % 8;
+  if (bits.count == 1) return std::to_string(high);
+  return std::to_string(high) + ".." + std::to_string(low);
+}
+
+template <class Record>
+std::string EntryName(const Area<Record>& area, int index, std::string_view field) {
+  std::string name(area.name);
+  const auto append = [&name](std::string_view word) {
+    if (!name.empty()) name += ' ';
+    name += word;
+  };
+  if (area.label == Label::kPlan) append(core::PlanLabel(index));
+  if (area.label == Label::kFromOne) append(std::to_string(index + 1));
+  append(field);
+  return name;
+}
+
+/// Visitor that makes a row of every piece of every field.
+class MapBuilder {
+ public:
+  MapBuilder(const core::MemoryImage& image, const core::ModelProfile& profile)
+      : image_(image), profile_(profile) {}
+
+  template <class Record>
+  void operator()(const Area<Record>& area) {
+    if (!Has(profile_, area.when)) return;
+    for (int i = 0; i < area.count; ++i) {
+      const int offset = area.EntryOffset(profile_, i);
+      // Offsets may be negative within an entry, so the base is no pointer into the array yet.
+      for (const Row<Record>& row : area.rows) {
+        if (!Has(profile_, row.read) && !Has(profile_, row.written)) continue;
+        const Bits bits = row.place.bits.MovedBy(offset);
+        const Bits head = row.place.head.MovedBy(offset);
+        const std::string name = EntryName(area, i, row.name);
+        const std::string value = row.text(image_.All().data(), {bits, head});
+        Add(bits, name, value);
+        if (head.count > 0) Add(head, name, value);
+      }
+    }
+  }
+
+  std::vector<MapRow> Finish() {
+    AddUnowned();
+    std::sort(pieces_.begin(), pieces_.end(), [](const Piece& a, const Piece& b) {
+      return std::tie(a.bits.first, a.bits.count, a.row.name) <
+             std::tie(b.bits.first, b.bits.count, b.row.name);
+    });
+    std::vector<MapRow> rows;
+    rows.reserve(pieces_.size());
+    for (Piece& piece : pieces_) rows.push_back(std::move(piece.row));
+    return rows;
+  }
+
+ private:
+  struct Piece {
+    Bits bits;
+    MapRow row;
+  };
+
+  void Add(Bits bits, std::string name, std::string value) {
+    for (int i = bits.first; i < bits.first + bits.count; ++i) {
+      owned_.set(static_cast<std::size_t>(i));
+    }
+    MapRow row{.offset = bits.FirstByte(),
+               .length = bits.LastByte() - bits.FirstByte() + 1,
+               .bits = BitsText(bits),
+               .name = std::move(name),
+               .bytes = {},
+               .value = std::move(value)};
+    for (int i = bits.FirstByte(); i <= bits.LastByte(); ++i) {
+      if (!row.bytes.empty()) row.bytes += ' ';
+      row.bytes += core::HexText(image_[i], 2);
+    }
+    pieces_.push_back({bits, std::move(row)});
+  }
+
+  // Runs of unowned bits; whole bytes are kept apart from the bits before and after them.
+  void AddUnowned() {
+    const int end = image_.UsedSize() * 8;
+    int first = 0;
+    while (first < end) {
+      if (owned_.test(static_cast<std::size_t>(first))) {
+        ++first;
+        continue;
+      }
+      int last = first;
+      while (last < end && !owned_.test(static_cast<std::size_t>(last))) ++last;
+      const int next_byte = (first + 7) / 8 * 8;
+      int stop = std::min(last, next_byte);
+      if (stop == first) stop = last - first >= 8 ? last / 8 * 8 : last;
+      Add({first, stop - first}, std::string(kUnowned), {});
+      first = stop;
+    }
+  }
+
+  const core::MemoryImage& image_;
+  const core::ModelProfile& profile_;
+  std::bitset<static_cast<std::size_t>(core::MemoryImage::kSize) * 8> owned_;
+  std::vector<Piece> pieces_;
+};
+
+// Long stretches would hide the table; the report is no hex dump.
+std::string Shortened(const std::string& bytes) {
+  constexpr std::size_t kWidth = 47;  // sixteen bytes
+  return bytes.size() <= kWidth ? bytes : bytes.substr(0, kWidth) + " ...";
+}
+
+}  // namespace
+
+std::vector<MapRow> MemoryMap(const core::RadioData& data) {
+  const auto builder = std::make_unique<MapBuilder>(data.Image, core::ProfileOf(data));
+  layout::VisitAll(*builder);
+  return builder->Finish();
+}
+
+std::string MemoryMapText(const core::RadioData& data) {
+  std::string text =
+      "offset length bits  " + core::Cell("name", 36) + " value                        bytes\n";
+  for (const MapRow& row : MemoryMap(data)) {
+    text += core::Cell(std::to_string(row.offset), 6) + ' ' +
+            core::Cell(std::to_string(row.length), 6) + ' ' + core::Cell(row.bits, 5) + ' ' +
+            core::Cell(row.name, 36) + ' ' + core::Cell(row.value, 28) + ' ' +
+            Shortened(row.bytes) + '\n';
+  }
+  return text;
+}
+
+}  // namespace orvane::image
