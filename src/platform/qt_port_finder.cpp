@@ -59,29 +59,22 @@ std::vector<link::FoundPort> MachineDevices() {
 
 #ifndef Q_OS_WIN
 
+// What a linked device is called that the system does not list.
+std::string LinkedDescription(const std::string& device) {
+  return device.starts_with("/dev/pts/") ? "Simulated radio" : "Serial port " + device;
+}
+
 std::vector<link::PinnedPort> ReadLinks(const std::string& folder) {
   std::vector<link::PinnedPort> pins;
   const QFileInfoList entries =
       QDir(FromUtf8(folder)).entryInfoList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
   for (const QFileInfo& entry : entries) {
     const std::optional<int> number = link::ParsePortLinkName(ToUtf8(entry.fileName()));
-    const QString device = entry.canonicalFilePath();  // empty when the link leads nowhere
-    if (number && !device.isEmpty()) pins.push_back({*number, ToUtf8(device)});
+    const std::string device = ToUtf8(entry.canonicalFilePath());
+    // The canonical path of a link that leads nowhere is empty.
+    if (number && !device.empty()) pins.push_back({*number, device, LinkedDescription(device)});
   }
   return pins;
-}
-
-std::string LinkedDescription(const std::string& device) {
-  return device.starts_with("/dev/pts/") ? "Simulated radio" : "Serial port " + device;
-}
-
-void AddUnlisted(std::vector<link::FoundPort>& devices, const std::vector<link::PinnedPort>& pins) {
-  for (const link::PinnedPort& pin : pins) {
-    const bool listed =
-        std::any_of(devices.begin(), devices.end(),
-                    [&](const link::FoundPort& port) { return port.device == pin.device; });
-    if (!listed) devices.push_back({{}, LinkedDescription(pin.device), pin.device});
-  }
 }
 
 #endif
@@ -94,9 +87,7 @@ std::vector<link::FoundPort> QtPortFinder::FindPorts() {
   for (link::FoundPort& port : devices) port.friendly_name += " (" + port.name + ")";
   return devices;
 #else
-  const std::vector<link::PinnedPort> pins = ReadLinks(links_folder_);
-  AddUnlisted(devices, pins);
-  return link::NumberDevices(devices, pins);
+  return link::NumberDevices(devices, ReadLinks(links_folder_));
 #endif
 }
 

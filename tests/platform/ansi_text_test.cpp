@@ -12,11 +12,12 @@ TEST(AnsiText, EveryByteSurvivesTheWayThereAndBack) {
 }
 
 TEST(AnsiText, BytesMeanTheCharactersOfWindows1252) {
-  EXPECT_EQ(FromAnsi("\x80\x8A\x9F\xA0\xE9"), QString(u"\u20AC\u0160\u0178\u00A0\u00E9"));
+  EXPECT_EQ(FromAnsi("\x80\x8A\x9F\xA0\xE9"),
+            QString::fromUtf16(u"\u20AC\u0160\u0178\u00A0\u00E9"));
 }
 
 TEST(AnsiText, CharactersWithoutAByteBecomeOneQuestionMarkEach) {
-  EXPECT_EQ(ToAnsi(QString(u"A\u03A9B\U0001F6A4C")), "A?B?C");
+  EXPECT_EQ(ToAnsi(QString::fromUtf16(u"A\u03A9B\U0001F6A4C")), "A?B?C");
 }
 
 }  // namespace
