@@ -1,5 +1,7 @@
 #include "link/port_links.h"
 
+#include "core/app_settings.h"
+
 namespace orvane::link {
 namespace {
 
@@ -14,7 +16,7 @@ std::string ConfigRoot(std::string_view xdg_config_home, std::string_view home) 
 }
 
 std::string PortsFolder(std::string_view config_root) {
-  return std::string(config_root) + "/Orvane/ports";
+  return std::string(config_root) + "/" + std::string(core::kProductName) + "/ports";
 }
 
 std::string PortLinkName(int number) {

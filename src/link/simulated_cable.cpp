@@ -47,6 +47,11 @@ std::optional<SimulatedCable::Arrival> SimulatedCable::Take(double now) {
 }
 
 void SimulatedCable::Queue(const Arrival& arrival) {
+  if (arrivals_.empty() || arrivals_.back().at <= arrival.at) {
+    arrivals_.push_back(arrival);
+    return;
+  }
+  // Something overtakes a late answer.
   const auto later =
       std::upper_bound(arrivals_.begin(), arrivals_.end(), arrival,
                        [](const Arrival& a, const Arrival& b) { return a.at < b.at; });

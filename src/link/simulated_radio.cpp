@@ -103,7 +103,8 @@ std::string ExchangeText(const Exchange& exchange) {
     text += " 0x" + core::HexText(static_cast<unsigned>(exchange.address), 4) + " " +
             std::to_string(exchange.length);
   } else if (exchange.kind == ExchangeKind::kClosing || exchange.kind == ExchangeKind::kOther) {
-    text += " " + exchange.line;
+    text += " ";
+    for (const char c : exchange.line) text += c >= ' ' && c <= '~' ? c : '.';
   }
   if (exchange.refused) text += " refused";
   if (exchange.fault) text += " (" + std::string(InfoOf(*exchange.fault).name) + ")";
