@@ -49,12 +49,12 @@ class PageWriter {
   }
   [[nodiscard]] bool PageFull() const { return line_ >= lines_per_page_; }
 
-  /// A text that would run into its neighbour is cut.
+  /// A text that would run into its neighbour or off the page is cut.
   void WriteLine(const std::vector<LineText>& texts) {
     for (std::size_t i = 0; i < texts.size(); ++i) {
-      std::string_view text = texts[i].text;
-      if (i + 1 < texts.size()) text = text.substr(0, Room(texts[i].x, texts[i + 1].x));
-      text = core::TrimRight(text);
+      const double end = i + 1 < texts.size() ? texts[i + 1].x : kPrintRightMm - kPrintLeftMm;
+      const std::string_view whole = texts[i].text;
+      const std::string_view text = core::TrimRight(whole.substr(0, Room(texts[i].x, end)));
       if (text.empty()) continue;
       pages_.back().texts.push_back(
           {.x_mm = texts[i].x + kPrintLeftMm, .line = line_, .text = std::string(text)});

@@ -9,16 +9,17 @@
 ///
 /// The layout is made for portrait pages of at least 210 mm width (A4, Letter) and a fixed-pitch
 /// font of kPrintFontPoints whose characters are at most 0.6 of its size wide, as those of the
-/// common typewriter faces are. With such a font no text reaches the next one on its line or the
-/// last 10 mm of the page.
+/// common typewriter faces are. With such a font no text reaches the next one on its line or
+/// kPrintRightMm; longer ones are cut.
 namespace orvane::files {
 
 inline constexpr double kPrintFontPoints = 8;
 inline constexpr double kPrintCharacterMm = 0.6 * kPrintFontPoints * 25.4 / 72;
-inline constexpr double kPrintLineMm = 4;    ///< from line to line
-inline constexpr double kPrintTopMm = 5;     ///< upper edge of line 0, from the page's upper edge
-inline constexpr double kPrintLeftMm = 10;   ///< added to every position
-inline constexpr double kPrintBottomMm = 8;  ///< stays free
+inline constexpr double kPrintLineMm = 4;     ///< from line to line
+inline constexpr double kPrintTopMm = 5;      ///< upper edge of line 0, from the page's upper edge
+inline constexpr double kPrintLeftMm = 10;    ///< added to every position
+inline constexpr double kPrintRightMm = 200;  ///< no text goes beyond, from the page's left edge
+inline constexpr double kPrintBottomMm = 8;   ///< stays free
 
 /// Whole lines on a page: 71 on A4 (297 mm), 66 on Letter (279.4 mm).
 [[nodiscard]] constexpr int LinesPerPage(double page_height_mm) {
