@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QIcon>
+#include <QPalette>
+
+namespace orvane::editor {
+
+/// One of the program's own line drawings in the palette's colours, sharp at every scale. name is
+/// that of a drawing in the resources, without folder and ".svg".
+[[nodiscard]] QIcon DrawnIcon(const char* name, const QPalette& palette);
+
+}  // namespace orvane::editor

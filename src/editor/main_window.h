@@ -1,0 +1,98 @@
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QSplitter>
+#include <QTimer>
+
+#include "editor/commands.h"
+#include "editor/destination_menu.h"
+#include "editor/file_commands.h"
+#include "editor/menus.h"
+#include "editor/model_commands.h"
+#include "editor/nav_tree.h"
+#include "editor/navigator.h"
+#include "editor/page_area.h"
+#include "editor/plain_pages.h"
+#include "editor/serial_port_menu.h"
+#include "editor/tree_model.h"
+#include "editor/window_services.h"
+
+namespace orvane::editor {
+
+/// `frmMain`, the program's only editing window: navigation tree, page area, menus, toolbar and
+/// status bar over the one data set. The constructor brings data and window into their first
+/// state; a timer then finishes the start once events run.
+class MainWindow : public QMainWindow, public PageHost, public CommandHost {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(const WindowServices& services);
+  ~MainWindow() override;
+
+  // PageHost
+  void DataChanged() override;
+  void RebuildTree() override;
+  void RefreshMarks() override;
+  void ShowHint(const QString& hint) override;
+  void SelectNode(const QString& key) override;
+
+  // CommandHost
+  [[nodiscard]] QWidget& Widget() override { return *this; }
+  [[nodiscard]] bool CheckPage() override;
+  void ShowGeneralPage() override;
+  void ShowPageAgain() override;
+  void RefreshAfterLoad() override;
+  void ResetData(bool rebuild_destinations) override;
+  void CheckDestinationOfImage() override;
+  void RefreshTitle() override;
+  void ModelChanged() override;
+  void Wait(double seconds) override;
+  [[nodiscard]] int PortNumber() const override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void BuildStatusBar();
+  void BuildPages();
+  void ConnectMenus();
+  void ConnectCommands();
+
+  void Load();
+  void PlaceWindow();
+  void FinishStart();
+  void StoreGeometry();
+
+  /// True when the key was meant for the window; the control must not see it then.
+  [[nodiscard]] bool TakeKey(QWidget& target, const QKeyEvent& event);
+  void OpenHelp(const QWidget* focus);
+  void SwitchSide();
+  void RefreshModelName();
+
+  WindowServices services_;
+  core::RadioData& data_;
+  core::AppSettings settings_;
+  TreeModel tree_model_;
+
+  Menus menus_;
+  QSplitter* splitter_;
+  NavTree* tree_;
+  PageArea* area_;
+  GeneralPage* general_ = nullptr;
+  Navigator* navigator_ = nullptr;
+  QLabel* hint_ = nullptr;
+  QLabel* model_name_ = nullptr;
+  QTimer* start_timer_;
+
+  SerialPortMenu port_menu_;
+  DestinationMenu destination_menu_;
+  FileCommands file_commands_;
+  ModelCommands model_commands_;
+};
+
+}  // namespace orvane::editor

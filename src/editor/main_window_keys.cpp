@@ -1,0 +1,68 @@
+#include <QApplication>
+#include <QKeyEvent>
+
+#include "editor/main_window.h"
+
+namespace orvane::editor {
+namespace {
+
+constexpr const char* kGridName = "MSFlexGrid1";
+
+// The controls that act on Enter: the grid jumps to a channel, the menu bar opens a menu.
+bool UsesEnter(const QWidget& target) {
+  return target.objectName() == QLatin1String(kGridName) ||
+         qobject_cast<const QMenuBar*>(&target) != nullptr;
+}
+
+}  // namespace
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && watched->isWidgetType()) {
+    auto& target = static_cast<QWidget&>(*watched);
+    if (target.window() == this && isEnabled()) {
+      return TakeKey(target, static_cast<const QKeyEvent&>(*event));
+    }
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+bool MainWindow::TakeKey(QWidget& target, const QKeyEvent& event) {
+  const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  const bool debug_key = event.modifiers() == Qt::ControlModifier && data_.Flags.Debug;
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return !UsesEnter(target);
+    case Qt::Key_F1:
+      if (plain) OpenHelp(&target);
+      return plain;
+    case Qt::Key_F6:
+      if (plain) SwitchSide();
+      return plain;
+    case Qt::Key_F2:
+      if (debug_key && services_.commands != nullptr) services_.commands->LoadHex(*this);
+      return debug_key;
+    case Qt::Key_F3:
+      if (debug_key && services_.commands != nullptr) services_.commands->SaveHex(*this);
+      return debug_key;
+    default:
+      return false;
+  }
+}
+
+void MainWindow::OpenHelp(const QWidget* focus) {
+  if (services_.commands == nullptr) return;
+  // A control without a number of its own takes that of what it stands in; 0 opens nothing.
+  for (const QWidget* widget = focus; widget != nullptr; widget = widget->parentWidget()) {
+    const QVariant number = widget->property(kHelpContextProperty);
+    if (!number.isValid()) continue;
+    if (number.toInt() != 0) services_.commands->Help(*this, number.toInt());
+    return;
+  }
+}
+
+void MainWindow::SwitchSide() {
+  if (area_->HasFocusInside() || !area_->FocusFirstControl()) tree_->setFocus(Qt::TabFocusReason);
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,101 @@
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+#include <optional>
+
+#include "editor/main_window.h"
+#include "editor/working.h"
+
+namespace orvane::editor {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+constexpr QSize kFirstSize(607, 480);
+
+// True when some screen shows all of the window.
+bool FitsAScreen(const QRect& window) {
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
+    return screen->availableGeometry().contains(window);
+  });
+}
+
+std::optional<QRect> KeptGeometry(const core::AppSettings& settings) {
+  const auto kept = settings.MainWindow();
+  if (!kept || kept->width <= 0 || kept->height <= 0) return std::nullopt;
+  return QRect(kept->left / kTwipsPerPixel, kept->top / kTwipsPerPixel,
+               kept->width / kTwipsPerPixel, kept->height / kTwipsPerPixel);
+}
+
+}  // namespace
+
+void MainWindow::Load() {
+  data_.ProductName = core::kProductName;
+  data_.ProgramTitle = core::kProgramTitle;
+  model_commands_.CaptionModels();
+  data_.MODELTYPE = settings_.ModelType();
+  ModelChanged();
+  port_menu_.UpdateComList();
+  port_menu_.SelectStoredPort();
+  PlaceWindow();
+  ResetData(true);
+  tree_->setExpanded(tree_model_.IndexOf({.kind = NodeKind::kGeneral}), true);
+  tree_->setExpanded(tree_model_.IndexOf({.kind = NodeKind::kProgram}), true);
+  tree_->setFocus();
+
+  start_timer_->setObjectName(QStringLiteral("Timer1"));
+  start_timer_->setSingleShot(true);
+  connect(start_timer_, &QTimer::timeout, this, &MainWindow::FinishStart);
+  start_timer_->start(0);
+}
+
+void MainWindow::PlaceWindow() {
+  const std::optional<QRect> kept = KeptGeometry(settings_);
+  if (kept && FitsAScreen(*kept)) {
+    move(kept->topLeft());
+    resize(kept->size());
+    return;
+  }
+  resize(kFirstSize);
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    move(screen->availableGeometry().center() - rect().center());
+  }
+}
+
+void MainWindow::FinishStart() {
+  const Working working(*this);
+  SelectNode(KeyOf({}));
+  Wait(kCommandPause);
+  data_.Flags.DataChanged = false;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  // A command that works may hold the data half replaced.
+  if (!isEnabled() || data_.Flags.Busy) {
+    event->ignore();
+    return;
+  }
+  if (services_.commands != nullptr) services_.commands->CloseHelp();
+  if (!file_commands_.AskBeforeClosing()) {
+    event->ignore();
+    return;
+  }
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window != this && window->isVisible()) window->close();
+  }
+  StoreGeometry();
+  event->accept();
+}
+
+void MainWindow::StoreGeometry() {
+  if (isMinimized()) return;
+  const QRect place = isMaximized() || isFullScreen() ? normalGeometry() : QRect(pos(), size());
+  settings_.SetMainWindow({.left = place.left() * kTwipsPerPixel,
+                           .top = place.top() * kTwipsPerPixel,
+                           .width = place.width() * kTwipsPerPixel,
+                           .height = place.height() * kTwipsPerPixel});
+}
+
+}  // namespace orvane::editor

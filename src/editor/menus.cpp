@@ -1,0 +1,105 @@
+#include "editor/menus.h"
+
+#include <QKeySequence>
+
+namespace orvane::editor {
+namespace {
+
+QMenu* AddMenu(QMenuBar& bar, const char* name, const QString& caption) {
+  QMenu* menu = bar.addMenu(caption);
+  menu->setObjectName(QLatin1String(name));
+  return menu;
+}
+
+QMenu* AddSubMenu(QMenu& parent, const char* name, const QString& caption) {
+  QMenu* menu = parent.addMenu(caption);
+  menu->setObjectName(QLatin1String(name));
+  return menu;
+}
+
+QAction* AddItem(QMenu& menu, const QString& name, const QString& caption,
+                 const QKeySequence& shortcut = {}) {
+  QAction* item = menu.addAction(caption);
+  item->setObjectName(name);
+  item->setShortcut(shortcut);
+  item->setMenuRole(QAction::NoRole);
+  return item;
+}
+
+template <std::size_t N>
+void AddItems(QMenu& menu, const char* name, std::array<QAction*, N>& items) {
+  for (std::size_t i = 0; i < N; ++i) {
+    items[i] = AddItem(menu, QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(i), {});
+  }
+}
+
+void AddFileMenu(QMenuBar& bar, Menus& menus) {
+  QMenu& file = *AddMenu(bar, "mnuFile", QStringLiteral("&File"));
+  menus.file_new =
+      AddItem(file, QStringLiteral("mnuFileNew"), QStringLiteral("&New"), Qt::CTRL | Qt::Key_N);
+  menus.file_open =
+      AddItem(file, QStringLiteral("mnuFileOpen"), QStringLiteral("&Open"), Qt::CTRL | Qt::Key_O);
+  file.addSeparator();
+  menus.file_save =
+      AddItem(file, QStringLiteral("mnuFileSave"), QStringLiteral("&Save"), Qt::CTRL | Qt::Key_S);
+  menus.file_save_as = AddItem(file, QStringLiteral("mnuFileSaveAs"), QStringLiteral("Save &As..."),
+                               Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+  file.addSeparator();
+  menus.file_print =
+      AddItem(file, QStringLiteral("mnuFilePrint"), QStringLiteral("&Print"), Qt::CTRL | Qt::Key_P);
+  menus.file_print_to_file =
+      AddItem(file, QStringLiteral("mnuFilePrintFile"), QStringLiteral("P&rint to File"),
+              Qt::CTRL | Qt::SHIFT | Qt::Key_P);
+  file.addSeparator();
+  menus.file_exit =
+      AddItem(file, QStringLiteral("mnuFileExit"), QStringLiteral("E&xit"), Qt::CTRL | Qt::Key_Q);
+}
+
+void AddEditMenu(QMenuBar& bar, Menus& menus) {
+  QMenu& edit = *AddMenu(bar, "mnuEdit", QStringLiteral("&Edit"));
+  QMenu& model = *AddSubMenu(edit, "mnuEditModel", QStringLiteral("&Model"));
+  AddItems(model, "mnuEditModel", menus.models);
+  constexpr std::array<const char*, Menus::kModels> kCaptions = {"&KT740 Series", "&RB1100S",
+                                                                 "&RB6100S", "&QM9000"};
+  for (std::size_t i = 0; i < kCaptions.size(); ++i) {
+    menus.models[i]->setText(QLatin1String(kCaptions[i]));
+  }
+}
+
+void AddTransferMenu(QMenuBar& bar, Menus& menus) {
+  QMenu& transfer = *AddMenu(bar, "mnuTransfer", QStringLiteral("&Transfer"));
+  menus.program = AddItem(transfer, QStringLiteral("mnuTransferProgram"),
+                          QStringLiteral("&Program to Radio"), Qt::CTRL | Qt::Key_T);
+  menus.read = AddItem(transfer, QStringLiteral("mnuTransferRead"),
+                       QStringLiteral("&Read from Radio"), Qt::CTRL | Qt::Key_R);
+}
+
+void AddOptionsMenu(QMenuBar& bar, Menus& menus) {
+  QMenu& options = *AddMenu(bar, "mnuOptions", QStringLiteral("&Options"));
+  menus.serial_port = AddSubMenu(options, "mnuOptionsSerialPort", QStringLiteral("&SerialPort"));
+  menus.no_port = AddItem(*menus.serial_port, QStringLiteral("mnuOptionsSerialPortNone"),
+                          QStringLiteral("(not exist)"));
+  menus.no_port->setEnabled(false);
+  AddItems(*menus.serial_port, "mnuOptionsSerialPort1", menus.ports);
+}
+
+}  // namespace
+
+Menus BuildMenus(QMenuBar& bar) {
+  Menus menus{};
+  AddFileMenu(bar, menus);
+  AddEditMenu(bar, menus);
+  AddTransferMenu(bar, menus);
+  menus.destination = AddMenu(bar, "mnuDestination", QStringLiteral("&Destination"));
+  AddItems(*menus.destination, "mnuDestination", menus.destinations);
+  AddOptionsMenu(bar, menus);
+  QMenu& help = *AddMenu(bar, "mnuHelp", QStringLiteral("&Help"));
+  menus.about = AddItem(help, QStringLiteral("mnuHelpAbout"), QStringLiteral("&About KIV Version"));
+  return menus;
+}
+
+QString PlainCaption(QString text) {
+  return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <array>
+
+namespace orvane::editor {
+
+/// The window's menus as built: captions, names, shortcuts; nothing connected. All actions and
+/// menus belong to the menu bar.
+struct Menus {
+  static constexpr int kModels = 4;
+  static constexpr int kDestinations = 11;
+  static constexpr int kPorts = 64;
+
+  QAction* file_new;
+  QAction* file_open;
+  QAction* file_save;
+  QAction* file_save_as;
+  QAction* file_print;
+  QAction* file_print_to_file;
+  QAction* file_exit;
+  std::array<QAction*, kModels> models;
+  QAction* program;
+  QAction* read;
+  QMenu* destination;
+  std::array<QAction*, kDestinations> destinations;
+  QMenu* serial_port;
+  QAction* no_port;
+  std::array<QAction*, kPorts> ports;
+  QAction* about;
+};
+
+[[nodiscard]] Menus BuildMenus(QMenuBar& bar);
+
+/// A text as a caption: its ampersands are no access keys.
+[[nodiscard]] QString PlainCaption(QString text);
+
+}  // namespace orvane::editor

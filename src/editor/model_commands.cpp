@@ -1,0 +1,106 @@
+#include "editor/model_commands.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "core/model_profile.h"
+#include "editor/working.h"
+#include "files/image_file.h"
+#include "image/codec.h"
+
+namespace orvane::editor {
+namespace {
+
+struct ModelCommand {
+  std::string_view series;
+  std::int16_t model_type;  ///< the model of the series that it selects
+};
+constexpr std::array<ModelCommand, Menus::kModels> kModelCommands = {
+    {{"KT520", 4}, {"KT310", 1}, {"RB6100S", 0}, {"QM9000", 3}}};
+
+/// Keeps what the image reader would say, so that it can stand below the command's own message.
+class Overheard : public core::Prompts {
+ public:
+  core::Answer Show(const core::Message& message) override {
+    said = message.details.empty() ? message.text : message.details;
+    return core::Answer::kOk;
+  }
+
+  std::string said;
+};
+
+}  // namespace
+
+ModelCommands::ModelCommands(const WindowServices& services, CommandHost& host, const Menus& menus,
+                             DestinationMenu& destinations, FileCommands& file_commands)
+    : services_(services),
+      data_(services.data),
+      host_(host),
+      menus_(menus),
+      destinations_(destinations),
+      file_commands_(file_commands) {
+  for (int index = 0; index < Menus::kModels; ++index) {
+    connect(menus_.models[static_cast<std::size_t>(index)], &QAction::triggered, this,
+            [this, index] { SelectModel(index); });
+  }
+  connect(&destinations_, &DestinationMenu::Picked, this, &ModelCommands::SelectDestination);
+}
+
+void ModelCommands::CaptionModels() {
+  menus_.models[0]->setText(QStringLiteral("&KT740 Series"));
+  for (std::size_t i = 1; i < menus_.models.size(); ++i) {
+    menus_.models[i]->setVisible(false);
+    menus_.models[i]->setEnabled(false);
+  }
+}
+
+bool ModelCommands::Ask(const std::string& question) {
+  return services_.prompts.Show({.title = data_.ProgramTitle,
+                                 .text = question,
+                                 .icon = core::Icon::kExclamation,
+                                 .buttons = core::Buttons::kOkCancel}) == core::Answer::kOk;
+}
+
+void ModelCommands::SelectModel(int index) {
+  const ModelCommand& command = kModelCommands[static_cast<std::size_t>(index)];
+  if (core::ProfileOf(data_).series == command.series) return;
+  if (!Ask("Do yo want to program the " + std::string(command.series) + " series?")) return;
+  // Checked while the data still is of the model that the page shows.
+  if (!host_.CheckPage()) return;
+  data_.MODELTYPE = command.model_type;
+  data_.ModelName = core::ModelDisplayName(data_.MODELTYPE, image::Sel1(data_.Image));
+  core::AppSettings(services_.settings).SetModelType(data_.MODELTYPE);
+  host_.ShowGeneralPage();
+  host_.ModelChanged();
+  file_commands_.NewUnchecked();
+}
+
+void ModelCommands::SelectDestination(const std::string& name) {
+  if (!Ask("Do yo want to change to " + name + "?")) return;
+  const Working working(host_.Widget());
+  host_.ShowGeneralPage();
+  host_.Wait(kCommandPause);
+  host_.ResetData(false);
+  LoadTemplate(name);
+  data_.CurrentFileName.clear();  // a template is no document to be saved over
+  data_.Flags.DataChanged = false;
+  host_.RefreshAfterLoad();
+}
+
+void ModelCommands::LoadTemplate(const std::string& name) {
+  const std::string path = destinations_.TemplatePath(name, data_.MODELTYPE);
+  Overheard reader;
+  files::LoadHexFile(data_, path, services_.files, reader, services_.log);
+  if (!data_.Flags.Error) {
+    destinations_.Remember(data_.MODELTYPE, name);
+    return;
+  }
+  services_.prompts.Show({.title = data_.ProgramTitle,
+                          .text = "IniFileRead Error!!",
+                          .icon = core::Icon::kExclamation,
+                          .details = reader.said});
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,81 @@
+#include "editor/nav_tree.h"
+
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+namespace orvane::editor {
+namespace {
+
+void ExpandedKeys(const QTreeView& view, const QModelIndex& parent, QStringList& keys) {
+  const QAbstractItemModel& model = *view.model();
+  for (int row = 0; row < model.rowCount(parent); ++row) {
+    const QModelIndex index = model.index(row, 0, parent);
+    if (!model.hasChildren(index)) continue;
+    if (view.isExpanded(index)) keys << index.data(TreeModel::kKeyRole).toString();
+    ExpandedKeys(view, index, keys);
+  }
+}
+
+}  // namespace
+
+NavTree::NavTree(TreeModel& model, QWidget* parent) : QTreeView(parent), model_(model) {
+  setModel(&model_);
+  setHeaderHidden(true);
+  setUniformRowHeights(true);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+}
+
+void NavTree::Rebuild() {
+  QStringList expanded;
+  ExpandedKeys(*this, {}, expanded);
+  const QString current = CurrentKey();
+  const QString top = indexAt(QPoint(0, 0)).data(TreeModel::kKeyRole).toString();
+  const int sideways = horizontalScrollBar()->value();
+
+  const QScopedValueRollback<bool> quiet(quiet_, true);
+  if (!model_.Rebuild()) return;
+  for (const QString& key : expanded) setExpanded(model_.IndexOfKey(key), true);
+  if (const QModelIndex index = model_.IndexOfKey(current); index.isValid()) {
+    setCurrentIndex(index);
+  }
+  executeDelayedItemsLayout();
+  if (const QModelIndex index = model_.IndexOfKey(top); index.isValid()) {
+    scrollTo(index, PositionAtTop);
+  }
+  horizontalScrollBar()->setValue(sideways);
+}
+
+QString NavTree::CurrentKey() const {
+  return currentIndex().data(TreeModel::kKeyRole).toString();
+}
+
+void NavTree::SetCurrentKey(const QString& key) {
+  const QModelIndex index = model_.IndexOfKey(key);
+  if (!index.isValid()) return;
+  const QScopedValueRollback<bool> quiet(quiet_, true);
+  setCurrentIndex(index);
+  scrollTo(index);
+}
+
+void NavTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTreeView::currentChanged(current, previous);
+  if (!quiet_ && current.isValid()) emit NodeChosen(CurrentKey());
+}
+
+void NavTree::mousePressEvent(QMouseEvent* event) {
+  {
+    const QScopedValueRollback<bool> quiet(quiet_, true);
+    QTreeView::mousePressEvent(event);
+  }
+  if (indexAt(event->position().toPoint()).isValid()) emit NodeChosen(CurrentKey());
+}
+
+void NavTree::focusInEvent(QFocusEvent* event) {
+  QTreeView::focusInEvent(event);
+  emit FocusGained();
+}
+
+}  // namespace orvane::editor

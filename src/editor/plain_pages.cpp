@@ -1,0 +1,37 @@
+#include "editor/plain_pages.h"
+
+#include <QPixmap>
+#include <QVBoxLayout>
+
+namespace orvane::editor {
+
+GeneralPage::GeneralPage(PageServices services, QWidget* parent)
+    : Page(services, parent), logo_(new QLabel(this)) {
+  setObjectName(QStringLiteral("pictGeneral"));
+  setAccessibleName(tr("General"));
+  logo_->setObjectName(QStringLiteral("pictLogo"));
+  logo_->setAccessibleName(tr("Logo"));
+  logo_->setAlignment(Qt::AlignCenter);
+  logo_->hide();
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(logo_);
+}
+
+void GeneralPage::Fill(const NodeRef& /*node*/) {}
+
+void GeneralPage::ShowLogo(const QString& path) {
+  shown_ = true;
+  logo_->setPixmap(QPixmap(path));
+  logo_->show();
+}
+
+GreyPage::GreyPage(PageServices services, QWidget* parent) : Page(services, parent) {
+  setObjectName(QStringLiteral("pictGrey"));
+  setAccessibleName(tr("Programmable Channel"));
+  setAutoFillBackground(true);
+  setBackgroundRole(QPalette::Window);
+}
+
+void GreyPage::Fill(const NodeRef& /*node*/) {}
+
+}  // namespace orvane::editor

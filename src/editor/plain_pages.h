@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QLabel>
+#include <QString>
+
+#include "editor/page.h"
+
+namespace orvane::editor {
+
+/// `pictGeneral`: nothing but the logo.
+class GeneralPage : public Page {
+  Q_OBJECT
+
+ public:
+  GeneralPage(PageServices services, QWidget* parent = nullptr);
+  void Fill(const NodeRef& node) override;
+
+  /// The picture stays hidden until this; a file that cannot be read leaves the page empty.
+  void ShowLogo(const QString& path);
+  [[nodiscard]] bool LogoShown() const { return shown_; }
+
+ private:
+  QLabel* logo_;
+  bool shown_ = false;
+};
+
+/// `pictGrey`: an empty page for a node that only groups others.
+class GreyPage : public Page {
+  Q_OBJECT
+
+ public:
+  GreyPage(PageServices services, QWidget* parent = nullptr);
+  void Fill(const NodeRef& node) override;
+};
+
+}  // namespace orvane::editor

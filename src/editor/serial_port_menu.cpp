@@ -1,0 +1,53 @@
+#include "editor/serial_port_menu.h"
+
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+
+SerialPortMenu::SerialPortMenu(const Menus& menus, link::PortFinder& finder,
+                               core::SettingsStore& settings)
+    : menus_(menus), list_(finder), settings_(settings) {
+  for (int index = 0; index < Menus::kPorts; ++index) {
+    QAction* item = menus_.ports[static_cast<std::size_t>(index)];
+    item->setCheckable(true);
+    item->setVisible(false);
+    connect(item, &QAction::triggered, this, [this, index] { Pick(index); });
+  }
+  connect(menus_.serial_port, &QMenu::aboutToShow, this, &SerialPortMenu::UpdateComList);
+}
+
+void SerialPortMenu::UpdateComList() {
+  const int count = list_.Create();
+  menus_.no_port->setVisible(count == 0);
+  for (int index = 0; index < Menus::kPorts; ++index) {
+    QAction* item = menus_.ports[static_cast<std::size_t>(index)];
+    item->setVisible(index < count);
+    if (index < count) {
+      item->setText(PlainCaption(platform::FromUtf8(list_.RefComName(index))));
+    }
+  }
+}
+
+void SerialPortMenu::SelectStoredPort() {
+  port_number_ = settings_.PortNumber();
+  if (port_number_ < INT16_MIN || port_number_ > INT16_MAX) return;
+  const int index = list_.FindPortIndex(static_cast<std::int16_t>(port_number_));
+  if (index >= 0) CheckOnly(index);
+}
+
+void SerialPortMenu::Pick(int index) {
+  CheckOnly(index);
+  port_number_ = list_.PortItem(index).port_number;
+  settings_.SetPortNumber(port_number_);
+}
+
+void SerialPortMenu::CheckOnly(int index) {
+  for (int other = 0; other < Menus::kPorts; ++other) {
+    menus_.ports[static_cast<std::size_t>(other)]->setChecked(other == index);
+  }
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+
+#include "core/app_settings.h"
+#include "editor/menus.h"
+#include "link/port_list.h"
+
+namespace orvane::editor {
+
+/// The menu of the serial ports. It is filled anew each time it opens; the check mark moves only
+/// when the user picks a port.
+class SerialPortMenu : public QObject {
+  Q_OBJECT
+
+ public:
+  SerialPortMenu(const Menus& menus, link::PortFinder& finder, core::SettingsStore& settings);
+
+  /// Lists the ports there are now.
+  void UpdateComList();
+  /// Checks the port kept from the last run if it is in the list. It stays selected anyway.
+  void SelectStoredPort();
+  [[nodiscard]] int PortNumber() const { return port_number_; }
+
+ private:
+  void Pick(int index);
+  void CheckOnly(int index);
+
+  const Menus menus_;
+  link::CComList list_;
+  core::AppSettings settings_;
+  int port_number_ = 1;
+};
+
+}  // namespace orvane::editor

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+namespace orvane::editor {
+
+/// While it lives, the window takes no input and the pointer is an hourglass. The focus returns to
+/// where it was. May be nested.
+class Working {
+ public:
+  explicit Working(QWidget& window);
+  ~Working();
+  Working(const Working&) = delete;
+  Working& operator=(const Working&) = delete;
+
+ private:
+  QWidget& window_;
+  bool was_enabled_;
+  QPointer<QWidget> focus_;
+};
+
+}  // namespace orvane::editor
