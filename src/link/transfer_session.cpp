@@ -263,7 +263,10 @@ void TransferSession::WriteData(CloneProtocol& protocol) {
     if (HasStopped()) break;
   }
   link_.PortClose();
-  if (Cancelled()) return;
+  if (Cancelled()) {
+    data_.Flags.Error = true;  // also when Cancel was pressed between two blocks that went well
+    return;
+  }
   if (!data_.Flags.Error) return services_.clock.Pause(kEndOfRunPause);
   core::Message message{std::string(kProgram), std::string(kCommunicationError), Icon::kCritical};
   message.details = kPartlyWrittenNote;

@@ -1,0 +1,394 @@
+#include "link/transfer_session.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "image/codec.h"
+#include "link/transfer_plan.h"
+#include "support/scripted_port.h"
+#include "support/simulated_bench.h"
+
+namespace orvane::link {
+namespace {
+
+using core::Icon;
+using End = TransferSession::End;
+using Texts = std::vector<std::string>;
+
+core::RadioData NewData(std::int16_t model) {
+  core::RadioData data;
+  data.MODELTYPE = model;
+  data.ProductName = "Orvane";
+  image::ResetToDefaults(data, testing::ManualClock().today);
+  return data;
+}
+
+// A radio of the model whose every byte that is no code, product or destination differs from a new
+// image's.
+std::vector<std::uint8_t> UsedMemory(const core::RadioData& data) {
+  const core::ModelProfile& profile = core::ProfileOf(data);
+  core::MemoryImage image = data.Image;
+  for (int i = 66; i < profile.image_size - 2; ++i) {
+    image[i] = static_cast<std::uint8_t>(data.Image[i] ^ (1 + i % 200));
+  }
+  image[168] = static_cast<std::uint8_t>(data.Image[168] ^ 0x04);
+  if (profile.product_byte) image[16370] = *profile.product_byte;
+  return RadioMemory(profile, image.Used());
+}
+
+struct Bench {
+  explicit Bench(std::int16_t model = 5, double baud = 0) : data(NewData(model)) {
+    radio = std::make_unique<testing::SimulatedBench>(UsedMemory(data), baud);
+    session = std::make_unique<TransferSession>(
+        data, LinkServices{radio->port, radio->clock, radio->pump, log, view}, prompts);
+    before = data;
+  }
+  End Run(SessionKind kind) {
+    const End end = session->Run(kind);
+    EXPECT_FALSE(data.Flags.Busy);
+    EXPECT_FALSE(radio->port.IsOpen());
+    return end;
+  }
+  void Fault(const char* text) {
+    faults.Add(*ParseFault(text).fault), radio->radio.SetFaults(faults);
+  }
+  /// Addresses asked for, runs of pieces of one length joined: "66-73/1 96-159/16".
+  std::string Asked(ExchangeKind kind) const {
+    std::string text;
+    int first = 0, next = -1, length = 0;
+    const auto close = [&] {
+      if (next < 0) return;
+      text += (text.empty() ? "" : " ") + std::to_string(first) + "-" + std::to_string(next - 1) +
+              "/" + std::to_string(length);
+    };
+    for (const Exchange& exchange : radio->asked) {
+      if (exchange.kind != kind) continue;
+      if (exchange.address != next || exchange.length != length) {
+        close();
+        first = exchange.address;
+        length = exchange.length;
+      }
+      next = exchange.address + exchange.length;
+    }
+    close();
+    return text;
+  }
+  /// Messages as title: text.
+  Texts Told() const {
+    Texts told;
+    for (const core::Message& message : prompts.messages) {
+      told.push_back(message.title + ": " + message.text);
+    }
+    return told;
+  }
+  bool ContentsUnchanged() const {
+    return data.Image == before.Image && data.Marine == before.Marine && data.WX == before.WX &&
+           data.EXP == before.EXP && data.Usable == before.Usable && data.Common == before.Common &&
+           data.Dsc == before.Dsc && data.Atis == before.Atis &&
+           data.CallSigns == before.CallSigns && data.Stations == before.Stations &&
+           data.StationGroups == before.StationGroups &&
+           bool(data.ExpPresent) == bool(before.ExpPresent);
+  }
+
+  core::RadioData data;
+  core::RadioData before;
+  std::unique_ptr<testing::SimulatedBench> radio;
+  testing::RecordingLog log;
+  testing::RecordingView view;
+  testing::ScriptedPrompts prompts;
+  FaultPlan faults;
+  std::unique_ptr<TransferSession> session;
+};
+
+TEST(ReadSession, TakesWhatIsReadAndKeepsTheRestForEveryModel) {
+  for (std::int16_t model = 0; model <= 6; ++model) {
+    SCOPED_TRACE(model);
+    Bench bench(model);
+    EXPECT_EQ(bench.Run(SessionKind::kRead), End::kClose);
+    EXPECT_TRUE(bench.session->TransferDone());
+    EXPECT_EQ(bench.Told().front(), "Read from Radio: Complete!!");
+    const std::string code = model <= 3 ? "0-1/2" : "64-65/2";
+    EXPECT_EQ(bench.Asked(ExchangeKind::kRead),
+              model == 1
+                  ? "0-1/2 8190-8191/2 168-168/1 64-8191/16"
+                  : code + " 16382-16383/2 16370-16370/1 168-168/1 64-13567/16 16304-16383/16");
+    for (int i = 0; i <= bench.data.Image.LastIndex(); ++i) {
+      const bool read = i >= 64 && (i < 13568 || i >= 16304);
+      const auto radio_byte = bench.radio->radio.Memory()[static_cast<std::size_t>(i)];
+      ASSERT_EQ(bench.data.Image[i], read ? radio_byte : bench.before.Image[i]) << i;
+    }
+    EXPECT_FALSE(bench.data.Common == bench.before.Common) << "not decoded";
+    EXPECT_EQ(bench.view.bytes_so_far, bench.view.bytes_total);
+    EXPECT_EQ(bench.view.percents.back(), 0);
+    EXPECT_EQ(*std::max_element(bench.view.percents.begin(), bench.view.percents.end()), 100);
+  }
+}
+
+TEST(ReadSession, AFailureLeavesTheDataAsTheyWere) {
+  for (const char* const fault :
+       {"wrong-echo@read:200", "garbled-reply@read:200=30", "short-reply@read:200=20",
+        "late-reply@read:200=11", "missing-reply@read:200", "wrong-checksum@read:200",
+        "wrong-address@read:200", "wrong-length@read:200", "short-data@read:200",
+        "unknown@read:200", "missing-echo@closing:200", "wrong-echo@closing:853"}) {
+    SCOPED_TRACE(fault);
+    Bench bench;
+    bench.Fault(fault);
+    EXPECT_EQ(bench.Run(SessionKind::kRead), End::kStay);
+    EXPECT_TRUE(bench.ContentsUnchanged());
+    EXPECT_FALSE(bench.session->TransferDone());
+    EXPECT_TRUE(bench.data.Flags.Error);
+    EXPECT_EQ(bench.Told().back(), "Read from Radio: Communication Error!!");
+  }
+}
+
+TEST(ReadSession, CancelSendsCanAndLeavesTheDataAsTheyWere) {
+  for (const double after : {0.0, 20.0}) {  // between two blocks; inside a wait
+    Bench bench(5, 9600);
+    if (after == 0) {
+      bench.view.on_block = [&] { bench.data.Flags.Cancel = true; };
+    } else {
+      const double at = bench.radio->clock.now + after;
+      bench.radio->pump.on_wait = [&, at](double deadline) {
+        const std::optional<double> wake = bench.radio->port.NextWake(deadline);
+        if (bench.radio->clock.now >= at) bench.data.Flags.Cancel = true;
+        return wake;
+      };
+    }
+    bench.Run(SessionKind::kRead);
+    EXPECT_EQ(bench.radio->asked.back().kind, ExchangeKind::kCancel);
+    EXPECT_TRUE(bench.ContentsUnchanged());
+    EXPECT_FALSE(bench.session->TransferDone());
+    EXPECT_TRUE(bench.data.Flags.Cancel);
+    for (const std::string& told : bench.Told()) EXPECT_EQ(told, "Read from Radio: cancel!!");
+  }
+}
+
+TEST(ProgramSession, WritesTheBytesOfTheAvailableGroupsOnly) {
+  const std::string common = "66-73/1 75-91/1 93-95/1 96-159/16 160-168/1 173-173/1 256-511/16 ";
+  struct Case {
+    std::array<bool, 4> enabled;
+    std::string channels;
+  };
+  const std::vector<Case> cases = {
+      {{true, true, true, true}, "768-12431/16"},
+      {{false, true, true, true}, "1248-3071/16 5952-12431/16"},
+      {{true, false, true, true}, "768-1279/16 1760-5951/16 8832-12431/16"},
+      {{true, true, false, true}, "768-1791/16 2272-8831/16 11712-12431/16"},
+      {{true, true, true, false}, "768-2303/16 2944-11839/16 12320-12431/16"},
+      {{false, false, false, false},
+       "1248-1279/16 1760-1791/16 2272-2303/16 2944-3071/16 11712-11839/16 12320-12431/16"},
+  };
+  for (const Case& c : cases) {
+    Bench bench;
+    for (std::size_t i = 0; i < 4; ++i) bench.data.Usable[i].Enable = c.enabled[i];
+    bench.data.ExpPresent = false;
+    EXPECT_EQ(bench.Run(SessionKind::kProgram), End::kClose);
+    EXPECT_EQ(bench.Asked(ExchangeKind::kWrite), common + c.channels);
+    EXPECT_EQ(bench.Told(), Texts{"Program to Radio: Complete!!"});
+    EXPECT_TRUE(bench.session->TransferDone());
+    EXPECT_FALSE(bench.session->PartlyWritten());
+    EXPECT_EQ(bench.view.bytes_so_far, bench.view.bytes_total);
+  }
+}
+
+TEST(ProgramSession, ExpChannelsInUseAreWrittenEvenWhenTheirGroupIsSwitchedOff) {
+  core::RadioData data = NewData(0);
+  data.Usable[core::kExtraGroup].Enable = false;
+  for (const bool present : {false, true}) {
+    data.ExpPresent = present;
+    EXPECT_EQ(PiecesToWrite(2304, data).size(), present ? 1U : 0U);
+    EXPECT_EQ(PiecesToWrite(12304, data).size(), present ? 1U : 0U);
+  }
+}
+
+TEST(ProgramSession, LeavesTheRadioWithTheImageAndItsOwnBytes) {
+  Bench bench(1);
+  const std::vector<std::uint8_t> old(bench.radio->radio.Memory().begin(),
+                                      bench.radio->radio.Memory().end());
+  EXPECT_EQ(bench.Run(SessionKind::kProgram), End::kClose);
+  EXPECT_TRUE(bench.Asked(ExchangeKind::kWrite).ends_with("-8191/16"));
+  EXPECT_EQ(bench.data.Image[504], 0xA1);
+  EXPECT_EQ(bench.data.Image[90], old[90]);
+  EXPECT_EQ(bench.data.Image[168] & 0x04, old[168] & 0x04);
+  EXPECT_EQ(bench.data.Image[168] & 0xFB, bench.before.Image[168] & 0xFB);
+  const auto now = bench.radio->radio.Memory();
+  for (const int own : {0, 1, 65, 74, 92, 169, 172, 174, 255, 512, 767}) {
+    EXPECT_EQ(now[static_cast<std::size_t>(own)], old[static_cast<std::size_t>(own)]) << own;
+  }
+  for (const int written : {66, 90, 95, 96, 168, 173, 504, 1250, 8190}) {
+    EXPECT_EQ(now[static_cast<std::size_t>(written)], bench.data.Image[written]) << written;
+  }
+}
+
+TEST(ProgramSession, TheRadiosOwnBytesCannotSpoilTheImageWhenTheyAreNotRead) {
+  Bench bench;
+  bench.Fault("missing-reply@read:5");
+  bench.Fault("wrong-checksum@read:6");
+  bench.data.Image[90] = 0x42;
+  EXPECT_EQ(bench.Run(SessionKind::kProgram), End::kClose);
+  EXPECT_TRUE(bench.session->TransferDone());
+  EXPECT_EQ(bench.data.Image[168], bench.before.Image[168]);
+  EXPECT_EQ(bench.radio->radio.Memory()[90], bench.data.Image[90]);
+  EXPECT_NE(bench.Asked(ExchangeKind::kWrite), "");
+}
+
+TEST(ProgramSession, AByteThatWasNotWrittenNeverEndsInSuccess) {
+  struct Case {
+    const char* fault;
+    const char* written;
+  };
+  for (const Case& c : {Case{"missing-reply@write:3", "66-73/1 75-79/1"},
+                        {"missing-reply@write:13", "66-73/1 75-79/1"},
+                        {"garbled-reply@write:14", "66-73/1 75-91/1 93-95/1"},
+                        {"missing-reply@write:30", "66-73/1 75-91/1 93-95/1 96-127/16"}}) {
+    SCOPED_TRACE(c.fault);
+    Bench bench;
+    bench.Fault(c.fault);
+    EXPECT_EQ(bench.Run(SessionKind::kProgram), End::kStay);
+    EXPECT_EQ(bench.Asked(ExchangeKind::kWrite), c.written);
+    EXPECT_EQ(bench.Told(), Texts{"Program to Radio: Communication Error!!"});
+    EXPECT_EQ(bench.prompts.messages[0].details, kPartlyWrittenNote);
+    EXPECT_TRUE(bench.session->PartlyWritten());
+    EXPECT_FALSE(bench.session->TransferDone());
+  }
+}
+
+TEST(ProgramSession, CancelStopsAtOnceAndSendsNothingMore) {
+  Bench bench;
+  bench.view.on_block = [&] { bench.data.Flags.Cancel = true; };
+  EXPECT_EQ(bench.Run(SessionKind::kProgram), End::kStay);
+  EXPECT_EQ(bench.Asked(ExchangeKind::kWrite), "66-73/1 75-79/1");
+  EXPECT_EQ(bench.radio->asked.back().kind, ExchangeKind::kWrite);
+  EXPECT_TRUE(bench.prompts.messages.empty());
+  EXPECT_TRUE(bench.session->PartlyWritten());
+}
+
+TEST(ProgramSession, ACancelBeforeTheFirstWriteLeavesTheRadioUntouched) {
+  Bench bench;
+  bench.radio->radio.SetObserver([&](const Exchange& exchange) {
+    bench.radio->asked.push_back(exchange);
+    if (exchange.kind == ExchangeKind::kRead && exchange.address == 90) {
+      bench.data.Flags.Cancel = true;
+    }
+  });
+  bench.Run(SessionKind::kProgram);
+  EXPECT_EQ(bench.Asked(ExchangeKind::kWrite), "");
+  EXPECT_FALSE(bench.session->TransferDone());
+  EXPECT_FALSE(bench.session->PartlyWritten());
+}
+
+TEST(ModelCheck, RefusesAnyOtherRadioBeforeAnythingTravels) {
+  struct Case {
+    const char* name;
+    std::vector<std::pair<std::size_t, int>> bytes;
+    Texts texts;
+  };
+  const std::vector<Case> cases = {
+      {"other code", {{65, 0}, {16383, 0}}, {"ModelType Error !!"}},
+      {"codes differ", {{16383, 0}}, {"ModelType Error !!"}},
+      {"product", {{16370, 3}}, {"Product Error !!"}},
+      {"code and product", {{64, 0}, {16370, 3}}, {"ModelType Error !!", "Product Error !!"}},
+      {"SEL1", {{168, 0x20}}, {"Destination Error !!"}},
+      {"SEL2", {{168, 0x10}}, {"Destination Error !!"}},
+      {"code and destination", {{64, 0}, {168, 0x20}}, {"ModelType Error !!"}},
+  };
+  for (const SessionKind kind : {SessionKind::kRead, SessionKind::kProgram, SessionKind::kClear}) {
+    for (const Case& c : cases) {
+      SCOPED_TRACE(c.name);
+      Bench bench;
+      for (const auto& [at, value] : c.bytes) {
+        std::uint8_t& byte = bench.radio->radio.Memory()[at];
+        byte = static_cast<std::uint8_t>(at == 168 ? byte ^ value : value);
+      }
+      EXPECT_EQ(bench.Run(kind), End::kStay);
+      EXPECT_EQ(bench.prompts.Texts(), c.texts);
+      EXPECT_EQ(bench.prompts.messages[0].title,
+                kind == SessionKind::kClear ? "Radio Clear" : ModeTitle(kind));
+      EXPECT_EQ(bench.Asked(ExchangeKind::kWrite), "");
+      EXPECT_FALSE(bench.Asked(ExchangeKind::kRead).ends_with("/16"));
+      EXPECT_FALSE(bench.session->PartlyWritten());
+    }
+  }
+}
+
+TEST(TransferSession, SaysWhichStepFailed) {
+  struct Case {
+    const char* fault;
+    Texts told;
+  };
+  for (const Case& c : {Case{"missing-reply@handshake", {"Read from Radio: Communication Error!!"}},
+                        {"missing-reply@sync:2", {}},
+                        {"other-status@status", {"Read from Radio: Radio not ready!!"}},
+                        {"missing-reply@read:2", {"Model Check: Communication Error!!"}}}) {
+    Bench bench;
+    bench.Fault(c.fault);
+    EXPECT_EQ(bench.Run(SessionKind::kRead), End::kStay) << c.fault;
+    EXPECT_EQ(bench.Told(), c.told);
+    EXPECT_TRUE(bench.ContentsUnchanged());
+    // The next press of OK starts afresh.
+    bench.radio->radio.SetFaults({});
+    EXPECT_EQ(bench.Run(SessionKind::kRead), End::kClose);
+  }
+}
+
+TEST(TransferSession, AnUnpluggedCableIsToldAndLoggedAtOnce) {
+  struct Case {
+    SessionKind kind;
+    const char* fault;
+    const char* routine;
+    bool partly_written;
+  };
+  for (const Case& c : {Case{SessionKind::kRead, "unplug@read:2=5", "ReadDataChkModel", false},
+                        {SessionKind::kRead, "unplug@read:99=40", "ReadData", false},
+                        {SessionKind::kProgram, "unplug@write:40=9", "WriteData", true}}) {
+    SCOPED_TRACE(c.fault);
+    Bench bench(5, 9600);
+    bench.data.Flags.Debug = true;
+    bench.Fault(c.fault);
+    const double start = bench.radio->clock.now;
+    EXPECT_EQ(bench.Run(c.kind), End::kStay);
+    EXPECT_LT(bench.radio->clock.now - start, 60);
+    EXPECT_EQ(bench.Told(), Texts{"Orvane: 5\r\rInput/output error"});
+    EXPECT_EQ(bench.log.lines,
+              Texts{"frmRadio102." + std::string(c.routine) + " -> 5Input/output error"});
+    EXPECT_EQ(bench.prompts.messages[0].details, c.partly_written ? kPartlyWrittenNote : "");
+    EXPECT_EQ(bench.session->PartlyWritten(), c.partly_written);
+    EXPECT_TRUE(bench.data.Flags.Cancel);
+    EXPECT_EQ(bench.ContentsUnchanged(), c.kind == SessionKind::kRead);
+  }
+}
+
+TEST(TransferSession, NoToTheNarrowbandQuestionSendsNothing) {
+  Bench bench;
+  core::ChannelRecord& channel = bench.data.EXP[1];
+  channel.Enable = true;
+  channel.LMR_EXP = -1;
+  channel.Txfreq = 155;
+  bench.data.LmrPresent() = true;
+  bench.prompts.answers = {core::Answer::kNo};
+  EXPECT_EQ(bench.Run(SessionKind::kProgram), End::kClose);
+  EXPECT_FALSE(bench.session->TransferDone());
+  EXPECT_EQ(bench.radio->asked.back().kind, ExchangeKind::kSync);
+  EXPECT_TRUE(channel.Narrow);
+}
+
+TEST(TransferSession, TheClearSessionEndsAfterItsCheck) {
+  Bench bench;
+  EXPECT_EQ(bench.Run(SessionKind::kClear), End::kClose);
+  EXPECT_FALSE(bench.session->TransferDone());
+  EXPECT_EQ(bench.Asked(ExchangeKind::kWrite), "");
+}
+
+TEST(TransferSession, MonitorsItsStepsInDebugMode) {
+  Bench bench;
+  bench.data.Flags.Debug = true;
+  bench.Run(SessionKind::kRead);
+  EXPECT_EQ(bench.view.monitor,
+            (Texts{"startsync...", "9600,N,8,1", "sending 'ACMD:002'...", "9600,N,8,1",
+                   "sending '#CMDSY'...(1)", "sending '#CMDSY'...(2)", "sync ok", "status check..",
+                   "status check.. OK", "model check...", "radio reading...", ""}));
+}
+
+}  // namespace
+}  // namespace orvane::link
