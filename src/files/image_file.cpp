@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/app_settings.h"
 #include "core/model_profile.h"
 #include "image/codec.h"
 #include "image/image_check.h"
@@ -127,15 +128,15 @@ ImageModel DetectImageModel(std::string_view bytes) {
       std::any_of(profiles.begin(), profiles.end(), [&](const core::ModelProfile& profile) {
         return core::ImageLengthMatches(profile, bytes.size());
       });
-  if (!known_length) return {std::nullopt, kBadFile};
+  if (!known_length) return {std::nullopt, kBadFile, core::kProgramTitle};
   const image::ModelCodes codes = image::ReadModelCodes(ToBytes(bytes));
   const core::ModelProfile* const profile = core::FindProfileByCode(codes.first);
-  if (profile == nullptr) return {std::nullopt, kModelTypeError};
-  if (!core::ImageLengthMatches(*profile, bytes.size())) return {std::nullopt, kBadFile};
+  if (profile == nullptr) return {std::nullopt, kModelTypeError, kReadTitle};
+  if (!core::ImageLengthMatches(*profile, bytes.size())) return {std::nullopt, kBadFile, core::kProgramTitle};
   if (!core::ModelCodeMatches(*profile, codes.first, codes.second)) {
-    return {std::nullopt, kModelTypeError};
+    return {std::nullopt, kModelTypeError, kReadTitle};
   }
-  return {profile->model_type, {}};
+  return {profile->model_type, {}, {}};
 }
 
 }  // namespace orvane::files

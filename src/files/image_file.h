@@ -33,6 +33,7 @@ void LoadHexFile(core::RadioData& data, const std::string& path, core::FileStore
 struct ImageModel {
   std::optional<std::int16_t> model_type;
   std::string_view refusal;
+  std::string_view title{};  ///< of the refusal's message box
 };
 [[nodiscard]] ImageModel DetectImageModel(std::string_view bytes);
 
