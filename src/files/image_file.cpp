@@ -132,7 +132,8 @@ ImageModel DetectImageModel(std::string_view bytes) {
   const image::ModelCodes codes = image::ReadModelCodes(ToBytes(bytes));
   const core::ModelProfile* const profile = core::FindProfileByCode(codes.first);
   if (profile == nullptr) return {std::nullopt, kModelTypeError, kReadTitle};
-  if (!core::ImageLengthMatches(*profile, bytes.size())) return {std::nullopt, kBadFile, core::kProgramTitle};
+  if (!core::ImageLengthMatches(*profile, bytes.size()))
+    return {std::nullopt, kBadFile, core::kProgramTitle};
   if (!core::ModelCodeMatches(*profile, codes.first, codes.second)) {
     return {std::nullopt, kModelTypeError, kReadTitle};
   }
