@@ -1,0 +1,65 @@
+#include <QApplication>
+#include <string>
+#include <vector>
+
+#include "core/app_settings.h"
+#include "editor/main_window.h"
+#include "platform/ansi_text.h"
+#include "platform/file_dialogs.h"
+#include "platform/file_error_log.h"
+#include "platform/message_box_prompts.h"
+#include "platform/paths.h"
+#include "platform/qt_clock.h"
+#include "platform/qt_event_pump.h"
+#include "platform/qt_file_store.h"
+#include "platform/qt_port_finder.h"
+#include "platform/qt_settings_store.h"
+
+namespace {
+
+/// The words after the program's name, split at blanks once more: a desktop entry may hand several
+/// over as one argument.
+std::vector<std::string> CommandLineWords(const QStringList& arguments) {
+  std::vector<std::string> words;
+  for (const QString& argument : arguments.mid(1)) {
+    for (const QString& word : argument.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+      words.push_back(orvane::platform::ToUtf8(word));
+    }
+  }
+  return words;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  namespace platform = orvane::platform;
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QLatin1String(orvane::core::kProductName.data()));
+
+  orvane::core::RadioData data;
+  data.Flags.Debug = orvane::core::HasDebugSwitch(CommandLineWords(QApplication::arguments()));
+
+  platform::MessageBoxPrompts prompts;
+  platform::QtClock clock;
+  platform::QtEventPump pump(clock);
+  platform::QtSettingsStore settings(platform::SettingsPath());
+  platform::QtFileStore files;
+  platform::FileErrorLog log(platform::ErrorLogPath(), data.Flags.Debug);
+  platform::QtPortFinder ports(platform::PortLinksFolder());
+  platform::QtFileDialogs dialogs;
+
+  orvane::editor::MainWindow window({.data = data,
+                                     .prompts = prompts,
+                                     .clock = clock,
+                                     .pump = pump,
+                                     .settings = settings,
+                                     .files = files,
+                                     .log = log,
+                                     .ports = ports,
+                                     .dialogs = dialogs,
+                                     .commands = nullptr,
+                                     .program_folder = platform::ProgramFolder(),
+                                     .data_folder = platform::DataFolder()});
+  window.show();
+  return QApplication::exec();
+}
