@@ -15,6 +15,11 @@ if(ORVANE_SANITIZE)
   target_link_options(orvane_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+# The libraries too, so that the fuzzer sees which of their lines an input reaches.
+if(ORVANE_FUZZ)
+  target_compile_options(orvane_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(ORVANE_COVERAGE)
   target_compile_options(orvane_flags INTERFACE --coverage -O0)
   target_link_options(orvane_flags INTERFACE --coverage)

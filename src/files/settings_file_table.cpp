@@ -83,7 +83,7 @@ SettingSection& SettingTable::AddSection(std::string_view name) {
   return sections_.emplace_back(SettingSection{std::move(key), {}});
 }
 
-SectionView SettingTable::Find(std::string_view name) const {
+SectionView SettingTable::Find(std::string_view name) const& {
   const auto it = by_name_.find(core::UpperCase(name));
   return it == by_name_.end() ? SectionView() : SectionView(&sections_, &it->second);
 }

@@ -39,8 +39,10 @@ class SettingTable {
  public:
   /// A new last section; the reference holds until the next call.
   SettingSection& AddSection(std::string_view name);
-  [[nodiscard]] const std::vector<SettingSection>& Sections() const { return sections_; }
-  [[nodiscard]] SectionView Find(std::string_view name) const;
+  [[nodiscard]] const std::vector<SettingSection>& Sections() const& { return sections_; }
+  [[nodiscard]] SectionView Find(std::string_view name) const&;
+  void Sections() const&& = delete;
+  void Find(std::string_view name) const&& = delete;
 
  private:
   std::vector<SettingSection> sections_;

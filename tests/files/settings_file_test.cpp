@@ -1,0 +1,621 @@
+#include "files/settings_file.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "core/app_settings.h"
+#include "core/model_profile.h"
+#include "core/number_text.h"
+#include "files/settings_file_keys.h"
+#include "files/settings_file_table.h"
+#include "image/codec.h"
+#include "image/raw_areas.h"
+#include "support/fakes.h"
+#include "support/radio_data_compare.h"
+
+namespace orvane::files {
+namespace {
+
+using core::RadioData;
+
+class Fixture {
+ public:
+  RadioData Fresh(std::int16_t model) const {
+    RadioData data;
+    data.MODELTYPE = model;
+    data.ProgramTitle = core::kProgramTitle;
+    image::ResetToDefaults(data, clock.today);
+    return data;
+  }
+  void Read(RadioData& data, const std::string& path = kPath) {
+    ReadSettingFile(data, path, files, prompts, pump);
+  }
+
+  static constexpr const char* kPath = "/boat.dat";
+  testing::ManualClock clock;
+  testing::ManualPump pump{clock};
+  testing::ScriptedPrompts prompts;
+  testing::MemoryFiles files;
+};
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = text.find("\r\n", at);
+    EXPECT_NE(end, std::string::npos) << "last line not ended";
+    if (end == std::string::npos) break;
+    lines.push_back(text.substr(at, end - at));
+    at = end + 2;
+  }
+  return lines;
+}
+
+/// Lines of one section, blank-separated.
+std::string SectionText(const std::string& text, const std::string& name) {
+  std::string result;
+  bool inside = false;
+  for (const std::string& line : Lines(text)) {
+    if (inside && line.starts_with("[")) break;
+    if (inside) result += (result.empty() ? "" : "|") + line;
+    inside = inside || line == "[" + name + "]";
+  }
+  return result;
+}
+
+TEST(SettingsFileWriter, WritesTheSectionsInOrder) {
+  Fixture f;
+  std::vector<std::string> expected = {"[MAIN]", "[Usable CH Group Setup]", "[Common Setup]",
+                                       "[ATIS Setup (Common)]"};
+  for (const char* name : {"[CHUSA", "[CHINT", "[CHCAN"}) {
+    for (int i = 0; i < 240; ++i) expected.push_back(name + std::to_string(i) + "]");
+  }
+  for (int i = 0; i < 10; ++i) expected.push_back("[CHWX" + std::to_string(i) + "]");
+  for (int i = 1; i <= 40; ++i) expected.push_back("[CHEXP" + std::to_string(i) + "]");
+  expected.emplace_back("[PRISETCH]");
+
+  std::vector<std::string> sections;
+  for (const std::string& line : Lines(SettingFileText(f.Fresh(5), f.pump))) {
+    if (line.starts_with("[")) sections.push_back(line);
+  }
+  EXPECT_EQ(sections, expected);
+  EXPECT_EQ(f.pump.yields, 3 * 8);
+}
+
+TEST(SettingsFileWriter, WritesEveryKeyInItsOrderAndForm) {
+  Fixture f;
+  RadioData data = f.Fresh(5);
+  data.ModelName = "KT740";
+  image::SetDestinationBits(data.Image, true, false);
+  for (int slot = 0; slot < image::kStoredChannelSlots; ++slot) {
+    for (int group = 0; group < image::kStoredChannelGroups; ++group) {
+      image::SetStoredChannel(data.Image, group, slot, image::kEmptyStoredChannel);
+    }
+  }
+  image::SetStoredChannel(data.Image, 0, 3, 289);
+  image::SetStoredChannel(data.Image, 0, 5, 290);  // no channel: skipped
+  image::SetStoredChannel(data.Image, 0, 7, 0);
+  data.Usable[0] = {true, false, -1, true, " A#", -5};
+  data.Usable[1] = {false, true, 259, false, "", 255};
+  data.Usable[2] = {true, true, -7, false, "C", 0};
+  data.Usable[3] = {true, false, 0, true, "D", 0};
+  data.Common = {.TX_Po_Display = -2,
+                 .Last_TX_Power = 1,
+                 .SQL = 15,
+                 .Last_CH_Group = 2,
+                 .Last_Display_CH = -1,
+                 .Marine_LMR_CH = 65536 + 32,
+                 .SCAN = true,
+                 .Resume_Time = -3,
+                 .PTT_SCAN_Clear = false,
+                 .Dual_Watch = true,
+                 .Offset_Time = -4,
+                 .Magnetic_Variation = 1,
+                 .Weater = 3,
+                 .RotaryBeep = true};
+  data.Atis = {{true, false, false, true}, "0123456789", {}};
+  core::ChannelRecord& marine = data.Table(core::MarineGroup::kIntl)[33] = {};
+  marine.Position = 33;
+  marine.Enable = marine.TxEnable = true;
+  marine.TXPower = 255;
+  marine.Scramble = -7;
+  marine.ChTag = "  VTS";
+  data.WX[9] = {};
+  data.WX[9].ChTag = "WX";
+  core::ChannelRecord& extra = data.EXP[40] = {};
+  extra.Enable = extra.Narrow = extra.USA_Group = true;
+  extra.LMR_EXP = -1;
+  extra.ChTag = "NET";
+  extra.CHDisplayL = "L";
+  extra.Rxfreq = 156.8;
+  extra.Txfreq = 157.0125;
+  extra.TxDCS = 208;
+  extra.RxCTCSS = 50;
+  for (int k = 0; k < image::kPriSetChLength; ++k) {
+    data.Image[image::kPriSetChOffset + k] = static_cast<std::uint8_t>(15 + 16 * k);
+  }
+  const std::string text = SettingFileText(data, f.pump);
+
+  EXPECT_EQ(SectionText(text, "MAIN"),
+            "MODEL=#KT740|TYPE=#KIV|VERSION=#2.00|MODELTYPE=5|SEL1=1|SEL2=0");
+  EXPECT_EQ(SectionText(text, "Usable CH Group Setup"),
+            "USA=1|INTL=0|Canada=1|EXP CH=1|TX TOT 0=0|TX TOT 1=1|TX TOT 2=1|TX TOT 3=0|"
+            "Priority CH 0=-1|Priority CH 0-Cmb 1=289|Priority CH 0-Cmb 2=0|Priority CH 0Backup=5|"
+            "Priority CH 1=259|Priority CH 1Backup=255|Priority CH 2=7|Priority CH 2Backup=0|"
+            "Status Icon 0=1|Status Icon 1=0|Status Icon 2=0|Status Icon 3=1|"
+            "Status name 0= A#|Status name 1=|Status name 2=C|Status name 3=D");
+  EXPECT_EQ(SectionText(text, "Common Setup"),
+            "TX Po Display=2|Last TX Power=1|Last CH Group=2|SQL=15|Last Display CH=-1|"
+            "Marine_LMR CH=32|SCAN=1|Resume Time=-3|PTT SCAN Clear=0|Dual Watch=1|Offset Time=-4|"
+            "Magnetic Variation=1|Weater=3");
+  EXPECT_EQ(SectionText(text, "ATIS Setup (Common)"),
+            "Usable ATIS CH Group0=1|Usable ATIS CH Group1=0|Usable ATIS CH Group2=0|"
+            "Usable ATIS CH Group3=1|Atis Code=#0123456789");
+  EXPECT_EQ(SectionText(text, "CHINT33"),
+            "Position=33|Enable=1|LowPower=0|TXPower=255|PowUp=0|Duplex=0|TxEnable=1|DispayA=0|"
+            "ScanMemory=0|Scramble=-7|ChTag=#  VTS");
+  EXPECT_EQ(SectionText(text, "CHWX9"), "Enable=0|ScanMemory=0|ChTag=#WX");
+  EXPECT_EQ(SectionText(text, "CHEXP40"),
+            "Enable=1|LMR EXP=1|CHDisplayL=L|CHDisplayR=|Rxfreq=156.8|Txfreq=157.0125|LowPower=0|"
+            "TXPower=0|PowUp=0|ScanMemory=0|ClockShift=0|USA Group=0|INT Group=1|CAN Group=1|"
+            "Scramble=0|ChTag=#NET|Narrow=1|TxDCS=208|RxDCS=0|RxComp=0|TxCTCSS=0|RxCTCSS=50");
+  EXPECT_EQ(SectionText(text, "PRISETCH"),
+            "A0=&H0F|A1=&H1F|A2=&H2F|A3=&H3F|A4=&H4F|A5=&H5F|A6=&H6F|A7=&H7F");
+}
+
+TEST(SettingsFileWriter, KeepsOnlyTheKeysOfTheModel) {
+  const auto keeps = [](const std::string& text, const char* section, const char* key) {
+    return ("|" + SectionText(text, section)).find(std::string("|") + key) != std::string::npos;
+  };
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    SCOPED_TRACE(profile.model);
+    Fixture f;
+    const std::string text = SettingFileText(f.Fresh(profile.model_type), f.pump);
+    const bool names = profile.model_type != 1;
+    const bool tones = profile.model_type == 2 || profile.model_type >= 4;
+    EXPECT_EQ(keeps(text, "Usable CH Group Setup", "Status name 0="), names);
+    EXPECT_EQ(keeps(text, "CHUSA0", "Scramble="), names);
+    EXPECT_EQ(keeps(text, "CHUSA0", "ChTag="), names);
+    EXPECT_EQ(keeps(text, "CHWX0", "ChTag="), names);
+    EXPECT_EQ(keeps(text, "CHEXP1", "ChTag="), tones);
+    EXPECT_EQ(keeps(text, "CHEXP1", "RxCTCSS="), tones);
+    EXPECT_EQ(keeps(text, "ATIS Setup (Common)", "Usable ATIS Kikker CH Group3="),
+              profile.model_type == 0);
+  }
+}
+
+TEST(SettingsFileWriter, EnablesExtraChannelsOnlyWithTheirGroup) {
+  Fixture f;
+  RadioData data = f.Fresh(5);
+  data.LmrPresent() = false;
+  data.ExpPresent = true;
+  for (int number = 1; number <= 3; ++number) data.EXP[number].Enable = true;
+  data.EXP[1].LMR_EXP = -1;
+  data.EXP[2].LMR_EXP = 0;
+  data.EXP[3].LMR_EXP = 5;
+  const std::string text = SettingFileText(data, f.pump);
+  EXPECT_TRUE(SectionText(text, "CHEXP1").starts_with("Enable=0|LMR EXP=1|"));
+  EXPECT_TRUE(SectionText(text, "CHEXP2").starts_with("Enable=1|LMR EXP=0|"));
+  EXPECT_TRUE(SectionText(text, "CHEXP3").starts_with("LMR EXP=1|"));
+  EXPECT_TRUE(data.EXP[1].Enable);
+}
+
+TEST(SettingsFileWriter, ALineEndInATextCannotStartALine) {
+  Fixture f;
+  RadioData data = f.Fresh(5);
+  data.WX[0].ChTag = "A\r\n[MAIN]\rB\nC";
+  EXPECT_EQ(SectionText(SettingFileText(data, f.pump), "CHWX0"),
+            "Enable=1|ScanMemory=0|ChTag=#A  [MAIN] B C");
+}
+
+/// Every field the file keeps for the model, changed by chance but to values that it can hold.
+class RandomContents {
+ public:
+  explicit RandomContents(unsigned seed) : random_(seed) {}
+
+  void Fill(RadioData& data) {
+    const core::ModelProfile& profile = core::ProfileOf(data);
+    image::SetDestinationBits(data.Image, Bit(), Bit());
+    data.SEL1 = image::Sel1(data.Image) ? "1" : "0";
+    data.SEL2 = image::Sel2(data.Image) ? "1" : "0";
+    data.ModelName = core::ModelDisplayName(data.MODELTYPE, image::Sel1(data.Image));
+    for (int group = 0; group < image::kStoredChannelGroups; ++group) FillGroup(data, group);
+    for (core::UsableGroup& usable : data.Usable) {
+      for (const auto& row : {kTimeOutRow, kStatusIconRow, kStatusNameRow}) {
+        SetRow(row, row.kept, profile, usable);
+      }
+    }
+    for (const auto& row : kCommonRows) SetRow(row, row.kept, profile, data.Common);
+    for (const auto& row : kAtisRows) SetRow(row, row.kept, profile, data.Atis);
+    for (core::MarineTable& table : data.Marine) {
+      for (core::ChannelRecord& channel : table) {
+        const std::int16_t position = channel.Position;
+        SetChannel(channel, &Tables::marine, profile);
+        channel.Position = position;
+        channel.Duplex = channel.Duplex && channel.DuplexAllowed;
+      }
+    }
+    for (core::ChannelRecord& channel : data.WX) SetChannel(channel, &Tables::wx, profile);
+    data.LmrPresent() = data.ExpPresent = false;
+    for (core::ChannelRecord& channel : data.EXP) {
+      SetChannel(channel, &Tables::extra, profile);
+      channel.LMR_EXP = core::Flag(Bit()).Wire();
+      if (channel.Enable) (channel.LMR_EXP != 0 ? data.LmrPresent() : data.ExpPresent) = true;
+    }
+    for (int k = 0; k < image::kPriSetChLength; ++k) {
+      data.Image[image::kPriSetChOffset + k] = static_cast<std::uint8_t>(Number(0, 255));
+    }
+  }
+
+ private:
+  int Number(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random_); }
+  bool Bit() { return Number(0, 1) == 1; }
+
+  void Set(core::Flag& field, Form /*form*/) { field = Bit(); }
+  void Set(GroupFlags& field, Form /*form*/) { field = {Bit(), Bit(), Bit(), Bit()}; }
+  void Set(std::uint8_t& field, Form /*form*/) {
+    field = static_cast<std::uint8_t>(Number(0, 255));
+  }
+  void Set(std::int16_t& field, Form form) {
+    field = static_cast<std::int16_t>(Number(form == Form::kPlain ? -32768 : 0, 32767));
+  }
+  void Set(std::int32_t& field, Form form) {
+    field = Number(form == Form::kAbsolute ? 0 : -1,
+                   form == Form::kShortOrNone ? 32767 : 2'000'000'000);
+  }
+  void Set(double& field, Form /*form*/) { field = Number(0, 2'000'000) / 12345.0; }
+  /// Any bytes but line ends, no blanks at the end; what would be taken for a marker neither.
+  void Set(std::string& field, Form form) {
+    field.clear();
+    for (int i = Number(0, 12); i > 0; --i) field += static_cast<char>(Number(0x20, 0xFF));
+    while (field.ends_with(' ')) field.pop_back();
+    while (form != Form::kMarked && (field.starts_with(' ') || field.starts_with('#'))) {
+      field.erase(0, 1);
+    }
+  }
+
+  template <class Record>
+  void SetRow(const KeyRow<Record>& row, Kept kept, const core::ModelProfile& profile,
+              Record& record) {
+    if (!IsWritten(kept, profile)) return;
+    std::visit([&](auto member) { Set(record.*member, row.form); }, row.member);
+  }
+  void SetChannel(core::ChannelRecord& channel, Kept Tables::*table,
+                  const core::ModelProfile& profile) {
+    for (const ChannelKeyRow& row : kChannelRows) {
+      SetRow(row.field, row.tables.*table, profile, channel);
+    }
+  }
+
+  void FillGroup(RadioData& data, int group) {
+    core::UsableGroup& usable = data.Usable[static_cast<std::size_t>(group)];
+    usable.Enable = Bit();
+    Set(usable.Priority_CH, Form::kAbsoluteOrNone);
+    Set(usable.Backup, Form::kAbsolute);
+    const int stored = Number(0, image::kStoredChannelSlots);
+    for (int slot = 0; slot < image::kStoredChannelSlots; ++slot) {
+      const int channel = slot < stored ? Number(0, 289) : image::kEmptyStoredChannel;
+      image::SetStoredChannel(data.Image, group, slot, static_cast<std::uint16_t>(channel));
+    }
+  }
+
+  std::mt19937 random_;
+};
+
+/// Frequencies carry 15 significant digits.
+void RoundFrequencies(RadioData& data) {
+  for (core::ChannelRecord& channel : data.EXP) {
+    for (double* mhz : {&channel.Rxfreq, &channel.Txfreq}) {
+      *mhz = std::stod(core::ShortestText(*mhz));
+    }
+  }
+}
+
+TEST(SettingsFile, ReadsBackWhatItWrote) {
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    for (unsigned seed = 1; seed <= 8; ++seed) {
+      SCOPED_TRACE(std::string(profile.model) + " " + std::to_string(seed));
+      Fixture f;
+      RadioData written = f.Fresh(profile.model_type);
+      RandomContents(seed).Fill(written);
+      ASSERT_FALSE(WriteSettingFile(written, f.kPath, f.files, f.pump));
+      RadioData read = f.Fresh(profile.model_type);
+      f.Read(read);
+      ASSERT_TRUE(f.prompts.messages.empty());
+      RoundFrequencies(written);
+      EXPECT_TRUE(testing::SameContents(read, written));
+      EXPECT_EQ(SettingFileText(read, f.pump), f.files.files[f.kPath]);
+      EXPECT_EQ(read.Flags.Error, false);
+      EXPECT_EQ(read.Flags.Busy, false);
+    }
+  }
+}
+
+struct ReadCase {
+  const char* name;
+  const char* section;
+  const char* lines;              ///< of the section
+  const char* expected;           ///< in the file written afterwards
+  const char* written = nullptr;  ///< section there, when it is another
+};
+
+class SettingsFileReading : public ::testing::TestWithParam<ReadCase> {};
+
+/// Before, the records hold values that no case expects but those in which they are kept.
+TEST_P(SettingsFileReading, GivesTheValue) {
+  Fixture f;
+  RadioData data = f.Fresh(5);
+  data.Common.SQL = 9;
+  data.Common.SCAN = true;
+  data.Common.Last_Display_CH = 7;
+  data.Usable[0].TX_TOT = true;
+  data.Usable[1] = {true, true, 5, true, "OLD", 0};
+  data.Marine[0][12].TXPower = 77;
+  data.EXP[1].Rxfreq = 150.5;
+  data.EXP[1].USA_Group = true;
+  for (int k = 0; k < image::kPriSetChLength; ++k) data.Image[image::kPriSetChOffset + k] = 0x55;
+  f.files.files[f.kPath] =
+      std::string("[MAIN]\r\nMODELTYPE=5\r\n[") + GetParam().section + "]\n" + GetParam().lines;
+  f.Read(data);
+  EXPECT_TRUE(f.prompts.messages.empty());
+  const std::string section =
+      SectionText(SettingFileText(data, f.pump),
+                  GetParam().written != nullptr ? GetParam().written : GetParam().section);
+  EXPECT_NE(("|" + section + "|").find("|" + std::string(GetParam().expected) + "|"),
+            std::string::npos)
+      << section;
+}
+
+constexpr const char* kUsable = "Usable CH Group Setup";
+constexpr const char* kCommon = "Common Setup";
+
+const ReadCase kReadCases[] = {
+    {"IntRoundsHalvesToEven", kCommon, "SQL=2.5", "SQL=2"},
+    {"IntOutOfRangeIsKept", kCommon, "SQL=32768", "SQL=9"},
+    {"IntWithLettersIsKept", kCommon, "SQL=5abc", "SQL=9"},
+    {"IntEmptyIsKept", kCommon, "SQL=", "SQL=9"},
+    {"IntBehindMarker", kCommon, "SQL= # 4", "SQL=4"},
+    {"NamesIgnoreCase", "[MAIN]", "[common SETUP ]junk\n sql = 3", "SQL=3", kCommon},
+    {"FirstKeyWins", kCommon, "SQL=3\nSQL=4\n[Common Setup]\nSQL=5", "SQL=3"},
+    {"LaterSectionCounts", kCommon, "SCAN=0\n[Common Setup]\nSQL=5", "SQL=5"},
+    {"LoneCarriageReturnsEndLines", kCommon, "SQL=3\rSCAN=0", "SQL=3"},
+    {"LongBeyond16Bits", kUsable, "Priority CH 2=70000", "Priority CH 2=70000"},
+    {"LongOutOfRangeIsKept", kCommon, "Last Display CH=1e10", "Last Display CH=7"},
+    {"NoChannel", kCommon, "Last Display CH=-1", "Last Display CH=-1"},
+    {"FlagFromWord", kCommon, "SCAN=fALSE", "SCAN=0"},
+    {"FlagFromAnyNumber", kCommon, "Dual Watch=-0.1", "Dual Watch=1"},
+    {"FlagFromOtherWordIsKept", kCommon, "SCAN=no", "SCAN=1"},
+    {"NumberedKey", kUsable, "TX TOT 0=0", "TX TOT 0=0"},
+    {"NumberedKeyNeedsItsBlank", kUsable, "TX TOT0=0", "TX TOT 0=1"},
+    {"MissingTextIsEmptied", kUsable, "", "Status name 1="},
+    {"ByteOutOfRangeIsKept", "CHUSA0", "Position=12\nTXPower=256", "TXPower=77", "CHUSA12"},
+    {"MarkerKeepsLeadingBlanks", "CHUSA0", "Position=12\nChTag=#  VTS  ", "ChTag=#  VTS",
+     "CHUSA12"},
+    {"EntryIsChosenByPosition", "CHUSA0", "Position=12\nTXPower=2", "TXPower=2", "CHUSA12"},
+    {"GapEndsTheTable", "CHUSA1", "Position=12\nTXPower=2", "TXPower=77", "CHUSA12"},
+    {"PositionOutsideIsSkipped", "CHUSA0", "Position=240\n[CHUSA1]\nPosition=12\nTXPower=2",
+     "TXPower=2", "CHUSA12"},
+    {"PositionBelowIsSkipped", "CHUSA0", "Position=-1\n[CHUSA1]\nPosition=12\nTXPower=2",
+     "TXPower=2", "CHUSA12"},
+    {"PositionNoNumberIsSkipped", "CHUSA0", "Position=x\n[CHUSA1]\nPosition=12\nTXPower=2",
+     "TXPower=2", "CHUSA12"},
+    {"DuplexWhereAllowed", "CHUSA0", "Position=12\nDuplex=1", "Duplex=1", "CHUSA12"},
+    {"DuplexWhereNotAllowed", "CHUSA0", "Position=13\nDuplex=1", "Duplex=0", "CHUSA13"},
+    {"DoubleWithExponent", "CHEXP1", "Rxfreq=1.5e2", "Rxfreq=150"},
+    {"DoubleWithCommaIsKept", "CHEXP1", "Rxfreq=156,8", "Rxfreq=150.5"},
+    {"GroupFromZero", "CHEXP1", "INT Group=0", "INT Group=0"},
+    {"GroupFromOtherTextIsFalse", "CHEXP1", "USA Group=true", "USA Group=1"},
+    {"GroupMissingIsFalse", "CHEXP1", "Enable=1", "USA Group=1"},
+    {"ExtraChannelWithItsGroup", kUsable, "EXP CH=1\n[CHEXP1]\nEnable=1\nLMR EXP=65535",
+     "Enable=1|LMR EXP=1", "CHEXP1"},
+    {"ExtraChannelWithoutItsGroup", "CHEXP1", "Enable=1\nLMR EXP=0", "Enable=0|LMR EXP=0"},
+    {"ExtraGroupWithoutChannels", kUsable, "EXP CH=1", "EXP CH=0"},
+    {"StoredChannelsArePacked", kUsable, "Priority CH 1-Cmb 4=3\nPriority CH 1-Cmb 10=289",
+     "Priority CH 1-Cmb 1=3|Priority CH 1-Cmb 2=289|Priority CH 1Backup=0"},
+    {"StoredChannelNegativeIsNone", kUsable, "Priority CH 1-Cmb 1=-2",
+     "Priority CH 1=5|Priority CH 1Backup=0"},
+    {"StoredChannelTooLargeIsNone", kUsable, "Priority CH 1-Cmb 1=65536",
+     "Priority CH 1=5|Priority CH 1Backup=0"},
+    {"HexBytes", "PRISETCH", "A0=&HfF\nA1=&H000000000000A\nA2=&H00\nA3=17",
+     "A0=&HFF|A1=&H0A|A2=&H00|A3=&H11"},
+    {"HexBytesThatAreNoNumberAreZero", "PRISETCH", "A0=&HG0\nA1=&H\nA2=x",
+     "A0=&H00|A1=&H00|A2=&H00|A3=&H00"},
+    {"HexBytesAboveAreKept", "PRISETCH", "A0=&H100\nA1=&H10000000000\nA2=256\nA3=-1",
+     "A0=&H55|A1=&H55|A2=&H55|A3=&H55"},
+    {"DestinationFromTheFile", "MAIN", "SEL1=0\nSEL2=1", "SEL1=0|SEL2=1"},
+    {"DestinationReplaced", "MAIN", "SEL1=2\nSEL2=x", "SEL1=1|SEL2=0"},
+    {"BytesOutsideAsciiPass", "CHWX0", "ChTag=#\xC4\x80\xFF", "ChTag=#\xC4\x80\xFF"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, SettingsFileReading, ::testing::ValuesIn(kReadCases),
+                         [](const auto& param) { return std::string(param.param.name); });
+
+TEST(SettingsFile, StoredChannelsAreLittleEndianInTheImage) {
+  Fixture f;
+  RadioData data = f.Fresh(5);
+  ASSERT_TRUE(ApplySettingText(
+      data, "[MAIN]\nMODELTYPE=5\n[Usable CH Group Setup]\nPriority CH 1-Cmb 10=289", f.pump));
+  EXPECT_EQ(data.Image[134], 0x21);
+  EXPECT_EQ(data.Image[135], 0x01);
+}
+
+TEST(SettingsFile, ModelsWithoutNamesKeepTheOnesTheyHave) {
+  Fixture f;
+  RadioData data = f.Fresh(1);
+  data.Usable[1].Status_name = data.Marine[0][12].ChTag = data.WX[0].ChTag = data.EXP[1].ChTag =
+      "OLD";
+  ASSERT_TRUE(ApplySettingText(data,
+                               "[MAIN]\nMODELTYPE=1\n[CHUSA0]\nPosition=12\nScramble=3\nChTag=N\n"
+                               "[CHWX0]\nChTag=N\n[CHEXP1]\nChTag=N",
+                               f.pump));
+  EXPECT_EQ(data.Usable[1].Status_name, "OLD");
+  EXPECT_EQ(data.Marine[0][12].ChTag, "OLD");
+  EXPECT_EQ(data.Marine[0][12].Scramble, 0);
+  EXPECT_EQ(data.WX[0].ChTag, "OLD");
+  EXPECT_EQ(data.EXP[1].ChTag, "OLD");
+}
+
+TEST(SettingsFile, DirectoriesAreReadButForgottenWhenTheFileHasNone) {
+  Fixture f;
+  RadioData data = f.Fresh(0);
+  data.Stations[40] = {true, "OLD", "123456789"};
+  ASSERT_TRUE(ApplySettingText(
+      data, "[MAIN]\nMODELTYPE=0\n[CHGRPID10]\nTagName=#FLEET\nMmsid=012345678", f.pump));
+  EXPECT_EQ(data.Stations[40], (core::DirectoryEntry{true, "", ""}));
+  EXPECT_EQ(data.StationGroups[10], (core::DirectoryEntry{false, "FLEET", "012345678"}));
+}
+
+TEST(SettingsFile, KillerGroupsAreReadForModelsWithDscOnly) {
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    Fixture f;
+    RadioData data = f.Fresh(profile.model_type);
+    data.Atis.KillerGroup[3] = false;
+    ASSERT_TRUE(ApplySettingText(data,
+                                 "[MAIN]\nMODELTYPE=" + std::to_string(profile.model_type) +
+                                     "\n[ATIS Setup (Common)]\nUsable ATIS Kikker CH Group3=1",
+                                 f.pump));
+    EXPECT_EQ(data.Atis.KillerGroup[3], profile.model_type == 0 || profile.model_type == 3);
+  }
+}
+
+TEST(SettingsFileTable, FollowsTheGrammarOfLines) {
+  const struct {
+    const char* text;
+    const char* table;
+  } cases[] = {
+      {"", ""},
+      {"a=1\nb=2", ""},
+      {"[A]\na=1\r\n\r\nB = 2 = 3 ", "[A]A=1;B=2 = 3;"},
+      {" [A]\na=1", ""},
+      {"[A\n[]\nx=1\n[B]", "[B]"},
+      {"[ a b ] tail\nk=#", "[A B]K=;"},
+      {"[A]\n=5\nabc\nk=1", "[A]K=1;"},
+      {"[A]\nx=1\nabc[def\ny=2\n[B]\nz=3", "[A]X=1;[B]Z=3;"},
+      {"[A]\n[k]=1\n=[B]\nz=3", "[A][K]=1;"},
+      {"[A]\nk=##x ", "[A]K=#x;"},
+      {"[A]\nx=1\n[A]\nx=2", "[A]X=1;[A]X=2;"},
+  };
+  for (const auto& c : cases) {
+    std::string dump;
+    const SettingTable table = ParseSettingFile(c.text);
+    for (const SettingSection& section : table.Sections()) {
+      dump += "[" + section.name + "]";
+      for (const SettingEntry& entry : section.entries) dump += entry.key + "=" + entry.value + ";";
+    }
+    EXPECT_EQ(dump, c.table) << c.text;
+  }
+}
+
+TEST(SettingsFileTable, MainValuesAreReadAsProfileFilesAre) {
+  const struct {
+    std::string text;
+    std::string value;
+  } cases[] = {
+      {"[MAIN]\nSEL1=1", "1"},
+      {"  [main] x\n ; SEL1=3\n sel1 = #2 ", "2"},
+      {"[OTHER]\nSEL1=1\n[MAIN]\nSEL2=0", ""},
+      {"[MAIN\nSEL1=1", ""},
+      {"[MAIN]\nSEL1=\"1\"", "1"},
+      {"[MAIN]\nSEL1=" + std::string(200, '7'), std::string(127, '7')},
+      {"[MAIN]\rSEL1=1\rSEL1=2", "1"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ReadMainValue(c.text, "MAIN", "SEL1"), c.value) << c.text;
+}
+
+TEST(SettingsFile, RefusesOtherModelsAndChangesNothing) {
+  for (const char* text : {"[MAIN]\nMODELTYPE=4\nSEL1=0\n[Common Setup]\nSQL=1", "[MAIN]\nSEL1=0",
+                           "MODELTYPE=5", "[MAIN]\nMODELTYPE=5x", "[MAIN]\nMODELTYPE=5.4", ""}) {
+    SCOPED_TRACE(text);
+    Fixture f;
+    RadioData data = f.Fresh(5);
+    RandomContents(1).Fill(data);
+    const RadioData before = data;
+    f.files.files[f.kPath] = text;
+    f.Read(data);
+    ASSERT_EQ(f.prompts.Texts(), std::vector<std::string>{"different model!!"});
+    EXPECT_EQ(f.prompts.messages[0].icon, core::Icon::kCritical);
+    EXPECT_EQ(f.prompts.messages[0].title, core::kProgramTitle);
+    EXPECT_EQ(data.Flags.Error.Wire(), -1);
+    EXPECT_TRUE(testing::SameContents(data, before));
+  }
+}
+
+TEST(SettingsFile, AMissingFileIsADifferentModel) {
+  Fixture f;
+  RadioData data = f.Fresh(5);
+  f.Read(data, "/nowhere.dat");
+  EXPECT_EQ(f.prompts.Texts(), std::vector<std::string>{"different model!!"});
+  EXPECT_EQ(data.Flags.Error.Wire(), -1);
+}
+
+/// A stick that is pulled out, or changed, after the file was looked at.
+class PassingFiles : public testing::MemoryFiles {
+ public:
+  core::FileBytes ReadFile(const std::string& path) override {
+    core::FileBytes result = MemoryFiles::ReadFile(path);
+    if (replacement.empty()) {
+      files.erase(path);
+    } else {
+      files[path] = replacement;
+    }
+    return result;
+  }
+  std::string replacement;
+};
+
+TEST(SettingsFile, AFileThatGoesAwayAfterTheCheckIsAReadError) {
+  for (const char* replacement : {"", "[MAIN]\nMODELTYPE=4"}) {
+    Fixture f;
+    RadioData data = f.Fresh(5);
+    const RadioData before = data;
+    PassingFiles files;
+    files.files[f.kPath] = "[MAIN]\nMODELTYPE=5\n[Common Setup]\nSQL=1";
+    files.replacement = replacement;
+    ReadSettingFile(data, f.kPath, files, f.prompts, f.pump);
+    ASSERT_EQ(f.prompts.Texts(), std::vector<std::string>{"FileRead Error!!"});
+    EXPECT_EQ(f.prompts.messages[0].icon, core::Icon::kExclamation);
+    EXPECT_EQ(f.prompts.messages[0].title, core::kProgramTitle);
+    EXPECT_EQ(data.Flags.Error.Wire(), -1);
+    EXPECT_TRUE(testing::SameContents(data, before));
+  }
+}
+
+TEST(SettingsFile, AWriteThatFailsIsReportedToTheCaller) {
+  Fixture f;
+  RadioData data = f.Fresh(5);
+  data.Flags.Error = true;
+  f.files.failing[f.kPath] = {28, "No space left on device"};
+  const auto error = WriteSettingFile(data, f.kPath, f.files, f.pump);
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->number, 28);
+  EXPECT_FALSE(data.Flags.Error);
+  EXPECT_TRUE(f.prompts.messages.empty());
+}
+
+/// A good file with bytes and lines damaged by chance: it loads, and what it gave is written and
+/// read without loss from then on.
+TEST(SettingsFile, DamagedFilesLoadToSomethingThatCanBeSaved) {
+  Fixture f;
+  RadioData good = f.Fresh(0);
+  RandomContents(3).Fill(good);
+  const std::string text = SettingFileText(good, f.pump);
+  std::mt19937 random(4);
+  const auto at = [&](std::size_t size) {
+    return std::uniform_int_distribution<std::size_t>(0, size - 1)(random);
+  };
+  for (int round = 0; round < 20; ++round) {
+    std::string damaged = text;
+    for (int i = 0; i < 300; ++i) damaged[at(damaged.size())] = static_cast<char>(at(256));
+    damaged.erase(at(damaged.size()), at(2000));
+    damaged.insert(0, "[MAIN]\nMODELTYPE=0\n");
+    RadioData data = f.Fresh(0);
+    ASSERT_TRUE(ApplySettingText(data, damaged, f.pump));
+    const std::string saved = SettingFileText(data, f.pump);
+    RadioData again = data;
+    ASSERT_TRUE(ApplySettingText(again, saved, f.pump));
+    EXPECT_EQ(SettingFileText(again, f.pump), saved);
+  }
+}
+
+}  // namespace
+}  // namespace orvane::files
