@@ -183,7 +183,10 @@ void SimulatedRadio::Echo(std::uint8_t byte, bool last, std::optional<ExchangeKi
   const auto reached = [&](double number) { return bytes_received_ >= number || last; };
   const std::optional<Fault> unplug = FindFault(kind, kUnplugFault);
   if (unplug && bytes_received_ > unplug->value) {
-    if (kind) exchange_.kind = *kind;
+    if (kind) {
+      exchange_.kind = *kind;
+      ++occurrences_[static_cast<std::size_t>(*kind)];
+    }
     Unplug(reaction);
     return;
   }

@@ -256,6 +256,13 @@ TEST(SimulatedRadio, ALateReplyIsWholeAndLate) {
   EXPECT_EQ(bench.delay, 15);
 }
 
+TEST(SimulatedRadio, IsUnpluggedOnlyOnceByTheFirstOfAKind) {
+  Bench bench(16384, {MakeFault(FaultKind::kUnplug, ExchangeKind::kSync, 1)});
+  EXPECT_EQ(bench.Send("P0#CMDSY\r\n"), "PP0#CMDS!");
+  bench.radio.PlugIn();
+  EXPECT_EQ(bench.Send("P0#CMDSY\r\n"), "PP0#CMDSY\r\n#CMDOK\r\n");
+}
+
 TEST(SimulatedRadio, SaysNothingWhileUnplugged) {
   Bench bench(16384, {MakeFault(FaultKind::kUnplug, 2)});
   EXPECT_EQ(bench.Send("P0P0"), "PP!");
