@@ -225,7 +225,7 @@ constexpr std::array kExtraColumns = {
                   .print_step = 12},
     // Three letters over two dashes: the heading starts one place early.
     ChannelColumn{.kind = ColumnKind::kTone,
-                  .heading = "W/N", .dash_width = 2, .heading_shift = -1, .cell_width = 4,
+                  .heading = "W/N", .dash_width = 2, .heading_early = 1, .cell_width = 4,
                   .text = WordText<&ChannelRecord::Narrow, core::NarrowText>,
                   .caption = "W/N", .width_twips = 600, .centered = true, .print_step = 13},
     ChannelColumn{.kind = ColumnKind::kTone,

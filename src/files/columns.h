@@ -47,7 +47,7 @@ struct Column {
 
   std::string_view heading{};  ///< in report and printout; "" for a column of the grid only
   int dash_width = 0;          ///< dashes under the heading, characters
-  int heading_shift = 0;       ///< characters by which the heading stands right of its dashes
+  int heading_early = 0;       ///< characters by which the heading starts left of its dashes
   int cell_width = 0;          ///< report cell with the gap behind it, characters
   std::string (*text)(const Row&) = nullptr;  ///< not yet cut or filled
 

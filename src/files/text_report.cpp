@@ -57,8 +57,7 @@ void AddHeading(ReportText& report, const std::vector<Column<Row>>& columns) {
   std::string dashes;
   for (const Column<Row>& column : columns) {
     if (!dashes.empty()) dashes.append(kGap, ' ');
-    headings.resize(
-        static_cast<std::size_t>(static_cast<int>(dashes.size()) + column.heading_shift), ' ');
+    headings.resize(dashes.size() - static_cast<std::size_t>(column.heading_early), ' ');
     headings += column.heading;
     dashes.append(static_cast<std::size_t>(column.dash_width), '-');
   }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <sstream>
 #include <string>
@@ -24,7 +25,7 @@ std::string LineText(const PrintedPage& page, int line) {
   for (const PlacedText& placed : page.texts) {
     if (placed.line != line) continue;
     if (text.tellp() > 0) text << '|';
-    text << placed.text << '@' << static_cast<int>(placed.x_mm - kPrintLeftMm + 0.5);
+    text << placed.text << '@' << std::lround(placed.x_mm - kPrintLeftMm);
   }
   return text.str();
 }
@@ -50,14 +51,14 @@ std::vector<PrintedPage> Print(const core::RadioData& data) {
 
 TEST(PrintedPages, OnePageForEachGroupInUse) {
   struct Case {
-    std::int16_t model;
     std::vector<int> groups;  // switched on, of USA, INTL, Canada, EXP/LMR
-    bool exp;
     std::size_t pages;
+    std::int16_t model;
+    bool exp;
   };
-  const Case cases[] = {{5, {0}, false, 3}, {5, {0, 1, 2, 3}, true, 7}, {5, {3}, false, 3},
-                        {5, {}, true, 3},   {0, {0, 1, 2, 3}, true, 6}, {2, {}, true, 2},
-                        {6, {}, false, 2}};
+  const Case cases[] = {{{0}, 3, 5, false}, {{0, 1, 2, 3}, 7, 5, true}, {{3}, 3, 5, false},
+                        {{}, 3, 5, true},   {{0, 1, 2, 3}, 6, 0, true}, {{}, 2, 2, true},
+                        {{}, 2, 6, false}};
   for (const Case& c : cases) {
     core::RadioData data = FullData(c.model);
     for (core::UsableGroup& group : data.Usable) group.Enable = false;

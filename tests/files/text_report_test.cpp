@@ -200,9 +200,10 @@ TEST(TextReport, PriorityChannelReadsByTheModelsWord) {
   for (const Case& c : cases) {
     core::RadioData data = FullData(c.model);
     for (core::UsableGroup& group : data.Usable) group.Priority_CH = c.channel;
-    const std::string cell = core::Cell(c.text, 18);
-    EXPECT_EQ(LineOf(data, "Available CH Group Setup", "Priority CH"),
-              core::Cell("Priority CH", 35) + cell + cell + c.text);
+    std::string expected = core::Cell("Priority CH", 35);
+    for (int group = 0; group < 3; ++group) expected += core::Cell(c.text, 18);
+    expected.erase(expected.find_last_not_of(' ') + 1);
+    EXPECT_EQ(LineOf(data, "Available CH Group Setup", "Priority CH"), expected);
   }
 }
 
