@@ -24,52 +24,47 @@ std::string Spoilt(std::string frame) {
 
 struct Bench : testing::ScriptedBench {
   CloneProtocol protocol{link, prompts, kTitle};
-  /// Commands sent: the words before the first TAB or line end.
-  Texts Words() const {
-    Texts words;
+  /// Commands sent, without their fields: "#CMDSY #CMDSY".
+  std::string Words() const {
+    std::string words;
     for (const std::string& write : port.writes) {
-      words.push_back(write.substr(0, write.find_first_of("\t\r")));
+      words += (words.empty() ? "" : " ") + write.substr(0, write.find_first_of("\t\r"));
     }
     return words;
   }
 };
 
 TEST(ReadBlock, StoresAWholeRightReplyAndNothingElse) {
-  const std::string data = BuildFrame("#WJDDT", "0040", "02", "1aF0");
+  const auto reply = [](const char* address, const char* length, const char* bytes) {
+    return kOk + BuildFrame("#WJDDT", address, length, bytes);
+  };
+  const std::string good = reply("0040", "02", "1aF0");
   struct Case {
     const char* name;
     Replies replies;
-    Texts sent;  ///< behind "#WJDRD"
-    Texts messages;
-    bool good = false;
+    std::string sent;
+    Texts messages{};
   };
   const std::vector<Case> cases = {
-      {"good", {{kOk + data}}, {"#CMDOK"}, {}, true},
-      {"good, slow", {{kOk + data, 9.9}}, {"#CMDOK"}, {}, true},
-      {"numbers compare by value",
-       {{kOk + BuildFrame("#WJDDT", "40", "2", "1AF0")}},
-       {"#CMDOK"},
-       {},
-       true},
-      {"no answer", {}, {}, {}},
-      {"too late", {{kOk + data, 10.1}}, {}, {}},
-      {"other answer", {{"#CMDUN\r\n"}}, {}, {}},
-      {"lower case is no OK", {{"#cmdok\r\n" + data}}, {}, {}},
-      {"OK without line end", {{"#CMDOK" + data}}, {}, {"time out!!"}},
-      {"no data", {{kOk}}, {}, {"time out!!"}},
-      {"refused data", {{kOk + "error\r\n"}}, {}, {}},
-      {"other frame", {{kOk + BuildFrame("#WJDSD", "00")}}, {"#CMDER"}, {}},
-      {"unfinished line", {{kOk + "#WJDDT\t0040\t02"}}, {}, {"time out!!"}},
-      {"wrong checksum", {{kOk + Spoilt(data)}}, {"#CMDSM"}, {}},
-      {"other address",
-       {{kOk + BuildFrame("#WJDDT", "0041", "02", "1AF0")}},
-       {},
-       {"address error!!"}},
-      {"no address", {{kOk + BuildFrame("#WJDDT", "zz")}}, {}, {"address error!!"}},
-      {"other length", {{kOk + BuildFrame("#WJDDT", "0040", "01", "1AF0")}}, {}, {"data error!!"}},
-      {"short data", {{kOk + BuildFrame("#WJDDT", "0040", "02", "1A")}}, {}, {"data error!!"}},
-      {"long data", {{kOk + BuildFrame("#WJDDT", "0040", "02", "1AF0FF")}}, {}, {"data error!!"}},
-      {"no digits", {{kOk + BuildFrame("#WJDDT", "0040", "02", "1AxF")}}, {}, {"data error!!"}},
+      {"good", {{good}}, "#WJDRD #CMDOK"},
+      {"good, slow", {{good, 9.9}}, "#WJDRD #CMDOK"},
+      {"numbers compare by value", {{reply("40", "2", "1AF0")}}, "#WJDRD #CMDOK"},
+      {"no answer", {}, "#WJDRD"},
+      {"too late", {{good, 10.1}}, "#WJDRD"},
+      {"other answer", {{"#CMDUN\r\n"}}, "#WJDRD"},
+      {"lower case is no OK", {{"#cmdok" + good.substr(6)}}, "#WJDRD"},
+      {"OK without line end", {{"#CMDOK" + good.substr(8)}}, "#WJDRD", {"time out!!"}},
+      {"no data", {{kOk}}, "#WJDRD", {"time out!!"}},
+      {"refused data", {{kOk + "error\r\n"}}, "#WJDRD"},
+      {"other frame", {{kOk + BuildFrame("#WJDSD", "00")}}, "#WJDRD #CMDER"},
+      {"unfinished line", {{good.substr(0, 30)}}, "#WJDRD", {"time out!!"}},
+      {"wrong checksum", {{Spoilt(good)}}, "#WJDRD #CMDSM"},
+      {"other address", {{reply("0041", "02", "1AF0")}}, "#WJDRD", {"address error!!"}},
+      {"no address", {{reply("zz", "", "")}}, "#WJDRD", {"address error!!"}},
+      {"other length", {{reply("0040", "01", "1AF0")}}, "#WJDRD", {"data error!!"}},
+      {"short data", {{reply("0040", "02", "1A")}}, "#WJDRD", {"data error!!"}},
+      {"long data", {{reply("0040", "02", "1AF0FF")}}, "#WJDRD", {"data error!!"}},
+      {"no digits", {{reply("0040", "02", "1AxF")}}, "#WJDRD", {"data error!!"}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -78,13 +73,12 @@ TEST(ReadBlock, StoresAWholeRightReplyAndNothingElse) {
     bench.port.replies = c.replies;
     std::vector<std::uint8_t> target(0x50, 7);
     std::vector<std::uint8_t> expected = target;
-    if (c.good) expected[0x40] = 0x1A, expected[0x41] = 0xF0;
-    EXPECT_EQ(bench.protocol.ReadBlock(target, 0x40, 2), c.good);
-    EXPECT_EQ(bench.data.Flags.Error, !c.good);
+    const bool succeeds = c.sent == "#WJDRD #CMDOK";
+    if (succeeds) expected[0x40] = 0x1A, expected[0x41] = 0xF0;
+    EXPECT_EQ(bench.protocol.ReadBlock(target, 0x40, 2), succeeds);
+    EXPECT_EQ(bench.data.Flags.Error, !succeeds);
     EXPECT_EQ(target, expected);
-    Texts sent = {"#WJDRD"};
-    sent.insert(sent.end(), c.sent.begin(), c.sent.end());
-    EXPECT_EQ(bench.Words(), sent);
+    EXPECT_EQ(bench.Words(), c.sent);
     EXPECT_EQ(bench.prompts.Texts(), c.messages);
   }
 }
@@ -114,48 +108,37 @@ TEST(WriteBlock, SendsTheImageAndCountsOnlyAcknowledgedAndEchoed) {
 
 TEST(WriteBlock, ARefusalAsksTheUserAndATimeOutDoesNot) {
   struct Case {
-    const char* name;
     Replies replies;
     Answer answer;
     std::int16_t retry_count;
-    Texts sent;
     bool good;
     bool asked;
+    std::string sent;
   };
-  const Replies refused_then_fine = {{kErr}, {kOk}, {kOk}, {kOk}};
+  const std::string synchronised = "#WJDWR #CMDSY #CMDSY";
   const std::vector<Case> cases = {
-      {"OK",
-       refused_then_fine,
-       Answer::kOk,
-       1,
-       {"#WJDWR", "#CMDSY", "#CMDSY", "#WJDWR"},
-       true,
-       true},
-      {"Cancel", refused_then_fine, Answer::kCancel, 1, {"#WJDWR"}, false, true},
-      {"no sync",
-       {{kErr}, {""}, {kOk}},
-       Answer::kOk,
-       1,
-       {"#WJDWR", "#CMDSY", "#CMDSY"},
-       false,
-       true},
-      {"time-out", {}, Answer::kOk, 1, {"#WJDWR"}, false, false},
-      {"time-out, then fine", {{""}, {kOk}}, Answer::kOk, 2, {"#WJDWR", "#WJDWR"}, true, false},
+      {{{kErr}, {kOk}, {kOk}, {kOk}}, Answer::kOk, 1, true, true, synchronised + " #WJDWR"},
+      {{{kErr}, {kOk}, {kOk}, {kErr}}, Answer::kOk, 1, false, true, synchronised + " #WJDWR"},
+      {{{kErr}, {kOk}, {""}, {kOk}}, Answer::kOk, 1, false, true, synchronised},
+      {{{kErr}, {kOk}, {kOk}, {kOk}}, Answer::kCancel, 1, false, true, "#WJDWR"},
+      {{}, Answer::kOk, 1, false, false, "#WJDWR"},
+      {{{""}, {kOk}}, Answer::kOk, 2, true, false, "#WJDWR #WJDWR"},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
     Bench bench;
     bench.port.replies = c.replies;
-    bench.prompts.fallback = c.answer;
+    bench.prompts.answers = {c.answer};
+    bench.prompts.fallback = Answer::kCancel;
     CloneProtocol protocol(bench.link, bench.prompts, kTitle, c.retry_count);
     EXPECT_EQ(protocol.WriteBlock(64, 16), c.good);
     EXPECT_EQ(bench.data.Flags.Error, !c.good);
     EXPECT_EQ(bench.Words(), c.sent);
-    ASSERT_EQ(bench.prompts.messages.size(), c.asked ? 1U : 0U);
-    if (!c.asked) continue;
-    EXPECT_EQ(bench.prompts.messages[0].text, "confirm the synchronization of the communication");
-    EXPECT_EQ(bench.prompts.messages[0].buttons, core::Buttons::kOkCancel);
-    EXPECT_EQ(bench.prompts.messages[0].title, kTitle);
+    EXPECT_EQ(!bench.prompts.messages.empty(), c.asked);
+    for (const core::Message& message : bench.prompts.messages) {
+      EXPECT_EQ(message.text, "confirm the synchronization of the communication");
+      EXPECT_EQ(message.buttons, core::Buttons::kOkCancel);
+      EXPECT_EQ(message.title, kTitle);
+    }
   }
 }
 
@@ -193,39 +176,33 @@ TEST(Sync, NeedsBothPasses) {
 
 TEST(StatusCheck, OnlyReadyIsReady) {
   const auto status = [](const char* code) { return kOk + BuildFrame("#WJDSD", code); };
+  const std::string answered = "#WJDSR #CMDOK";
   struct Case {
-    const char* name;
+    bool good;
     Replies replies;
-    std::deque<Answer> answers;
-    Texts sent;
-    Texts messages;
-    bool good = false;
+    std::string sent;
+    Texts messages{};
+    Answer answer = Answer::kCancel;
   };
   const std::vector<Case> cases = {
-      {"ready", {{status("00")}}, {}, {"#WJDSR", "#CMDOK"}, {}, true},
-      {"busy, given up",
-       {{status("01")}},
-       {Answer::kCancel},
-       {"#WJDSR", "#CMDOK"},
-       {"Radio is busy!!"}},
-      {"busy, then ready",
+      {true, {{status("00")}}, answered},
+      {false, {{status("01")}}, answered, {"Radio is busy!!"}},
+      {true,
        {{status("01")}, {""}, {status("00")}},
-       {Answer::kRetry},
-       {"#WJDSR", "#CMDOK", "#WJDSR", "#CMDOK"},
+       answered + " " + answered,
        {"Radio is busy!!"},
-       true},
-      {"other status", {{status("02")}}, {}, {"#WJDSR", "#CMDOK"}, {}},
-      {"silent", {}, {}, {"#WJDSR"}, {}},
-      {"no frame", {{kOk}}, {}, {"#WJDSR"}, {"time out!!"}},
-      {"unfinished frame", {{kOk + "#WJDSD\t00"}}, {}, {"#WJDSR"}, {"time out!!"}},
-      {"other frame", {{kOk + BuildFrame("#WJDDT", "00")}}, {}, {"#WJDSR", "#CMDUN"}, {}},
-      {"wrong checksum", {{Spoilt(status("00"))}}, {}, {"#WJDSR", "#CMDSM"}, {}},
+       Answer::kRetry},
+      {false, {{status("02")}}, answered},
+      {false, {}, "#WJDSR"},
+      {false, {{kOk}}, "#WJDSR", {"time out!!"}},
+      {false, {{kOk + "#WJDSD\t00"}}, "#WJDSR", {"time out!!"}},
+      {false, {{kOk + BuildFrame("#WJDDT", "00")}}, "#WJDSR #CMDUN"},
+      {false, {{Spoilt(status("00"))}}, "#WJDSR #CMDSM"},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
     Bench bench;
     bench.port.replies = c.replies;
-    bench.prompts.answers = c.answers;
+    bench.prompts.answers = {c.answer};
     EXPECT_EQ(bench.protocol.StatusCheck(), c.good);
     EXPECT_EQ(bench.data.Flags.Error, !c.good);
     EXPECT_EQ(bench.Words(), c.sent);
@@ -234,37 +211,31 @@ TEST(StatusCheck, OnlyReadyIsReady) {
 }
 
 TEST(Connect, GoesOnOrGivesUpAsTheRadioAnswers) {
-  const Texts whole = {"P", "0", "ACMD:002", "#CMDSY", "#CMDSY"};
-  const Texts stopped = {"P", "0", "ACMD:002"};
+  const std::string whole = "P 0 ACMD:002 #CMDSY #CMDSY";
+  const std::string stopped = "P 0 ACMD:002";
   struct Case {
-    const char* name;
+    bool good;
     Replies replies;
-    Texts sent;
-    Texts messages;
-    bool good = false;
+    std::string sent;
+    Texts messages{};
   };
   const std::vector<Case> cases = {
-      {"OK", {{"P"}, {""}, {"OK\r\n"}, {kOk}, {kOk}}, whole, {}, true},
-      {"unknown command", {{"P"}, {""}, {"#CMDUN\r\n"}, {kOk}, {kOk}}, whole, {}, true},
-      {"silent on the mode", {{"P"}, {""}, {""}, {kOk}, {kOk}}, whole, {}, true},
-      {"CR without LF", {{"P"}, {""}, {"OK\rx"}, {kOk}, {kOk}}, whole, {"error!!"}, true},
-      {"refused", {{"P"}, {""}, {kErr}}, stopped, {"ACMD Command error!!"}},
-      {"nonsense", {{"P"}, {""}, {"what\r\n"}}, stopped, {"error!!"}},
-      {"third try",
-       {{""}, {"x"}, {"P"}, {""}, {"OK\r\n"}, {kOk}, {kOk}},
-       {"P", "P", "P", "0", "ACMD:002", "#CMDSY", "#CMDSY"},
-       {},
-       true},
-      {"silent", {{""}, {""}, {""}, {"P"}}, {"P", "P", "P"}, {"Communication Error!!"}},
+      {true, {{"P"}, {""}, {"OK\r\n"}, {kOk}, {kOk}}, whole},
+      {true, {{"P"}, {""}, {"#CMDUN\r\n"}, {kOk}, {kOk}}, whole},
+      {true, {{"P"}, {""}, {""}, {kOk}, {kOk}}, whole},
+      {true, {{"P"}, {""}, {"OK\rx"}, {kOk}, {kOk}}, whole, {"error!!"}},
+      {false, {{"P"}, {""}, {kErr}}, stopped, {"ACMD Command error!!"}},
+      {false, {{"P"}, {""}, {"what\r\n"}}, stopped, {"error!!"}},
+      {true, {{""}, {"x"}, {"P"}, {""}, {"OK\r\n"}, {kOk}, {kOk}}, "P P " + whole},
+      {false, {{""}, {""}, {""}, {"P"}}, "P P P", {"Communication Error!!"}},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
     Bench bench;
     bench.port.replies = c.replies;
     EXPECT_EQ(bench.protocol.Connect(), c.good);
     EXPECT_EQ(bench.Words(), c.sent);
     EXPECT_EQ(bench.prompts.Texts(), c.messages);
-    EXPECT_EQ(bench.port.IsOpen(), c.sent.size() > 3 || !c.messages.empty() == (c.sent == stopped));
+    EXPECT_EQ(bench.port.IsOpen(), c.sent != "P P P");
   }
 }
 

@@ -53,15 +53,6 @@ TEST(PortList, IsEmptyWithoutPortsAndRebuiltEachTime) {
   EXPECT_EQ(list.RefComName(0), "");
 }
 
-TEST(PortList, AnUnseenPortIsNeverFoundByItsReplacementNumber) {
-  Finder finder;
-  finder.ports = {{"COM3", "", "/dev/a"}};
-  CComList list(finder);
-  list.Create();
-  EXPECT_EQ(list.FindPortIndex(32767), -1);
-  EXPECT_EQ(list.FindPortIndex(3), -1);
-}
-
 TEST(PortList, TakesNoMoreNamesThanItHasRoomFor) {
   Finder finder;
   for (int i = 0; i < 200; ++i) finder.ports.push_back({"COM5", "X (COM5)", "/dev/x"});

@@ -194,16 +194,5 @@ TEST(SerialLinkPort, AFailureToOpenIsLoggedInDebugModeOnly) {
   }
 }
 
-TEST(SerialLinkMonitor, ShowsAndPausesInDebugModeOnly) {
-  for (const bool debug : {false, true}) {
-    Bench bench;
-    bench.data.Flags.Debug = debug;
-    const double start = bench.clock.now;
-    bench.link.Monitor("radio reading...");
-    EXPECT_EQ(bench.view.monitor.size(), debug ? 1U : 0U);
-    EXPECT_EQ(bench.clock.now - start, debug ? 0.5 : 0.0);
-  }
-}
-
 }  // namespace
 }  // namespace orvane::link
