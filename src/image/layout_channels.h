@@ -47,6 +47,7 @@ inline constexpr std::array kMarineFlagRows = {
     Carried<ChannelRecord>("second flag byte", BytesAt(1, 1), &NumberText),
 };
 
+inline constexpr Bits kTransmitFrequency = BytesAt(8, 3);
 // The last byte of the transmit frequency is also the first of the tone block on one model: the
 // tone bits are written over it.
 inline constexpr std::array kExtraRows = {
@@ -58,7 +59,7 @@ inline constexpr std::array kExtraRows = {
     Field<ChannelRecord, DisplayForm, &ChannelRecord::CHDisplayL>("CHDisplayL", BytesAt(1, 2)),
     Field<ChannelRecord, DisplayForm, &ChannelRecord::CHDisplayR>("CHDisplayR", BytesAt(3, 2)),
     Field<ChannelRecord, FrequencyForm, &ChannelRecord::Rxfreq>("Rxfreq", BytesAt(5, 3)),
-    Field<ChannelRecord, FrequencyForm, &ChannelRecord::Txfreq>("Txfreq", BytesAt(8, 3))
+    Field<ChannelRecord, FrequencyForm, &ChannelRecord::Txfreq>("Txfreq", kTransmitFrequency)
         .Lies(Overlap::kBeneath),
     Field<ChannelRecord, LmrMarkForm, &ChannelRecord::LMR_EXP>("LMR EXP", BitAt(15, 7)),
     AlwaysZero<ChannelRecord>(BitRange(15, 6, 4)),

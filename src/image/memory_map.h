@@ -12,7 +12,7 @@ namespace orvane::image {
 struct MapRow {
   int offset = 0;     ///< first byte
   int length = 0;     ///< bytes
-  std::string bits;   ///< "7..4"; "" when whole bytes
+  std::string bits;   ///< "7..4", first byte's to last byte's; "" when whole bytes
   std::string name;   ///< field name; "(not used)" style text for a stretch no field owns
   std::string bytes;  ///< hexadecimal
   std::string value;  ///< as decoded

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <chrono>
+#include <initializer_list>
+#include <vector>
+
+#include "core/model_profile.h"
+#include "image/codec.h"
+
+/// Data sets to start image tests from.
+namespace orvane::testing {
+
+inline constexpr core::Date kBeforeCutOver{std::chrono::year{2012}, std::chrono::month{12},
+                                           std::chrono::day{31}};
+inline constexpr core::Date kAfterCutOver{std::chrono::year{2026}, std::chrono::month{6},
+                                          std::chrono::day{15}};
+
+inline core::RadioData NewData(int model_type) {
+  core::RadioData data;
+  data.MODELTYPE = static_cast<std::int16_t>(model_type);
+  image::ResetToDefaults(data, kAfterCutOver);
+  return data;
+}
+
+inline void SetBytes(core::MemoryImage& image, int offset, std::initializer_list<int> bytes) {
+  for (const int byte : bytes) image[offset++] = static_cast<std::uint8_t>(byte);
+}
+
+inline std::vector<int> BytesOf(const core::MemoryImage& image, int offset, int length) {
+  std::vector<int> bytes;
+  for (int i = 0; i < length; ++i) bytes.push_back(image[offset + i]);
+  return bytes;
+}
+
+}  // namespace orvane::testing
