@@ -1,7 +1,9 @@
 #include "platform/file_error_log.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpression>
 
@@ -17,6 +19,7 @@ void FileErrorLog::Write(std::string_view routine, std::string_view message) {
   const QString line = locale.toString(now.date(), QLocale::ShortFormat) + "," +
                        locale.toString(now.time(), QLocale::LongFormat) + ":" + FromUtf8(routine) +
                        " -> " + FromUtf8(message).replace(kLineBreaks, " ");
+  QDir().mkpath(QFileInfo(FromUtf8(path_)).path());
   QFile file(FromUtf8(path_));
   if (!file.open(QIODevice::Append)) return;
   file.write(QByteArray::fromStdString(ToAnsi(line) + "\r\n"));

@@ -7,7 +7,8 @@
 
 namespace orvane::platform {
 
-/// Appends to err.log in debug mode; otherwise never touches the file. A log that cannot be
+/// Appends to err.log in debug mode; otherwise never touches the file. Its
+/// folder is created. A log that cannot be
 /// written is no failure of what it reports about.
 class FileErrorLog : public core::ErrorLog {
  public:

@@ -65,7 +65,6 @@ std::string ErrorLogPath() {
   const QString program = QCoreApplication::applicationDirPath();
   if (MayWriteErrorLog(program)) return ToUtf8(program + "/err.log");
   const QString state = UserFolder("XDG_STATE_HOME", ".local/state") + "/" + ProductFolderName();
-  QDir().mkpath(state);
   return ToUtf8(state + "/err.log");
 }
 

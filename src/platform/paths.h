@@ -16,8 +16,7 @@ namespace orvane::platform {
 [[nodiscard]] std::string SettingsPath();
 /// Links in it pin port numbers to devices.
 [[nodiscard]] std::string PortLinksFolder();
-/// err.log in the program's folder when it may be written there, else in the user's state folder,
-/// which is created.
+/// err.log in the program's folder when it may be written there, else in the user's state folder.
 [[nodiscard]] std::string ErrorLogPath();
 
 }  // namespace orvane::platform

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <istream>
+#include <ostream>
+
+#include "cli/documents.h"
+#include "cli/options.h"
+#include "cli/services.h"
+#include "cli/status_line.h"
+#include "cli/terminal_prompts.h"
+#include "core/services.h"
+
+namespace orvane::cli {
+
+/// What every command works with.
+struct Workplace {
+  const Options& options;
+  Services& services;
+  std::ostream& out;
+  StatusLine& err;
+  TerminalPrompts& prompts;
+  core::ErrorLog& log;
+  Documents& documents;
+};
+
+/// Each command returns whether it did its work; a failure has been told.
+[[nodiscard]] bool RunNew(Workplace& place);
+[[nodiscard]] bool RunConvert(Workplace& place);
+[[nodiscard]] bool RunReport(Workplace& place);
+[[nodiscard]] bool RunMap(Workplace& place);
+[[nodiscard]] bool RunShow(Workplace& place);
+[[nodiscard]] bool RunPorts(Workplace& place);
+[[nodiscard]] bool RunRead(Workplace& place);
+[[nodiscard]] bool RunProgram(Workplace& place);
+
+}  // namespace orvane::cli

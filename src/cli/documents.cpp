@@ -1,0 +1,127 @@
+#include "cli/documents.h"
+
+#include "cli/options.h"
+#include "core/app_settings.h"
+#include "core/model_profile.h"
+#include "core/narrowband.h"
+#include "files/image_file.h"
+#include "files/settings_file.h"
+#include "files/text_report.h"
+#include "image/codec.h"
+
+namespace orvane::cli {
+namespace {
+
+std::optional<std::int16_t> ModelOfSettings(std::string_view text) {
+  const std::optional<double> named = files::SettingFileModel(text);
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    if (named == profile.model_type) return profile.model_type;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+core::RadioData Documents::Fresh(std::int16_t model_type) const {
+  core::RadioData data;
+  data.ProductName = core::kProductName;
+  data.ProgramTitle = core::kProgramTitle;
+  data.Flags.Debug = debug_;
+  data.MODELTYPE = model_type;
+  image::ResetToDefaults(data, services_.clock.Today());
+  return data;
+}
+
+bool Documents::Load(const std::string& path, std::optional<std::int16_t> model_type,
+                     core::RadioData& data) {
+  const bool loaded = Extension(path) == ".dat" ? LoadSettingFile(path, model_type, data)
+                                                : LoadImageFile(path, model_type, data);
+  if (loaded) data.CurrentFileName = path;
+  return loaded;
+}
+
+// A file that cannot be read, or that names no model, goes on to the loader as if it were of the
+// default model: it refuses the file in its own words.
+bool Documents::LoadImageFile(const std::string& path, std::optional<std::int16_t> model_type,
+                              core::RadioData& data) {
+  if (!model_type) {
+    const core::FileBytes file = services_.files.ReadFile(path);
+    const files::ImageModel named = files::DetectImageModel(file.bytes);
+    if (!file.error && !named.model_type) {
+      prompts_.Show({std::string(named.title), std::string(named.refusal), core::Icon::kCritical});
+      return false;
+    }
+    model_type = named.model_type;
+  }
+  data = Fresh(model_type.value_or(core::kDefaultModelType));
+  files::LoadHexFile(data, path, services_.files, prompts_, log_);
+  return !data.Flags.Error;
+}
+
+bool Documents::LoadSettingFile(const std::string& path, std::optional<std::int16_t> model_type,
+                                core::RadioData& data) {
+  if (!model_type) model_type = ModelOfSettings(services_.files.ReadFile(path).bytes);
+  data = Fresh(model_type.value_or(core::kDefaultModelType));
+  files::ReadSettingFile(data, path, services_.files, prompts_, services_.pump);
+  return !data.Flags.Error;
+}
+
+bool Documents::CheckOutput(const std::string& path, const core::RadioData& data) {
+  const std::optional<core::SystemError> error = services_.files.CheckWritable(path);
+  if (error) TellSaveFailure(path, data, *error);
+  return !error;
+}
+
+bool Documents::Save(const std::string& path, core::RadioData& data) {
+  const std::string extension = Extension(path);
+  if (extension == ".dat") return SaveSettingFile(path, data);
+  if (extension == ".txt") return SaveBytes(path, data, ReportFileText(data));
+  if (extension == ".pdf") return SaveBytes(path, data, services_.make_pdf(data));
+  files::PrepareImageForSaving(data, services_.clock.Today());
+  return SaveImage(path, data);
+}
+
+bool Documents::SaveImage(const std::string& path, core::RadioData& data) {
+  data.Flags.Cancel = false;
+  files::SaveHexFileAs(data, path, services_.files, prompts_, log_);
+  return !data.Flags.Cancel;
+}
+
+bool Documents::SaveSettingFile(const std::string& path, core::RadioData& data) {
+  static_cast<void>(core::NarrowbandCheck(data, core::NarrowbandDirection::kSave,
+                                          services_.clock.Today(), prompts_));
+  const std::optional<core::SystemError> error =
+      files::WriteSettingFile(data, path, services_.files, services_.pump);
+  if (error) {
+    log_.Write("frmMain.SaveFileAs", std::to_string(error->number) + error->description);
+    TellSaveFailure(path, data, *error);
+  }
+  return !error;
+}
+
+bool Documents::SaveBytes(const std::string& path, const core::RadioData& data,
+                          const std::string& bytes) {
+  const std::optional<core::SystemError> error =
+      bytes.empty() ? core::SystemError{0, "The page could not be painted"}
+                    : services_.files.WriteFile(path, bytes);
+  if (error) TellSaveFailure(path, data, *error);
+  return !error;
+}
+
+void Documents::TellSaveFailure(const std::string& path, const core::RadioData& data,
+                                const core::SystemError& error) {
+  core::Message message{data.ProgramTitle, "FileSave Error!!", core::Icon::kExclamation};
+  message.details = path + ": " + error.description;
+  if (Extension(path) == ".txt") {
+    message.title = data.ModelName + " " + data.ProgramTitle;
+    message.text = error.description;
+    message.details = path + " was not written.";
+  }
+  prompts_.Show(message);
+}
+
+std::string ReportFileText(const core::RadioData& data) {
+  return files::BuildTextReport(data) + "\r\n";
+}
+
+}  // namespace orvane::cli

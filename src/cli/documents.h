@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "cli/services.h"
+#include "core/radio_data.h"
+#include "core/services.h"
+
+namespace orvane::cli {
+
+/// Data sets in files, by extension: .dat settings file, .hex image file (.ini: a destination
+/// template, which is one too), .txt report, .pdf printed report. Failures have been told when a
+/// call returns false.
+class Documents {
+ public:
+  Documents(Services& services, core::Prompts& prompts, core::ErrorLog& log, bool debug)
+      : services_(services), prompts_(prompts), log_(log), debug_(debug) {}
+
+  [[nodiscard]] core::RadioData Fresh(std::int16_t model_type) const;
+  /// Of the given model, else of the one the file names. What the file does not hold is as in a
+  /// fresh data set. On failure the data is not to be used.
+  [[nodiscard]] bool Load(const std::string& path, std::optional<std::int16_t> model_type,
+                          core::RadioData& data);
+  /// Whether Save could write there.
+  [[nodiscard]] bool CheckOutput(const std::string& path, const core::RadioData& data);
+  [[nodiscard]] bool Save(const std::string& path, core::RadioData& data);
+  /// The image as it stands.
+  [[nodiscard]] bool SaveImage(const std::string& path, core::RadioData& data);
+
+ private:
+  [[nodiscard]] bool LoadImageFile(const std::string& path, std::optional<std::int16_t> model_type,
+                                   core::RadioData& data);
+  [[nodiscard]] bool LoadSettingFile(const std::string& path,
+                                     std::optional<std::int16_t> model_type, core::RadioData& data);
+  [[nodiscard]] bool SaveSettingFile(const std::string& path, core::RadioData& data);
+  [[nodiscard]] bool SaveBytes(const std::string& path, const core::RadioData& data,
+                               const std::string& bytes);
+  void TellSaveFailure(const std::string& path, const core::RadioData& data,
+                       const core::SystemError& error);
+
+  Services& services_;
+  core::Prompts& prompts_;
+  core::ErrorLog& log_;
+  bool debug_;
+};
+
+/// The report as it is saved: the text and one line break.
+[[nodiscard]] std::string ReportFileText(const core::RadioData& data);
+
+}  // namespace orvane::cli

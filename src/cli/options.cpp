@@ -1,0 +1,256 @@
+#include "cli/options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+
+#include "core/model_profile.h"
+#include "core/text.h"
+#include "link/port_links.h"
+
+namespace orvane::cli {
+namespace {
+
+constexpr std::string_view kProgram = "orvane-cli";
+
+struct CommandInfo {
+  Command command;
+  std::string_view name;
+  std::string_view usage;  ///< behind the program's name
+  std::string_view help;
+};
+constexpr std::array<CommandInfo, 8> kCommands = {{
+    {Command::kNew, "new", "[--yes] new --model M -o OUT", "a fresh data set, saved"},
+    {Command::kConvert, "convert", "[--yes] convert IN OUT",
+     "between .hex, .dat and to .txt, .pdf, by extension"},
+    {Command::kReport, "report", "report IN", "the text report on standard output"},
+    {Command::kMap, "map", "map [--model M] [IN.hex]",
+     "every field of the image: offset, bits, name, bytes, value"},
+    {Command::kShow, "show", "show IN [--json]", "the decoded data set"},
+    {Command::kPorts, "ports", "ports [--json]", "the serial ports"},
+    {Command::kRead, "read", "[--yes] read --model M --port P -o OUT [--raw] [--base FILE]",
+     "the radio's contents into a file"},
+    {Command::kProgram, "program", "[--yes] program [--model M] --port P IN",
+     "a file's contents into the radio"},
+}};
+
+// The words as they stand, before their values are looked at.
+struct RawOptions {
+  Options options;
+  std::string model;
+  std::string port;
+};
+
+std::string UsageLine(const CommandInfo& info) {
+  return std::string(kProgram) + " " + std::string(info.usage);
+}
+
+std::string ModelNumbers() {
+  std::string text;
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    text += (text.empty() ? "" : ", ") + std::to_string(profile.model_type) + " " +
+            core::ModelDisplayName(profile.model_type, true);
+  }
+  return text;
+}
+
+void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
+  const auto model = [&] { return app.add_option("--model", raw.model, "MODELTYPE 0 to 6"); };
+  const auto port = [&] {
+    app.add_option("--port", raw.port, "port number, COM and number, or device path")->required();
+  };
+  const auto input = [&](const char* help) {
+    return app.add_option("IN", raw.options.input, help);
+  };
+  const auto output = [&] {
+    app.add_option("-o,--output", raw.options.output, "file to write: .dat, .hex, .txt or .pdf")
+        ->required();
+  };
+  const auto json = [&] { app.add_flag("--json", raw.options.json, "as JSON"); };
+  constexpr const char* kDocument = ".dat or .hex file";
+  switch (info.command) {
+    case Command::kNew:
+      model()->required();
+      output();
+      break;
+    case Command::kConvert:
+      input(kDocument)->required();
+      app.add_option("OUT", raw.options.output, "file to write: .dat, .hex, .txt or .pdf")
+          ->required();
+      break;
+    case Command::kReport:
+      input(kDocument)->required();
+      break;
+    case Command::kMap:
+      model();
+      input(".hex file; a fresh image when left out");
+      break;
+    case Command::kShow:
+      input(kDocument)->required();
+      json();
+      break;
+    case Command::kPorts:
+      json();
+      break;
+    case Command::kRead:
+      model()->required();
+      port();
+      output();
+      app.add_flag("--raw", raw.options.raw, "write the image exactly as received (.hex)");
+      app.add_option("--base", raw.options.base,
+                     "start from this .dat, .hex or template .ini file");
+      break;
+    case Command::kProgram:
+      model();
+      port();
+      input(kDocument)->required();
+      break;
+  }
+}
+
+std::string OneOf(const std::vector<std::string_view>& extensions) {
+  std::string text;
+  for (std::size_t i = 0; i < extensions.size(); ++i) {
+    if (i > 0) text += i + 1 == extensions.size() ? " or " : ", ";
+    text += extensions[i];
+  }
+  return text;
+}
+
+std::optional<std::string> WrongExtension(const std::string& path, std::string_view what,
+                                          const std::vector<std::string_view>& extensions) {
+  const std::string extension = Extension(path);
+  if (std::find(extensions.begin(), extensions.end(), extension) != extensions.end()) {
+    return std::nullopt;
+  }
+  return std::string(what) + " \"" + path + "\" must end in " + OneOf(extensions) + ".";
+}
+
+std::optional<std::string> WrongInput(const Options& options) {
+  if (options.command == Command::kMap) {
+    if (options.input.empty()) return std::nullopt;
+    return WrongExtension(options.input, "The image file", {".hex"});
+  }
+  if (options.command == Command::kNew || options.command == Command::kPorts ||
+      options.command == Command::kRead) {
+    return std::nullopt;
+  }
+  return WrongExtension(options.input, "The file to read", {".dat", ".hex"});
+}
+
+std::optional<std::string> WrongOutput(const Options& options) {
+  if (options.raw) {
+    return WrongExtension(options.output, "With --raw the file to write", {".hex"});
+  }
+  if (options.command == Command::kNew || options.command == Command::kConvert ||
+      options.command == Command::kRead) {
+    return WrongExtension(options.output, "The file to write", {".dat", ".hex", ".txt", ".pdf"});
+  }
+  return std::nullopt;
+}
+
+// Brings the values of model and port over. Returns what is wrong with them.
+std::optional<std::string> TakeValues(RawOptions& raw) {
+  if (!raw.model.empty()) {
+    const bool known = raw.model.size() == 1 && raw.model[0] >= '0' && raw.model[0] <= '6';
+    if (!known) return "--model \"" + raw.model + "\" is no model. Models: " + ModelNumbers() + ".";
+    raw.options.model = static_cast<std::int16_t>(raw.model[0] - '0');
+  }
+  if (!raw.port.empty()) {
+    const std::optional<PortChoice> port = ParsePort(raw.port);
+    if (!port) {
+      return "--port \"" + raw.port +
+             "\" is no port. Give a number 1 to 16, COM1 to COM16 or the path of a device.";
+    }
+    raw.options.port = *port;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> FindMistake(RawOptions& raw) {
+  if (std::optional<std::string> wrong = TakeValues(raw)) return wrong;
+  if (std::optional<std::string> wrong = WrongInput(raw.options)) return wrong;
+  if (std::optional<std::string> wrong = WrongOutput(raw.options)) return wrong;
+  if (raw.options.base.empty()) return std::nullopt;
+  return WrongExtension(raw.options.base, "The --base file", {".dat", ".hex", ".ini"});
+}
+
+std::string WithUsage(std::string sentence, const CommandInfo* info) {
+  while (!sentence.empty() && (sentence.back() == '\n' || sentence.back() == '.')) {
+    sentence.pop_back();
+  }
+  std::string text = std::string(kProgram) + ": " + sentence + ".\nUsage: ";
+  if (info != nullptr) return text + UsageLine(*info) + "\n";
+  for (const CommandInfo& each : kCommands) {
+    text += (&each == kCommands.data() ? "" : "       ") + UsageLine(each) + "\n";
+  }
+  return text;
+}
+
+const CommandInfo* FindCommand(const std::vector<std::string>& words) {
+  for (const std::string& word : words) {
+    const auto* const found =
+        std::find_if(kCommands.begin(), kCommands.end(),
+                     [&](const CommandInfo& info) { return info.name == word; });
+    if (found != kCommands.end()) return found;
+  }
+  return nullptr;
+}
+
+std::string ParserMessage(const CLI::ParseError& error, const CommandInfo* info) {
+  if (info == nullptr) return "Give one of the commands below";
+  const std::string text = error.what();
+  return text.substr(0, text.find('\n'));
+}
+
+}  // namespace
+
+Parsed ParseWords(const std::vector<std::string>& words) {
+  RawOptions raw;
+  CLI::App app("Reads, keeps and programs the contents of handheld marine VHF radios",
+               std::string(kProgram));
+  app.require_subcommand(1);
+  app.fallthrough();
+  app.add_flag("--yes", raw.options.yes, "answer every question with Yes or OK");
+  app.add_flag("--debug", raw.options.debug, "show each step of a transfer and write err.log");
+  app.footer("Models: " + ModelNumbers() +
+             ".\nExit status: 0 done, 1 refused or failed, 2 wrong usage.");
+  for (const CommandInfo& info : kCommands) {
+    CLI::App* const command = app.add_subcommand(std::string(info.name), std::string(info.help));
+    AddOptions(*command, info, raw);
+    command->callback([&raw, &info] { raw.options.command = info.command; });
+  }
+
+  const CommandInfo* const info = FindCommand(words);
+  std::vector<std::string> reversed(words.rbegin(), words.rend());
+  try {
+    app.parse(reversed);
+  } catch (const CLI::CallForHelp&) {
+    return {{}, app.help(), {}};
+  } catch (const CLI::ParseError& error) {
+    return {{}, {}, WithUsage(ParserMessage(error, info), info)};
+  }
+  if (const std::optional<std::string> mistake = FindMistake(raw)) {
+    return {{}, {}, WithUsage(*mistake, info)};
+  }
+  return {raw.options, {}, {}};
+}
+
+std::optional<PortChoice> ParsePort(const std::string& text) {
+  if (text.find('/') != std::string::npos || text.starts_with("\\\\")) return text;
+  const std::string upper = core::UpperCase(text);
+  for (int number = 1; number <= link::kLastPortNumber; ++number) {
+    if (upper == std::to_string(number) || upper == link::PortLinkName(number)) return number;
+  }
+  return std::nullopt;
+}
+
+std::string Extension(std::string_view path) {
+  const std::size_t name = path.find_last_of("/\\");
+  const std::size_t point = path.rfind('.');
+  const bool in_name =
+      point != std::string_view::npos && (name == std::string_view::npos || point > name);
+  return in_name ? core::LowerCase(path.substr(point)) : std::string();
+}
+
+}  // namespace orvane::cli

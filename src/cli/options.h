@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace orvane::cli {
+
+enum class Command { kNew, kConvert, kReport, kMap, kShow, kPorts, kRead, kProgram };
+
+/// A port number 1..16, or the path of a device.
+using PortChoice = std::variant<int, std::string>;
+
+struct Options {
+  Command command = Command::kNew;
+  bool yes = false;
+  bool debug = false;
+  bool json = false;
+  bool raw = false;
+  std::optional<std::int16_t> model;
+  PortChoice port = 0;
+  std::string input;
+  std::string output;
+  std::string base;
+};
+
+/// What the words mean: options, or what to say instead of working. Exactly one of the three is
+/// set.
+struct Parsed {
+  std::optional<Options> options;
+  std::string help;   ///< asked for
+  std::string error;  ///< what is wrong and what would be right
+};
+[[nodiscard]] Parsed ParseWords(const std::vector<std::string>& words);
+
+/// "16", "COM16" in either letter case, or a device path.
+[[nodiscard]] std::optional<PortChoice> ParsePort(const std::string& text);
+
+/// Extension of a path in lower case with its point, "" when it has none.
+[[nodiscard]] std::string Extension(std::string_view path);
+
+}  // namespace orvane::cli

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "cli/status_line.h"
+#include "cli/terminal_prompts.h"
+#include "core/services.h"
+#include "link/monitor.h"
+
+namespace orvane::cli {
+
+/// A transfer on standard error: in debug mode a line for each step; on a terminal percent, block,
+/// bytes a second and time left.
+class ProgressView : public link::TransferView {
+ public:
+  ProgressView(StatusLine& err, TerminalPrompts& prompts, const core::Clock& clock, bool terminal)
+      : err_(err), prompts_(prompts), clock_(clock), terminal_(terminal) {}
+
+  void Monitor(std::string_view text) override;
+  void ShowProgress(int percent) override { percent_ = percent; }
+  void BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) override;
+
+ private:
+  StatusLine& err_;
+  TerminalPrompts& prompts_;
+  const core::Clock& clock_;
+  bool terminal_;
+  int percent_ = 0;
+  double first_block_at_ = 0;
+  std::size_t first_bytes_ = 0;  ///< done when the time began to count
+};
+
+}  // namespace orvane::cli
