@@ -6,6 +6,7 @@
 #include "image/codec.h"
 #include "image/forms.h"
 #include "image/layout_places.h"
+#include "image/raw_areas.h"
 
 namespace orvane::image {
 namespace {
@@ -20,7 +21,7 @@ constexpr std::int32_t kChannel09 = 18;
 // What the image itself says about groups and channels.
 class ImageState {
  public:
-  explicit ImageState(std::uint8_t* bytes) : bytes_(bytes) {}
+  explicit ImageState(core::MemoryImage& image) : bytes_(image.All().data()) {}
 
   [[nodiscard]] std::uint32_t Read(Bits bits) const { return ReadBits(bytes_, bits); }
   void Write(Bits bits, std::uint32_t value) { WriteBits(bytes_, bits, value); }
@@ -48,14 +49,6 @@ class ImageState {
              IsMarked(places::kExtraEnable, channel - core::kFirstExtraChannelIndex);
     }
     return IsMarked(places::kWxEnable, channel - core::kFirstWxChannelIndex);
-  }
-
-  [[nodiscard]] std::int32_t StoredChannel(int group, int index) const {
-    const std::uint32_t swapped = Read(places::StoredChannel(group, index));
-    return static_cast<std::int32_t>((swapped & 0xFF) << 8 | swapped >> 8);
-  }
-  void ClearStoredChannel(int group, int index) {
-    Write(places::StoredChannel(group, index), ChannelNumberForm::kNone);
   }
 
  private:
@@ -103,40 +96,41 @@ void RepairWxMode(ImageState& image) {
   image.Write(places::kLastDisplayChannel, static_cast<std::uint32_t>(*channel));
 }
 
-void RepairStoredChannels(ImageState& image) {
-  for (int group = 0; group < kGroups; ++group) {
-    for (int i = 0; i < places::kStoredChannelsPerGroup; ++i) {
-      if (!image.IsValidChannel(group, image.StoredChannel(group, i))) {
-        image.ClearStoredChannel(group, i);
+void RepairStoredChannels(const ImageState& state, core::MemoryImage& image) {
+  for (int group = 0; group < kStoredChannelGroups; ++group) {
+    for (int slot = 0; slot < kStoredChannelSlots; ++slot) {
+      if (!state.IsValidChannel(group, StoredChannel(image, group, slot))) {
+        SetStoredChannel(image, group, slot, kEmptyStoredChannel);
       }
     }
   }
 }
 
 // The distress and calling channels first, then what the user stored.
-std::int32_t PriorityCandidate(const ImageState& image, int group) {
+std::int32_t PriorityCandidate(const ImageState& state, const core::MemoryImage& image, int group) {
   for (const std::int32_t channel : {kChannel16, kChannel09}) {
-    if (image.IsValidChannel(group, channel)) return channel;
+    if (state.IsValidChannel(group, channel)) return channel;
   }
-  for (int i = 0; i < places::kStoredChannelsPerGroup; ++i) {
-    const std::int32_t channel = image.StoredChannel(group, i);
-    if (channel < core::kChannelIndexEnd && image.IsValidChannel(group, channel)) return channel;
+  for (int slot = 0; slot < kStoredChannelSlots; ++slot) {
+    const std::int32_t channel = StoredChannel(image, group, slot);
+    if (state.IsValidChannel(group, channel)) return channel;
   }
   return core::kNoChannel;
 }
 
-std::int32_t RepairedPriority(const ImageState& image, int group, std::int32_t channel) {
+std::int32_t RepairedPriority(const ImageState& state, const core::MemoryImage& image, int group,
+                              std::int32_t channel) {
   if (channel < 0 || channel >= core::kChannelIndexEnd) return core::kNoChannel;
-  if (!image.IsOn(places::GroupEnable(group))) return channel;
-  if (image.IsValidChannel(group, channel)) return channel;
-  return PriorityCandidate(image, group);
+  if (!state.IsOn(places::GroupEnable(group))) return channel;
+  if (state.IsValidChannel(group, channel)) return channel;
+  return PriorityCandidate(state, image, group);
 }
 
-void RepairPriorityChannels(ImageState& image, core::RadioData& data) {
+void RepairPriorityChannels(ImageState& state, core::RadioData& data) {
   for (int group = 0; group < kGroups; ++group) {
     std::int32_t& channel = data.Usable[static_cast<std::size_t>(group)].Priority_CH;
-    channel = RepairedPriority(image, group, channel);
-    image.Write(places::PriorityChannel(group), ChannelNumberForm::Coded(channel));
+    channel = RepairedPriority(state, data.Image, group, channel);
+    state.Write(places::PriorityChannel(group), ChannelNumberForm::Coded(channel));
   }
 }
 
@@ -161,11 +155,11 @@ void RebuildAtisModes(ImageState& image) {
 void ConsistencyPass(core::RadioData& data) {
   constexpr std::uint32_t kMarineMode = 0;
   constexpr std::uint32_t kWxMode = 1;
-  ImageState image(data.Image.All().data());
+  ImageState image(data.Image);
   const std::uint32_t mode = image.Read(places::kChannelMode);
   if (mode == kMarineMode) RepairMarineMode(image, data.Common.Last_Display_CH);
   if (mode == kWxMode) RepairWxMode(image);
-  RepairStoredChannels(image);
+  RepairStoredChannels(image, data.Image);
   if (core::ProfileOf(data).has_dsc) {
     RebuildAtisModes(image);
   } else {

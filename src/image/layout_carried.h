@@ -26,7 +26,7 @@ inline constexpr std::array kCarriedRows = {
     CarriedNumber("SEL1", places::kSel1),
     CarriedNumber("SEL2", places::kSel2),
     CarriedTable("bytes set by New", 170, 20),
-    CarriedNumber("User MMSI count", BytesAt(501, 1)),
+    CarriedNumber("User MMSI count", places::kMmsiCount),
     CarriedNumber("ATIS mode USA", places::AtisMode(0)),
     CarriedNumber("ATIS mode INTL", places::AtisMode(1)),
     CarriedNumber("ATIS mode Canada", places::AtisMode(2)),

@@ -34,6 +34,11 @@ constexpr Bits StoredChannel(int group, int index) {
   return BytesAt(96 + 20 * group + 2 * index, 2);
 }
 
+/// DSC settings; other models carry these bytes unread.
+inline constexpr Bits kDscSettings = BytesAt(160, 8);
+/// Count the radio keeps behind the user's MMSI.
+inline constexpr Bits kMmsiCount = BytesAt(501, 1);
+
 inline constexpr Bits kSel1 = BitAt(168, 5);
 inline constexpr Bits kSel2 = BitAt(168, 4);
 

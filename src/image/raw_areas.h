@@ -31,10 +31,10 @@ inline void SetStoredChannel(core::MemoryImage& image, int group, int slot, std:
 }
 
 /// Eight bytes that models with DSC use for its settings and other models carry unread.
-inline constexpr int kPriSetChOffset = 160;
-inline constexpr int kPriSetChLength = 8;
+inline constexpr int kPriSetChOffset = places::kDscSettings.FirstByte();
+inline constexpr int kPriSetChLength = places::kDscSettings.Length();
 
 /// Count that the radio keeps behind the user MMSI; the text report prints it.
-inline constexpr int kMmsiCountOffset = 501;
+inline constexpr int kMmsiCountOffset = places::kMmsiCount.FirstByte();
 
 }  // namespace orvane::image
