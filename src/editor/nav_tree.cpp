@@ -1,6 +1,8 @@
 #include "editor/nav_tree.h"
 
 #include <QFocusEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -26,6 +28,10 @@ NavTree::NavTree(TreeModel& model, QWidget* parent) : QTreeView(parent), model_(
   setUniformRowHeights(true);
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
+  // A node wider than the tree is scrolled to, never cut.
+  header()->setStretchLastSection(false);
+  header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  header()->setResizeContentsPrecision(0);
 }
 
 void NavTree::Rebuild() {
@@ -71,6 +77,15 @@ void NavTree::mousePressEvent(QMouseEvent* event) {
     QTreeView::mousePressEvent(event);
   }
   if (indexAt(event->position().toPoint()).isValid()) emit NodeChosen(CurrentKey());
+}
+
+void NavTree::keyPressEvent(QKeyEvent* event) {
+  const QString before = CurrentKey();
+  {
+    const QScopedValueRollback<bool> quiet(quiet_, true);
+    QTreeView::keyPressEvent(event);
+  }
+  if (CurrentKey() != before) emit NodeChosen(CurrentKey());
 }
 
 void NavTree::focusInEvent(QFocusEvent* event) {

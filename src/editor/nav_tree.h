@@ -31,11 +31,13 @@ class NavTree : public QTreeView {
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
 
  private:
   TreeModel& model_;
-  bool quiet_ = false;  ///< the current node moves by our own doing, or a click is not over yet
+  bool quiet_ =
+      false;  ///< the current node moves by our own doing, or a click or key is not over yet
 };
 
 }  // namespace orvane::editor
