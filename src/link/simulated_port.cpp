@@ -45,7 +45,7 @@ void SimulatedPort::DiscardInput() {
 
 std::optional<core::SystemError> SimulatedPort::Write(std::span<const std::uint8_t> bytes) {
   if (!open_) return NotOpen();
-  if (const std::optional<core::SystemError> failure = Failure()) return failure;
+  if (std::optional<core::SystemError> failure = Failure()) return failure;
   cable_.Transmit(bytes, clock_.Now());
   return std::nullopt;
 }

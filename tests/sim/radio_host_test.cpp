@@ -19,6 +19,7 @@ constexpr double kByteTime = 10.0 / 9600;
 class ScriptedTerminal : public Terminal {
  public:
   [[nodiscard]] std::optional<core::SystemError> Open() override {
+    static_cast<void>(Read());  // what was sent to nobody
     open = true;
     ++opened;
     return std::nullopt;
@@ -41,7 +42,8 @@ class ScriptedTerminal : public Terminal {
   [[nodiscard]] double Now() const override { return now; }
   [[nodiscard]] bool Wait(std::optional<double> until) override {
     std::optional<double> next = until;
-    if (!script.empty() && (!next || script.begin()->first < *next)) next = script.begin()->first;
+    const bool sends = open && !script.empty();
+    if (sends && (!next || script.begin()->first < *next)) next = script.begin()->first;
     if (!next || (stop_at && *next >= *stop_at)) return false;
     now = std::max(now, *next);
     return true;

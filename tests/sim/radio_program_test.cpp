@@ -136,7 +136,7 @@ TEST(RadioContents, ASampleOfEveryModelPassesTheChecksOfAConnectingProgram) {
 
 /// An empty folder, removed at the end.
 class PortFolder : public ::testing::Test {
- protected:
+ public:
   PortFolder()
       : folder_(fs::path(::testing::TempDir()) /
                 (std::string("orvane_ports_") +
@@ -144,6 +144,10 @@ class PortFolder : public ::testing::Test {
     fs::remove_all(folder_);
   }
   ~PortFolder() override { fs::remove_all(folder_); }
+  PortFolder(const PortFolder&) = delete;
+  PortFolder& operator=(const PortFolder&) = delete;
+
+ protected:
   [[nodiscard]] std::unique_ptr<PortRegistration> Radio(int number) const {
     return MakePortRegistration((folder_ / "ports").string(), number);
   }
