@@ -8,6 +8,7 @@
 
 #include "core/channel_plan.h"
 #include "core/model_profile.h"
+#include "image/codec.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::cli {
@@ -89,11 +90,12 @@ constexpr std::array<Field<ChannelRecord>, 25> kChannelFields = {{
 }};
 
 using core::UsableGroup;
-constexpr std::array<Field<UsableGroup>, 5> kGroupFields = {{
+constexpr std::array<Field<UsableGroup>, 6> kGroupFields = {{
     {"enable", &UsableGroup::Enable},
     {"tx_tot", &UsableGroup::TX_TOT},
     {"priority_ch", &UsableGroup::Priority_CH},
     {"status_icon", &UsableGroup::Status_Icon},
+    {"status_name", &UsableGroup::Status_name},
     {"backup", &UsableGroup::Backup},
 }};
 
@@ -205,8 +207,8 @@ Json DataTree(const core::RadioData& data) {
   tree["model"] = {{"type", data.MODELTYPE},
                    {"name", platform::AnsiToUtf8(data.ModelName)},
                    {"code", profile.code},
-                   {"sel1", data.SEL1},
-                   {"sel2", data.SEL2}};
+                   {"sel1", image::Sel1(data.Image)},
+                   {"sel2", image::Sel2(data.Image)}};
   for (std::size_t group = 0; group < kGroupNames.size(); ++group) {
     tree["usable_groups"][kGroupNames[group]] = RecordTree(data.Usable[group], kGroupFields);
   }

@@ -36,6 +36,11 @@ bool IsTerminal(int descriptor) {
 #endif
 }
 
+// What Qt notes about its surroundings is not for the user; messages come from the commands.
+void KeepQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type == QtFatalMsg) std::cerr << text.toStdString() << std::endl;
+}
+
 // Painting pages needs fonts, and with them the graphical half of Qt, but never a display.
 std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv,
                                                   const std::vector<std::string>& words) {
@@ -52,6 +57,7 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv,
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   const std::vector<std::string> words(argv + 1, argv + argc);
+  qInstallMessageHandler(KeepQuiet);
   const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv, words);
 
   platform::QtFileStore files;

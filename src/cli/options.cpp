@@ -198,7 +198,7 @@ const CommandInfo* FindCommand(const std::vector<std::string>& words) {
 }
 
 std::string ParserMessage(const CLI::ParseError& error, const CommandInfo* info) {
-  if (info == nullptr) return "Give one of the commands below";
+  if (info == nullptr) return "the first word must be one of the commands below";
   const std::string text = error.what();
   return text.substr(0, text.find('\n'));
 }

@@ -7,9 +7,8 @@
 
 namespace orvane::platform {
 
-/// Appends to err.log in debug mode; otherwise never touches the file. Its
-/// folder is created. A log that cannot be
-/// written is no failure of what it reports about.
+/// Appends to err.log in debug mode, otherwise never touches the file. The folder is created. A
+/// log that cannot be written is no failure of what it reports about.
 class FileErrorLog : public core::ErrorLog {
  public:
   FileErrorLog(std::string path, bool debug) : path_(std::move(path)), debug_(debug) {}

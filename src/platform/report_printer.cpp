@@ -1,0 +1,55 @@
+#include "platform/report_printer.h"
+
+#include <QPrintDialog>
+#include <QPrinterInfo>
+#include <string>
+
+#include "platform/ansi_text.h"
+#include "platform/printed_report.h"
+
+namespace orvane::platform {
+namespace {
+
+std::string StateText(QPrinter::PrinterState state) {
+  switch (state) {
+    case QPrinter::Aborted:
+      return "Printing was aborted.";
+    case QPrinter::Error:
+      return "The printer reports an error.";
+    default:
+      return "The printer does not take the pages.";
+  }
+}
+
+}  // namespace
+
+bool QtReportPrinter::HasPrinter() const {
+  return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+bool QtReportPrinter::Ask(QWidget& parent) {
+  if (!printer_) {
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer_->setFullPage(true);
+    printer_->setPageOrientation(QPageLayout::Portrait);
+  }
+  QPrintDialog dialog(printer_.get(), &parent);
+  dialog.setObjectName("printDialog");
+  // The report is always printed whole, and saving it is a command of its own.
+  for (const auto option : {QAbstractPrintDialog::PrintToFile, QAbstractPrintDialog::PrintSelection,
+                            QAbstractPrintDialog::PrintPageRange}) {
+    dialog.setOption(option, false);
+  }
+  return dialog.exec() == QDialog::Accepted;
+}
+
+std::optional<core::SystemError> QtReportPrinter::Print(const core::RadioData& data) {
+  if (!printer_) return core::SystemError{0, "No printer was chosen."};
+  printer_->setDocName(FromUtf8(data.ProgramTitle));
+  const bool painted = PaintReport(data, *printer_);
+  const QPrinter::PrinterState state = printer_->printerState();
+  if (painted && state != QPrinter::Error && state != QPrinter::Aborted) return std::nullopt;
+  return core::SystemError{0, ToUtf8(printer_->printerName()) + ": " + StateText(state)};
+}
+
+}  // namespace orvane::platform

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QPrinter>
+#include <QWidget>
+#include <memory>
+#include <optional>
+
+#include "core/radio_data.h"
+#include "core/services.h"
+
+namespace orvane::platform {
+
+/// The machine's printers, for the one document the program prints.
+class ReportPrinter {
+ public:
+  virtual ~ReportPrinter() = default;
+  [[nodiscard]] virtual bool HasPrinter() const = 0;
+  /// Shows the print dialog; false when the user cancelled. The choice holds until the next time.
+  [[nodiscard]] virtual bool Ask(QWidget& parent) = 0;
+  /// Prints the report as chosen. Pages that a failing printer already took stay printed.
+  [[nodiscard]] virtual std::optional<core::SystemError> Print(const core::RadioData& data) = 0;
+};
+
+/// The printers the system knows, through its own dialog.
+class QtReportPrinter : public ReportPrinter {
+ public:
+  [[nodiscard]] bool HasPrinter() const override;
+  [[nodiscard]] bool Ask(QWidget& parent) override;
+  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& data) override;
+
+ private:
+  std::unique_ptr<QPrinter> printer_;
+};
+
+}  // namespace orvane::platform

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/run.h"
+#include "image/sample_radio.h"
+#include "support/simulated_bench.h"
+
+namespace orvane::cli {
+
+/// Lends a port that somebody else owns.
+class LentPort : public link::SerialPort {
+ public:
+  explicit LentPort(link::SerialPort& port) : port_(port) {}
+  [[nodiscard]] std::optional<core::SystemError> Open() override { return port_.Open(); }
+  void Close() override { port_.Close(); }
+  [[nodiscard]] bool IsOpen() const override { return port_.IsOpen(); }
+  [[nodiscard]] std::size_t Waiting() override { return port_.Waiting(); }
+  [[nodiscard]] std::optional<std::uint8_t> ReadByte() override { return port_.ReadByte(); }
+  void DiscardInput() override { port_.DiscardInput(); }
+  [[nodiscard]] std::optional<core::SystemError> Write(
+      std::span<const std::uint8_t> bytes) override {
+    return port_.Write(bytes);
+  }
+  void SetDtr(bool on) override { port_.SetDtr(on); }
+  void SetRts(bool on) override { port_.SetRts(on); }
+  [[nodiscard]] std::optional<core::SystemError> Failure() const override {
+    return port_.Failure();
+  }
+
+ private:
+  link::SerialPort& port_;
+};
+
+class OnePort : public link::PortFinder {
+ public:
+  [[nodiscard]] std::vector<link::FoundPort> FindPorts() override { return ports; }
+  std::vector<link::FoundPort> ports = {{"COM16", "Simulated radio (COM16)", "/dev/radio"}};
+};
+
+class ScriptedInterrupts : public platform::Interrupts {
+ public:
+  void Start(std::function<void()> on_interrupt) override { press = std::move(on_interrupt); }
+  void Stop() override { press = nullptr; }
+  [[nodiscard]] bool WaitForInput() override { return input_comes; }
+
+  std::function<void()> press;  ///< set while a transfer runs
+  bool input_comes = true;
+};
+
+/// The command line over files in memory and a simulated radio of model 5.
+class CliBench : public ::testing::Test {
+ protected:
+  int Run(const std::vector<std::string>& words, const std::string& typed = {}) {
+    std::istringstream in(typed);
+    std::ostringstream out;
+    std::ostringstream err;
+    const int status = cli::Run(words, in, out, err, services);
+    out_ = out.str();
+    err_ = err.str();
+    return status;
+  }
+  [[nodiscard]] bool ErrHas(const std::string& text) const {
+    return err_.find(text) != std::string::npos;
+  }
+
+  core::RadioData sample = image::MakeSampleRadio(5, testing::ManualClock().Today());
+  testing::SimulatedBench bench{link::RadioMemory(core::ProfileOf(5), sample.Image.Used())};
+  testing::MemoryFiles files;
+  testing::RecordingLog log;
+  OnePort ports;
+  ScriptedInterrupts interrupts;
+  std::vector<std::string> opened;  ///< devices that ports were made for
+  std::string pdf = "%PDF-";
+  Services services{files,
+                    bench.clock,
+                    bench.pump,
+                    log,
+                    ports,
+                    interrupts,
+                    [this](const std::string& device) -> std::unique_ptr<link::SerialPort> {
+                      opened.push_back(device);
+                      return std::make_unique<LentPort>(bench.port);
+                    },
+                    [this](const core::RadioData&) { return pdf; },
+                    {}};
+  std::string out_;
+  std::string err_;
+};
+
+}  // namespace orvane::cli

@@ -1,0 +1,151 @@
+#include <algorithm>
+
+#include "cli_bench.h"
+#include "files/settings_file.h"
+
+namespace orvane::cli {
+namespace {
+
+using link::ExchangeKind;
+using Words = std::vector<std::string>;
+
+class TransferCommands : public CliBench {
+ protected:
+  TransferCommands() {
+    files.files["radio.hex"] = std::string(sample.Image.Used().begin(), sample.Image.Used().end());
+  }
+  // Presses Ctrl-C once the radio has answered so many exchanges of the kind.
+  void InterruptAfter(ExchangeKind kind, int count) {
+    bench.radio.SetObserver([this, kind, count](const link::Exchange& exchange) {
+      bench.asked.push_back(exchange);
+      if (Count(kind) == count && exchange.kind == kind) interrupts.press();
+    });
+  }
+  [[nodiscard]] long Count(ExchangeKind kind) const {
+    return std::count_if(bench.asked.begin(), bench.asked.end(),
+                         [=](const link::Exchange& exchange) { return exchange.kind == kind; });
+  }
+  [[nodiscard]] std::string Memory() const {
+    return {bench.radio.Memory().begin(), bench.radio.Memory().end()};
+  }
+
+  const Words read_ = {"read", "--model", "5", "--port", "COM16", "-o", "got.hex"};
+};
+
+TEST_F(TransferCommands, ReadSavesWhatTheRadioHolds) {
+  ASSERT_EQ(Run(read_), kDone) << err_;
+  EXPECT_EQ(opened, Words{"/dev/radio"});
+  EXPECT_EQ(err_, "Read from Radio: Complete!!\n");
+  ASSERT_EQ(Run({"convert", "radio.hex", "want.hex"}), kDone);
+  // Bytes 0..63 do not travel.
+  EXPECT_EQ(files.files["got.hex"].substr(64, 13504), files.files["want.hex"].substr(64, 13504));
+}
+
+TEST_F(TransferCommands, ReadRawWritesTheImageExactlyAsReceived) {
+  bench.radio.Memory()[3000] = 0x5A;
+  bench.radio.Memory()[95] = 0x77;
+  Words words = read_;
+  words.emplace_back("--raw");
+  ASSERT_EQ(Run(words), kDone) << err_;
+  EXPECT_EQ(files.files["got.hex"].substr(64, 13504), Memory().substr(64, 13504));
+}
+
+TEST_F(TransferCommands, ARadioOfAnotherDestinationIsReadFromABaseFile) {
+  bench.radio.Memory()[168] ^= 0x20;
+  EXPECT_EQ(Run(read_), kFailed);
+  EXPECT_EQ(err_, "Read from Radio: Destination Error !!\n");
+  EXPECT_FALSE(files.files.contains("got.hex"));
+  files.files["other_02E4.ini"] = Memory();
+  Words words = read_;
+  words.insert(words.end(), {"--base", "other_02E4.ini"});
+  EXPECT_EQ(Run(words), kDone) << err_;
+  files.files["other_02E4.ini"].pop_back();
+  EXPECT_EQ(Run(words), kFailed);
+  EXPECT_TRUE(ErrHas("bad file!!"));
+}
+
+TEST_F(TransferCommands, EverythingIsCheckedBeforeThePortIsTouched) {
+  files.failing["got.hex"] = {30, "Read-only file system"};
+  EXPECT_EQ(Run(read_), kFailed);
+  EXPECT_TRUE(ErrHas("FileSave Error!!\ngot.hex: Read-only file system\n")) << err_;
+  EXPECT_EQ(Run({"program", "--port", "16", "missing.hex"}), kFailed);
+  EXPECT_EQ(Run({"program", "--port", "16", "--model", "4", "radio.hex"}), kFailed);
+  EXPECT_TRUE(ErrHas("ModelType Error !!"));
+  EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(TransferCommands, APortThatCannotBeOpenedIsToldWithTheReason) {
+  const std::uint8_t byte = 'P';
+  bench.radio.SetFaults(link::FaultPlan({link::MakeFault(link::FaultKind::kUnplug, 1)}));
+  static_cast<void>(bench.radio.Receive(byte, 0));
+  ASSERT_FALSE(bench.radio.Plugged());
+  EXPECT_EQ(Run(read_), kFailed);
+  EXPECT_TRUE(err_.starts_with("Read from Radio: port inicialize error!!\n")) << err_;
+  EXPECT_GT(err_.size(), std::string("Read from Radio: port inicialize error!!\n").size());
+}
+
+TEST_F(TransferCommands, CtrlCDuringAReadSendsCancelAndWritesNothing) {
+  InterruptAfter(ExchangeKind::kRead, 20);
+  EXPECT_EQ(Run(read_), kFailed);
+  EXPECT_EQ(err_, "Read from Radio: cancelled\n");
+  EXPECT_EQ(Count(ExchangeKind::kCancel), 1);
+  EXPECT_FALSE(files.files.contains("got.hex"));
+  EXPECT_FALSE(interrupts.press) << "afterwards Ctrl-C ends the program as usual";
+}
+
+TEST_F(TransferCommands, ProgramWritesTheFileIntoTheRadio) {
+  ASSERT_NE(sample.Common.SQL, 3);
+  sample.Common.SQL = 3;
+  files.files["boat.dat"] = files::SettingFileText(sample, bench.pump);
+  ASSERT_EQ(Run({"--yes", "program", "--port", "16", "boat.dat"}), kDone) << err_;
+  EXPECT_TRUE(ErrHas("Program to Radio: Complete!!\n"));
+  ASSERT_EQ(Run(read_), kDone) << err_;
+  ASSERT_EQ(Run({"show", "got.hex"}), kDone);
+  EXPECT_NE(out_.find("\n  sql: 3\n"), std::string::npos);
+}
+
+TEST_F(TransferCommands, ACancelledProgramRunSaysThatTheRadioIsPartlyWritten) {
+  InterruptAfter(ExchangeKind::kWrite, 30);
+  EXPECT_EQ(Run({"--yes", "program", "--port", "16", "radio.hex"}), kFailed);
+  EXPECT_TRUE(ErrHas("Program to Radio: cancelled\nThe radio now holds a partly written image."))
+      << err_;
+}
+
+TEST_F(TransferCommands, ARadioThatRefusesForEverEndsTheRunEvenWithYes) {
+  bench.radio.SetFaults(
+      link::FaultPlan({link::MakeFault(link::FaultKind::kRefusal, ExchangeKind::kRead, 0)}));
+  Words words = read_;
+  words.insert(words.begin(), "--yes");
+  EXPECT_EQ(Run(words), kFailed);
+  EXPECT_TRUE(ErrHas("confirm the synchronization of the communication\nAnswered OK (--yes).\n"))
+      << err_;
+  EXPECT_TRUE(ErrHas("Communication Error!!"));
+}
+
+TEST_F(TransferCommands, ProgressShowsOnATerminalOnly) {
+  services.terminals.err = true;
+  ASSERT_EQ(Run(read_), kDone);
+  EXPECT_TRUE(ErrHas("\r 83 %  block 34F0  ")) << err_;
+  EXPECT_TRUE(ErrHas(" bytes/s  0:0"));
+  EXPECT_TRUE(ErrHas("\nRead from Radio: Complete!!\n")) << "messages start on a line of their own";
+}
+
+TEST_F(TransferCommands, DebugShowsTheStepsAndKeepsTheLog) {
+  Words words = read_;
+  words.emplace_back("--debug");
+  bench.radio.SetFaults(
+      link::FaultPlan({link::MakeFault(link::FaultKind::kUnplug, ExchangeKind::kRead, 1)}));
+  EXPECT_EQ(Run(words), kFailed);
+  EXPECT_TRUE(err_.starts_with("startsync...\n")) << err_;
+  EXPECT_TRUE(ErrHas("\nmodel check...\n"));
+  ASSERT_EQ(log.lines.size(), 1U);
+  EXPECT_TRUE(log.lines[0].starts_with("frmRadio102.ReadDataChkModel -> ")) << log.lines[0];
+  log.lines.clear();
+  bench.radio.PlugIn();
+  files.failing["got.hex"] = {5, "x"};
+  EXPECT_EQ(Run({"convert", "missing.hex", "x.dat"}), kFailed);
+  EXPECT_TRUE(log.lines.empty()) << "outside debug mode nothing is logged";
+}
+
+}  // namespace
+}  // namespace orvane::cli
