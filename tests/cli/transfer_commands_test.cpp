@@ -94,14 +94,13 @@ TEST_F(TransferCommands, CtrlCDuringAReadSendsCancelAndWritesNothing) {
 }
 
 TEST_F(TransferCommands, ProgramWritesTheFileIntoTheRadio) {
-  ASSERT_NE(sample.Common.SQL, 3);
-  sample.Common.SQL = 3;
+  sample.Table(core::MarineGroup::kUsa)[32].ChTag = "HARBOUR";
   files.files["boat.dat"] = files::SettingFileText(sample, bench.pump);
   ASSERT_EQ(Run({"--yes", "program", "--port", "16", "boat.dat"}), kDone) << err_;
   EXPECT_TRUE(ErrHas("Program to Radio: Complete!!\n"));
   ASSERT_EQ(Run(read_), kDone) << err_;
   ASSERT_EQ(Run({"show", "got.hex"}), kDone);
-  EXPECT_NE(out_.find("\n  sql: 3\n"), std::string::npos);
+  EXPECT_NE(out_.find("    16: enable on name \"HARBOUR\""), std::string::npos);
 }
 
 TEST_F(TransferCommands, ACancelledProgramRunSaysThatTheRadioIsPartlyWritten) {
