@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "image/codec.h"
@@ -111,7 +112,7 @@ TEST(SampleRadio, IsARadioInUseThatPassesItsOwnChecks) {
         if (mhz == 0) continue;
         EXPECT_GE(mhz, profile.min_frequency);
         EXPECT_LE(mhz, 174);
-        EXPECT_NEAR(mhz * 40, static_cast<int>(mhz * 40 + 0.5), 1e-6) << mhz;
+        EXPECT_NEAR(mhz * 40, std::round(mhz * 40), 1e-6) << mhz;
       }
     }
     EXPECT_EQ(extra_channels, 12);

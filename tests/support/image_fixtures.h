@@ -27,9 +27,9 @@ inline void SetBytes(core::MemoryImage& image, int offset, std::initializer_list
 }
 
 inline std::vector<int> BytesOf(const core::MemoryImage& image, int offset, int length) {
-  std::vector<int> bytes;
-  for (int i = 0; i < length; ++i) bytes.push_back(image[offset + i]);
-  return bytes;
+  const auto bytes =
+      image.All().subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(length));
+  return {bytes.begin(), bytes.end()};
 }
 
 }  // namespace orvane::testing
