@@ -1,0 +1,82 @@
+#include "editor/channel_page.h"
+
+#include "core/model_profile.h"
+#include "core/rendering.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+
+ChannelPage::ChannelPage(PageServices services, QWidget* parent)
+    : Page(services, parent), maker_(new ControlMaker(*this, Host())) {
+  setObjectName(QStringLiteral("pictC"));
+  setAccessibleName(tr("Channel"));
+  Build();
+  Connect();
+  ModelChanged();
+}
+
+void ChannelPage::ModelChanged() {
+  const core::ModelProfile& profile = core::ProfileOf(Data());
+  name_->setVisible(profile.has_channel_names);
+  name_caption_->setVisible(profile.has_channel_names);
+  scrambler_->setVisible(profile.shows_scrambler);
+  scrambler_caption_->setVisible(profile.shows_scrambler);
+}
+
+core::ChannelRecord& ChannelPage::Channel() const {
+  if (IsMarine()) return Data().Table(node_.group)[static_cast<std::size_t>(node_.number)];
+  return Data().EXP[node_.number];
+}
+
+bool ChannelPage::Check() {
+  if (!isEnabled()) return true;
+  bool passed = true;
+  for (const Direction direction : {kReceive, kTransmit}) {
+    const Frequency& frequency = frequencies_[direction];
+    if (!frequency.box->IsEdited()) continue;
+    if (!TakeOver(frequency)) {
+      TellWrongFrequency(*frequency.box);
+      passed = false;
+    }
+    break;
+  }
+  return CheckCompleteness() && passed;
+}
+
+bool ChannelPage::CheckCompleteness() {
+  if (IsMarine() || !enable_->isChecked()) return true;
+  const bool has_frequency = !frequencies_[kReceive].box->text().contains(QLatin1String("---"));
+  const bool has_number = display_left_->text().size() >= display_left_->Rule().min_length;
+  if (has_frequency && has_number) return true;
+  (void)Services().prompts.Show({.title = Data().ProgramTitle,
+                                 .text = "Data Error!!\r\nPlease input correct data.",
+                                 .icon = core::Icon::kExclamation});
+  return false;
+}
+
+bool ChannelPage::TakeOver(const Frequency& frequency) {
+  FrequencyBox& box = *frequency.box;
+  const std::optional<double> mhz = box.Rule().check(box.text(), core::ProfileOf(Data()));
+  if (!mhz) return false;
+  Channel().*frequency.value = *mhz;
+  ShowFrequency(frequency);
+  if (&frequency == &frequencies_[kTransmit]) ApplyNarrowbandRule();
+  return true;
+}
+
+void ChannelPage::Abandon(const Frequency& frequency) {
+  if (MayWrite() && !TakeOver(frequency)) ShowFrequency(frequency);
+}
+
+void ChannelPage::ShowFrequency(const Frequency& frequency) {
+  const double mhz = Channel().*frequency.value;
+  frequency.box->ShowText(platform::FromAnsi(core::FrequencyText(mhz)));
+  frequency.box->SetEdited(false);
+}
+
+void ChannelPage::TellWrongFrequency(const FrequencyBox& box) {
+  (void)Services().prompts.Show(
+      {.title = box.Rule().hint, .text = "Data Error!!", .icon = core::Icon::kExclamation});
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,134 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/channel_plan.h"
+#include "editor/controls.h"
+#include "editor/frequency_box.h"
+#include "editor/page.h"
+
+namespace orvane::editor {
+
+/// `pictC`: one channel, marine or EXP/LMR, in one set of controls.
+class ChannelPage : public Page {
+  Q_OBJECT
+
+ public:
+  explicit ChannelPage(PageServices services, QWidget* parent = nullptr);
+  void ModelChanged() override;
+  void Fill(const NodeRef& node) override;
+  [[nodiscard]] bool Check() override;
+
+ private:
+  enum Direction : std::size_t { kTransmit, kReceive };
+  struct ToneLists {
+    PickBox* ctcss;
+    PickBox* dcs;
+  };
+  struct Frequency {
+    FrequencyBox* box;
+    double core::ChannelRecord::*value;
+  };
+
+  // Layout: every control is built once.
+  void Build();
+  void BuildSwitches();
+  [[nodiscard]] QWidget* BuildNumberAndFrequencies();
+  [[nodiscard]] FrequencyBox* BuildFrequency(QGridLayout& grid, Field field,
+                                             const QString& caption);
+  [[nodiscard]] QWidget* BuildTransmit();
+  [[nodiscard]] QWidget* BuildNameAndScrambler();
+  [[nodiscard]] QWidget* BuildSwitchesBeside();
+  [[nodiscard]] QWidget* BuildTones();
+  void ShowForm();
+  void SetHelpContexts();
+
+  // What the page stands for.
+  [[nodiscard]] bool IsMarine() const { return node_.kind == NodeKind::kMarineChannel; }
+  [[nodiscard]] bool UnderLmrRoot() const { return node_.kind == NodeKind::kLmrChannel; }
+  [[nodiscard]] core::ChannelRecord& Channel() const;
+  [[nodiscard]] const core::ChannelPlanEntry& Plan() const;
+  [[nodiscard]] bool OfShownKind() const;
+  /// Whether a handler may write: the page is on show and no fill runs.
+  [[nodiscard]] bool MayWrite() const { return isEnabled() && !Data().Flags.Busy; }
+  void Changed() { Host().DataChanged(); }
+
+  // Filling.
+  void FillMarine();
+  void FillExtra();
+  void FillFlags();
+  void FillScrambler();
+  void ShowFrequency(const Frequency& frequency);
+  void ShowPlanReceiveFrequency();
+  void ShowBandwidth();
+  void ShowTones();
+
+  // Which controls can be used just now.
+  void FollowEntry();
+  void FollowEnable();
+  void FollowTxEnable();
+  void FollowLowPower();
+  void FollowReceiveDcs();
+  void FollowNarrowbandRule();
+  [[nodiscard]] bool ScramblerAllowed() const;
+  [[nodiscard]] bool MustBeNarrow() const;
+
+  // Handlers.
+  void Connect();
+  void ConnectFlag(QCheckBox& box, core::Flag core::ChannelRecord::*flag);
+  void ConnectFields();
+  void EnableClicked(bool on);
+  void SetChannelEnable(bool on);
+  void StoreGroups();
+  void GroupClicked(QCheckBox& box, bool on);
+  void HandleTxEnable();
+  void HandleLowPower();
+  void HandleCtcss(Direction direction);
+  void HandleDcs(Direction direction);
+  void StoreDisplay(const FieldBox& box, std::string core::ChannelRecord::*half);
+  [[nodiscard]] bool IsLastEnabled() const;
+
+  // Frequencies.
+  [[nodiscard]] bool TakeOver(const Frequency& frequency);
+  void Abandon(const Frequency& frequency);
+  void ApplyNarrowbandRule();
+  void TellWrongFrequency(const FrequencyBox& box);
+  [[nodiscard]] bool CheckCompleteness();
+
+  ControlMaker* maker_;
+  NodeRef node_{NodeKind::kMarineChannel};
+
+  QCheckBox* enable_ = nullptr;
+  QWidget* groups_area_ = nullptr;
+  std::array<QCheckBox*, 3> groups_{};
+  QWidget* body_ = nullptr;  ///< everything that a channel not in use has greyed
+  FieldBox* display_left_ = nullptr;
+  FieldBox* display_right_ = nullptr;
+  std::array<Frequency, 2> frequencies_{};  ///< by Direction
+  QCheckBox* tx_enable_ = nullptr;
+  QCheckBox* low_power_ = nullptr;
+  QCheckBox* power_up_ = nullptr;
+  QCheckBox* duplex_ = nullptr;
+  QCheckBox* scan_ = nullptr;
+  QLabel* scrambler_caption_ = nullptr;
+  PickBox* scrambler_ = nullptr;
+  QLabel* name_caption_ = nullptr;
+  FieldBox* name_ = nullptr;
+  QRadioButton* wide_ = nullptr;
+  QRadioButton* narrow_ = nullptr;
+  QGroupBox* tone_frame_ = nullptr;
+  std::array<ToneLists, 2> tones_{};  ///< by Direction
+  QCheckBox* complement_ = nullptr;
+  /// The check boxes that show one flag each.
+  std::vector<std::pair<QCheckBox*, core::Flag core::ChannelRecord::*>> flags_;
+};
+
+}  // namespace orvane::editor

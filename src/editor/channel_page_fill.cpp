@@ -1,0 +1,178 @@
+#include <algorithm>
+
+#include "core/extra_channel.h"
+#include "core/model_profile.h"
+#include "core/narrowband.h"
+#include "core/rendering.h"
+#include "editor/channel_page.h"
+#include "image/codec.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+namespace {
+
+using core::ChannelRecord;
+
+// Calling and distress channel 16 and DSC channel 70 must stay in the clear.
+constexpr int kChannel16 = 32;
+constexpr int kChannel70 = 140;
+
+// Bits of a scrambler value.
+constexpr int kScramblerOn = 4;
+constexpr int kScramblerCode = 3;
+
+QString DisplayHalf(std::string_view half) {
+  return platform::FromAnsi(core::DisplayLetters(half));
+}
+
+/// An EXP channel is in use when it belongs to a group.
+bool GroupRule(const ChannelRecord& channel) {
+  if (channel.LMR_EXP == core::Flag(true).Wire()) return channel.Enable;
+  return channel.USA_Group || channel.INT_Group || channel.CAN_Group;
+}
+
+}  // namespace
+
+void ChannelPage::Fill(const NodeRef& node) {
+  const BusyScope busy(Data());
+  node_ = node;
+  ShowForm();
+  SetHelpContexts();
+  FillFlags();
+  FillScrambler();
+  name_->ShowText(platform::FromAnsi(Channel().ChTag));
+  if (IsMarine()) {
+    FillMarine();
+  } else {
+    FillExtra();
+  }
+  FollowEntry();
+  FollowEnable();
+}
+
+void ChannelPage::FillFlags() {
+  for (const auto& [box, flag] : flags_) box->setChecked(Channel().*flag);
+}
+
+void ChannelPage::FillScrambler() {
+  const int scramble = Channel().Scramble;
+  const bool on = (scramble & kScramblerOn) != 0;
+  scrambler_->setCurrentIndex(on ? (scramble & kScramblerCode) + 1 : 0);
+}
+
+void ChannelPage::FillMarine() {
+  const core::ChannelPlanEntry& plan = Plan();
+  const QString label = platform::FromAnsi(plan.text);
+  // Two digits, three from channel 100 on; channels "A" have their letter behind them.
+  display_left_->setMaxLength(static_cast<int>(label.size()));
+  display_left_->ShowText(label);
+  ShowPlanReceiveFrequency();
+  frequencies_[kTransmit].box->ShowText(
+      platform::FromAnsi(core::PlanFrequencyText(plan.tx_frequency)));
+  enable_->setChecked(Channel().Enable);
+}
+
+void ChannelPage::FillExtra() {
+  const ChannelRecord& channel = Channel();
+  const std::string& right = channel.CHDisplayR;
+  const auto length = static_cast<std::size_t>(display_right_->maxLength());
+  display_left_->setMaxLength(display_left_->Rule().max_length);
+  display_left_->ShowText(DisplayHalf(std::string_view(channel.CHDisplayL).substr(0, length)));
+  display_right_->ShowText(
+      DisplayHalf(std::string_view(right).substr(right.size() - std::min(length, right.size()))));
+  for (const Frequency& frequency : frequencies_) ShowFrequency(frequency);
+
+  const bool of_kind = OfShownKind();
+  enable_->setChecked(of_kind && GroupRule(channel));
+  const std::array<bool, 3> member = {channel.USA_Group, channel.INT_Group, channel.CAN_Group};
+  for (std::size_t i = 0; i < groups_.size(); ++i) groups_[i]->setChecked(of_kind && member[i]);
+  ShowBandwidth();
+  ShowTones();
+}
+
+const core::ChannelPlanEntry& ChannelPage::Plan() const {
+  const int position = Channel().Position;
+  const bool in_plan = position >= 0 && position < core::kMarineChannels;
+  return core::ChannelPlan()[static_cast<std::size_t>(in_plan ? position : node_.number)];
+}
+
+bool ChannelPage::OfShownKind() const {
+  return core::OfKind(core::ProfileOf(Data()), Channel(), UnderLmrRoot());
+}
+
+void ChannelPage::ShowPlanReceiveFrequency() {
+  const core::ChannelPlanEntry& plan = Plan();
+  const double mhz = Channel().Duplex ? plan.rx_duplex : plan.rx_simplex;
+  frequencies_[kReceive].box->ShowText(platform::FromAnsi(core::PlanFrequencyText(mhz)));
+}
+
+void ChannelPage::ShowBandwidth() {
+  if (core::ProfileOf(Data()).shows_bandwidth) {
+    (Channel().Narrow ? narrow_ : wide_)->setChecked(true);
+    return;
+  }
+  // Neither is chosen until the user chooses one; buttons that exclude each other never let go.
+  for (QRadioButton* button : {wide_, narrow_}) {
+    button->setAutoExclusive(false);
+    button->setChecked(false);
+  }
+  for (QRadioButton* button : {wide_, narrow_}) button->setAutoExclusive(true);
+}
+
+void ChannelPage::ShowTones() {
+  const ChannelRecord& channel = Channel();
+  // The index of an item is the tone's index; a value without an item shows nothing and stays.
+  tones_[kTransmit].ctcss->setCurrentIndex(channel.TxCTCSS);
+  tones_[kTransmit].dcs->setCurrentIndex(channel.TxDCS);
+  tones_[kReceive].ctcss->setCurrentIndex(channel.RxCTCSS);
+  tones_[kReceive].dcs->setCurrentIndex(channel.RxDCS);
+}
+
+// The rules of the single entry. They hold for controls that CH Enable has greyed as well.
+void ChannelPage::FollowEntry() {
+  const ChannelRecord& channel = Channel();
+  duplex_->setEnabled(channel.DuplexAllowed);
+  tx_enable_->setEnabled(!IsMarine() || !channel.RxOnly);
+  scrambler_->setEnabled(ScramblerAllowed());
+  scrambler_caption_->setEnabled(ScramblerAllowed());
+  FollowTxEnable();
+  FollowReceiveDcs();
+  FollowNarrowbandRule();
+}
+
+void ChannelPage::FollowEnable() {
+  body_->setEnabled(enable_->isChecked());
+}
+
+void ChannelPage::FollowTxEnable() {
+  low_power_->setEnabled(tx_enable_->isChecked() && tx_enable_->isEnabledTo(body_));
+  FollowLowPower();
+}
+
+void ChannelPage::FollowLowPower() {
+  power_up_->setEnabled(low_power_->isChecked() && low_power_->isEnabledTo(body_));
+}
+
+void ChannelPage::FollowReceiveDcs() {
+  complement_->setEnabled(Channel().RxDCS != 0);
+}
+
+void ChannelPage::FollowNarrowbandRule() {
+  const bool forced = MustBeNarrow();
+  if (forced) narrow_->setChecked(true);
+  wide_->setEnabled(!forced);
+  narrow_->setEnabled(!forced);
+}
+
+bool ChannelPage::ScramblerAllowed() const {
+  if (!IsMarine()) return image::Sel1(Data().Image);
+  const int position = Channel().Position;
+  return Channel().SelectedPlan && position != kChannel16 && position != kChannel70;
+}
+
+bool ChannelPage::MustBeNarrow() const {
+  return !IsMarine() &&
+         core::WideTest(Data(), Channel(), Services().clock.Today()) == core::WideState::kForbidden;
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include "core/radio_data.h"
+#include "editor/field_box.h"
+#include "editor/page.h"
+
+/// Small parts that the pages share.
+namespace orvane::editor {
+
+inline constexpr const char* kToggleHint = "[Space]:An effective and invalid change.";
+inline constexpr const char* kListHint = "[Up]/[Down]:Change of a Selection item.";
+inline constexpr const char* kOptionHint = "[Up]/[Down]/[Left]/[Right]:Change of a Selection item.";
+
+/// Sets the busy flag for its own lifetime: the handlers do nothing meanwhile.
+class BusyScope {
+ public:
+  explicit BusyScope(core::RadioData& data) : busy_(data.Flags.Busy), before_(busy_) {
+    busy_ = true;
+  }
+  ~BusyScope() { busy_ = before_; }
+  BusyScope(const BusyScope&) = delete;
+  BusyScope& operator=(const BusyScope&) = delete;
+
+ private:
+  core::Flag& busy_;
+  core::Flag before_;
+};
+
+/// A drop-down list that the wheel changes only while it has the focus, so that scrolling a page
+/// never changes the data.
+class PickBox : public QComboBox {
+  Q_OBJECT
+
+ public:
+  explicit PickBox(QWidget* parent = nullptr);
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+};
+
+/// A frame whose lines and title can be greyed while controls in it stay enabled.
+class GreyableFrame : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  using QGroupBox::QGroupBox;
+  void SetGrey(bool grey);
+  [[nodiscard]] bool IsGrey() const { return grey_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool grey_ = false;
+};
+
+/// Makes the controls of a page. A caption may carry "&"; the accessible name is the caption
+/// without it.
+class ControlMaker : public QObject {
+  Q_OBJECT
+
+ public:
+  ControlMaker(QWidget& page, PageHost& host) : QObject(&page), page_(page), host_(host) {}
+
+  QCheckBox* Check(const QString& name, const QString& caption, int help_context = 0);
+  PickBox* List(const QString& name, const QString& caption, const QStringList& items,
+                int help_context = 0);
+  /// A caption beside a control; its access key leads there.
+  QLabel* Caption(const QString& caption, QWidget* buddy);
+
+  /// Name, hint and help context of a control made elsewhere. The hint is written into the status
+  /// bar whenever the control gets the focus; that of a locked field is empty.
+  void Adopt(QWidget& control, const QString& name, const QString& caption, const char* hint,
+             int help_context = 0);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QWidget& page_;
+  PageHost& host_;
+};
+
+/// Object name of a member of an array of controls.
+[[nodiscard]] QString MemberName(const char* array, int index);
+void SetHelpContext(QWidget& control, int number);
+/// Width of so many digits, with the frame of a text field around them.
+void SetDigits(QLineEdit& box, int digits);
+
+}  // namespace orvane::editor

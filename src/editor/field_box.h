@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+
+#include "editor/field_rules.h"
+
+namespace orvane::editor {
+
+/// A text field that lets in what its rule passes, whichever way it comes: typing, pasting,
+/// dropping or an input method. Text already in the box is left alone.
+class FieldBox : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit FieldBox(const FieldRule& rule, QWidget* parent = nullptr);
+
+  [[nodiscard]] const FieldRule& Rule() const { return rule_; }
+  /// Puts a text from the data into the box, unfiltered. Edited is not emitted.
+  void ShowText(const QString& text);
+  /// A locked box is read-only, looks it, and offers no hint.
+  void SetLocked(bool locked);
+  [[nodiscard]] bool IsLocked() const { return isReadOnly(); }
+
+ signals:
+  /// The text changed otherwise than by ShowText.
+  void Edited();
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  class Filter;
+
+  void InsertPassed(const QString& text);
+  void PasteFromClipboard();
+  void ApplyColour();
+
+  const FieldRule& rule_;
+  Filter* filter_;
+  bool showing_ = false;
+};
+
+}  // namespace orvane::editor

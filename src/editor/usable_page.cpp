@@ -1,0 +1,193 @@
+#include "editor/usable_page.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <algorithm>
+#include <span>
+
+#include "core/channel_plan.h"
+#include "core/model_profile.h"
+#include "core/rendering.h"
+#include "files/columns.h"
+#include "image/layout_places.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+namespace {
+
+QStringList OffOn() {
+  return {platform::FromAnsi(core::OnOffText(false)), platform::FromAnsi(core::OnOffText(true))};
+}
+
+/// A group that the radio offers must have a channel. The test looks at the memory image, as the
+/// radio does.
+void GiveFirstChannel(core::RadioData& data, std::size_t group) {
+  const image::Bits area = image::places::MarineEnable(static_cast<int>(group));
+  const std::span<std::uint8_t> bytes = data.Image.All().subspan(
+      static_cast<std::size_t>(area.FirstByte()), static_cast<std::size_t>(area.Length()));
+  if (std::any_of(bytes.begin(), bytes.end(), [](std::uint8_t byte) { return byte != 0; })) return;
+  image::WriteBits(data.Image.All().data(), {area.first, 1}, 1);
+  data.Marine[group][1].Enable = true;
+}
+
+/// EXP channels are in use when they belong to a channel group; LMR channels by their own flag.
+void EnableExpChannelsByGroup(core::ExtraTable& table) {
+  for (core::ChannelRecord& channel : table) {
+    if (channel.LMR_EXP == core::Flag(true).Wire()) continue;
+    channel.Enable = channel.USA_Group || channel.INT_Group || channel.CAN_Group;
+  }
+}
+
+}  // namespace
+
+UsablePage::UsablePage(PageServices services, QWidget* parent)
+    : Page(services, parent), maker_(new ControlMaker(*this, Host())) {
+  setObjectName(QStringLiteral("pictUsable"));
+  setAccessibleName(tr("Available CH Group Setup"));
+  auto* grid = new QGridLayout(this);
+  const std::array<QString, core::kUsableGroups> captions = {tr("&USA"), tr("&INTL"), tr("&CANADA"),
+                                                             QString()};
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    BuildGroup(i, captions[i]);
+    grid->addWidget(groups_[i].frame, static_cast<int>(i) / 2, static_cast<int>(i) % 2);
+  }
+  grid->setColumnStretch(2, 1);
+  grid->setRowStretch(2, 1);
+  connect(exp_, &QCheckBox::clicked, this, &UsablePage::SwitchExp);
+  ModelChanged();
+}
+
+void UsablePage::BuildGroup(std::size_t index, const QString& caption) {
+  Group& group = groups_[index];
+  const int i = static_cast<int>(index);
+  group.frame = new GreyableFrame(this);
+  group.enable = maker_->Check(MemberName("chkUsable", i), caption);
+  auto* switches = new QHBoxLayout;
+  switches->addWidget(group.enable);
+  if (index == core::kExtraGroup) {
+    exp_ = maker_->Check(QStringLiteral("chkUsableEXP"), tr("E&XP CH"));
+    switches->addWidget(exp_);
+  }
+  switches->addStretch();
+
+  group.time_out = maker_->List(MemberName("cmbUsableTot", i), tr("TX TOT"), OffOn());
+  group.priority = maker_->List(MemberName("cmbUsablePri", i), tr("Priority CH"), {});
+  group.icon = maker_->List(MemberName("cmbUsableSts", i), tr("Status Icon"), OffOn());
+  group.priority->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  group.priority->setMinimumContentsLength(6);
+  auto* fields = new QGridLayout(group.frame);
+  fields->addLayout(switches, 0, 0, 1, 2);
+  int line = 0;
+  for (PickBox* list : {group.time_out, group.priority, group.icon}) {
+    QLabel* label = maker_->Caption(list->accessibleName(), list);
+    group.captions[static_cast<std::size_t>(line)] = label;
+    ++line;
+    fields->addWidget(label, line, 0);
+    fields->addWidget(list, line, 1);
+  }
+  fields->setColumnStretch(1, 1);
+
+  // Status names are shown in the tree; their boxes are not offered.
+  auto* status_name = new QLineEdit(group.frame);
+  status_name->setObjectName(MemberName("txtUsable", i));
+  status_name->setAccessibleName(tr("Status Name"));
+  status_name->setEnabled(false);
+  status_name->hide();
+  ConnectGroup(index);
+}
+
+void UsablePage::ConnectGroup(std::size_t index) {
+  const Group& group = groups_[index];
+  connect(group.enable, &QCheckBox::clicked, this,
+          [this, index](bool on) { SwitchGroup(index, on); });
+  connect(group.time_out, &QComboBox::activated, this, [this, index](int item) {
+    Data().Usable[index].TX_TOT = item == 1;
+    Host().DataChanged();
+  });
+  connect(group.icon, &QComboBox::activated, this, [this, index](int item) {
+    Data().Usable[index].Status_Icon = item == 1;
+    Host().DataChanged();
+  });
+  connect(group.priority, &QComboBox::activated, this, [this, index] {
+    Data().Usable[index].Priority_CH = groups_[index].priority->currentData().toInt();
+    Host().DataChanged();
+  });
+}
+
+void UsablePage::ModelChanged() {
+  const QString caption = tr("%1 CH").arg(platform::FromAnsi(core::ProfileOf(Data()).extra_word));
+  QCheckBox& box = *groups_[core::kExtraGroup].enable;
+  box.setText(QLatin1Char('&') + caption);
+  box.setAccessibleName(caption);
+}
+
+void UsablePage::Fill(const NodeRef& /*node*/) {
+  const BusyScope busy(Data());
+  exp_->setChecked(Data().ExpPresent);
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    const core::UsableGroup& usable = Data().Usable[i];
+    const Group& group = groups_[i];
+    group.enable->setChecked(usable.Enable);
+    group.time_out->setCurrentIndex(usable.TX_TOT ? 1 : 0);
+    group.icon->setCurrentIndex(usable.Status_Icon ? 1 : 0);
+    ListPriorityChannels(i);
+    FollowEnable(i);
+  }
+}
+
+void UsablePage::ListPriorityChannels(std::size_t index) {
+  PickBox& list = *groups_[index].priority;
+  list.clear();
+  list.addItem(platform::FromAnsi(core::OnOffText(false)), core::kNoChannel);
+  const auto add = [&list](const std::string& text, std::int32_t channel) {
+    list.addItem(platform::FromAnsi(text), channel);
+  };
+  if (index == core::kExtraGroup) {
+    for (int n = core::ExtraTable::kFirst; n <= core::ExtraTable::kLast; ++n) {
+      const core::ChannelRecord& channel = Data().EXP[n];
+      if (channel.Enable) {
+        add(core::DisplayText(channel),
+            core::kFirstExtraChannelIndex + n - core::ExtraTable::kFirst);
+      }
+    }
+  } else {
+    for (const int i : files::EnabledMarineRows(Data().Marine[index])) {
+      add(std::string(core::PlanLabel(Data().Marine[index][static_cast<std::size_t>(i)].Position)),
+          i);
+    }
+  }
+  // A channel that is no longer in use leaves the list without a choice.
+  list.setCurrentIndex(list.findData(Data().Usable[index].Priority_CH));
+}
+
+void UsablePage::FollowEnable(std::size_t index) {
+  const Group& group = groups_[index];
+  const bool on = group.enable->isChecked() || (index == core::kExtraGroup && exp_->isChecked());
+  group.frame->SetGrey(!on);
+  for (QLabel* caption : group.captions) caption->setEnabled(on);
+  for (PickBox* list : {group.time_out, group.priority, group.icon}) list->setEnabled(on);
+}
+
+void UsablePage::SwitchGroup(std::size_t index, bool on) {
+  if (!MayWrite()) return;
+  Data().Usable[index].Enable = on;
+  if (on && index != core::kExtraGroup) {
+    GiveFirstChannel(Data(), index);
+    ListPriorityChannels(index);
+  }
+  FollowEnable(index);
+  Host().DataChanged();
+  Host().RebuildTree();
+}
+
+void UsablePage::SwitchExp(bool on) {
+  if (!MayWrite()) return;
+  Data().ExpPresent = on;
+  if (on) EnableExpChannelsByGroup(Data().EXP);
+  ListPriorityChannels(core::kExtraGroup);
+  FollowEnable(core::kExtraGroup);
+  Host().DataChanged();
+  Host().RebuildTree();
+}
+
+}  // namespace orvane::editor
