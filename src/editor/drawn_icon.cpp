@@ -1,9 +1,11 @@
 #include "editor/drawn_icon.h"
 
 #include <QFile>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
+#include <utility>
 
 // The resources of a static library are there only once this ran; it must be outside any namespace.
 static void LoadEditorResources() {
@@ -13,39 +15,71 @@ static void LoadEditorResources() {
 namespace orvane::editor {
 namespace {
 
-constexpr int kIconSize = 24;       // device-independent pixels
-constexpr int kLargestPixels = 72;  // 300 % scaling
 // The colours the drawings are made in, replaced by the palette's.
 constexpr const char* kLineColour = "#000000";
 constexpr const char* kAccentColour = "#0000ff";
 
-QPixmap Drawing(const QByteArray& svg, const QColor& line, const QColor& accent, int pixels) {
-  QByteArray coloured = svg;
-  coloured.replace(kAccentColour, accent.name().toLatin1());
-  coloured.replace(kLineColour, line.name().toLatin1());
-  QPixmap pixmap(pixels, pixels);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
-  QSvgRenderer(coloured).render(&painter);
-  return pixmap;
+struct Colours {
+  QByteArray line;
+  QByteArray accent;
+};
+
+Colours ColoursOf(const QPalette& palette, QIcon::Mode mode) {
+  const auto name = [&](QPalette::ColorGroup group, QPalette::ColorRole role) {
+    return palette.color(group, role).name().toLatin1();
+  };
+  if (mode == QIcon::Disabled) {
+    const QByteArray faint = name(QPalette::Disabled, QPalette::ButtonText);
+    return {faint, faint};
+  }
+  return {name(QPalette::Active, QPalette::ButtonText),
+          name(QPalette::Active, QPalette::Highlight)};
 }
+
+QByteArray Coloured(QByteArray svg, const Colours& colours) {
+  svg.replace(kAccentColour, colours.accent);
+  svg.replace(kLineColour, colours.line);
+  return svg;
+}
+
+QByteArray Load(const char* name) {
+  LoadEditorResources();
+  QFile file(QStringLiteral(":/editor/%1.svg").arg(QLatin1String(name)));
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Draws when asked, at the size asked for.
+class DrawingEngine : public QIconEngine {
+ public:
+  DrawingEngine(QByteArray svg, const QPalette& palette)
+      : svg_(std::move(svg)), palette_(palette) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
+             QIcon::State /*state*/) override {
+    QSvgRenderer(Coloured(svg_, ColoursOf(palette_, mode))).render(painter, rect);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    paint(&painter, QRect(QPoint(), size), mode, state);
+    return pixmap;
+  }
+  [[nodiscard]] QIconEngine* clone() const override { return new DrawingEngine(svg_, palette_); }
+
+ private:
+  QByteArray svg_;
+  QPalette palette_;
+};
 
 }  // namespace
 
 QIcon DrawnIcon(const char* name, const QPalette& palette) {
-  LoadEditorResources();
-  QFile file(QStringLiteral(":/editor/%1.svg").arg(QLatin1String(name)));
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  const QByteArray svg = file.readAll();
-  const QColor line = palette.color(QPalette::Active, QPalette::ButtonText);
-  const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
-  const QColor faint = palette.color(QPalette::Disabled, QPalette::ButtonText);
-  QIcon icon;
-  for (int pixels = kIconSize; pixels <= kLargestPixels; pixels += kIconSize) {
-    icon.addPixmap(Drawing(svg, line, accent, pixels));
-    icon.addPixmap(Drawing(svg, faint, faint, pixels), QIcon::Disabled);
-  }
-  return icon;
+  return QIcon(new DrawingEngine(Load(name), palette));
+}
+
+QByteArray DrawingFor(const char* name, const QPalette& palette) {
+  return Coloured(Load(name), ColoursOf(palette, QIcon::Normal));
 }
 
 }  // namespace orvane::editor

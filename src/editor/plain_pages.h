@@ -12,7 +12,7 @@ class GeneralPage : public Page {
   Q_OBJECT
 
  public:
-  GeneralPage(PageServices services, QWidget* parent = nullptr);
+  explicit GeneralPage(PageServices services, QWidget* parent = nullptr);
   void Fill(const NodeRef& node) override;
 
   /// The picture stays hidden until this; a file that cannot be read leaves the page empty.
@@ -29,7 +29,7 @@ class GreyPage : public Page {
   Q_OBJECT
 
  public:
-  GreyPage(PageServices services, QWidget* parent = nullptr);
+  explicit GreyPage(PageServices services, QWidget* parent = nullptr);
   void Fill(const NodeRef& node) override;
 };
 

@@ -13,7 +13,7 @@ class ToolBar : public QToolBar {
   Q_OBJECT
 
  public:
-  ToolBar(const Menus& menus, QWidget* parent = nullptr);
+  explicit ToolBar(const Menus& menus, QWidget* parent = nullptr);
 
  protected:
   void changeEvent(QEvent* event) override;
