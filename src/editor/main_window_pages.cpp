@@ -1,19 +1,9 @@
-#include "editor/main_window.h"
-#if __has_include("editor/usable_page.h")
 #include "editor/channel_page.h"
 #include "editor/common_page.h"
 #include "editor/grid_page.h"
+#include "editor/main_window.h"
 #include "editor/usable_page.h"
 #include "editor/weather_page.h"
-#else
-namespace orvane::editor {
-using UsablePage = GreyPage;
-using CommonPage = GreyPage;
-using GridPage = GreyPage;
-using ChannelPage = GreyPage;
-using WeatherPage = GreyPage;
-}  // namespace orvane::editor
-#endif
 
 namespace orvane::editor {
 
@@ -22,11 +12,11 @@ void MainWindow::BuildPages() {
   general_ = new GeneralPage(services);
   const Navigator::Pages pages{.general = general_,
                                .grey = new GreyPage(services),
-                               .usable = new UsablePage(services, nullptr),
-                               .common = new CommonPage(services, nullptr),
-                               .grid = new GridPage(services, nullptr),
-                               .channel = new ChannelPage(services, nullptr),
-                               .weather = new WeatherPage(services, nullptr)};
+                               .usable = new UsablePage(services),
+                               .common = new CommonPage(services),
+                               .grid = new GridPage(services),
+                               .channel = new ChannelPage(services),
+                               .weather = new WeatherPage(services)};
   for (Page* page : {pages.general, pages.grey, pages.usable, pages.common, pages.grid,
                      pages.channel, pages.weather}) {
     area_->Add(page);

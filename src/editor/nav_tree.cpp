@@ -10,6 +10,9 @@
 namespace orvane::editor {
 namespace {
 
+// Less than usual, so that every node can be read at the window's smallest width.
+constexpr int kIndentation = 14;
+
 void ExpandedKeys(const QTreeView& view, const QModelIndex& parent, QStringList& keys) {
   const QAbstractItemModel& model = *view.model();
   for (int row = 0; row < model.rowCount(parent); ++row) {
@@ -28,6 +31,7 @@ NavTree::NavTree(TreeModel& model, QWidget* parent) : QTreeView(parent), model_(
   setUniformRowHeights(true);
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setIndentation(kIndentation);
   // A node wider than the tree is scrolled to, never cut.
   header()->setStretchLastSection(false);
   header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -86,6 +90,12 @@ void NavTree::keyPressEvent(QKeyEvent* event) {
     QTreeView::keyPressEvent(event);
   }
   if (CurrentKey() != before) emit NodeChosen(CurrentKey());
+}
+
+void NavTree::resizeEvent(QResizeEvent* event) {
+  // The highlight of a short node reaches across the whole view.
+  header()->setMinimumSectionSize(viewport()->width());
+  QTreeView::resizeEvent(event);
 }
 
 void NavTree::focusInEvent(QFocusEvent* event) {

@@ -24,8 +24,8 @@ void Navigator::SelectUnchecked(const QString& key) {
 
 void Navigator::ShowAgain() {
   const NodeRef node = NodeOfKey(current_key_).value_or(NodeRef{});
-  area_.Show(PageOf(node.kind), node);
   host_.ShowHint(QLatin1String(kTreeHint));
+  area_.Show(PageOf(node.kind), node);
 }
 
 bool Navigator::CheckPage() {

@@ -2,6 +2,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSplitter>
+#include <QTableView>
 #include <QVBoxLayout>
 
 #include "editor/navigator.h"
@@ -169,6 +170,19 @@ class NavigationTest : public QObject {
     QTest::keyClick(&desk.Tree(), Qt::Key_Return);
     QTest::keyClick(&desk.Tree(), Qt::Key_Enter);
     QCOMPARE(activated.count(), 0);
+  }
+
+  void EnterInTheGridJumpsIntoTheChannelsPage() {
+    WindowDesk desk;
+    desk.Start();
+    desk.window->SelectNode("PU");
+    auto* grid = desk.Find<QTableView>("MSFlexGrid1");
+    grid->setFocus();
+    QTest::keyClick(grid, Qt::Key_Return);
+    QCOMPARE(desk.Tree().CurrentKey(), "PU3");  // 01A, the first enabled channel
+    QCOMPARE(desk.PageName(), "pictC");
+    QCOMPARE(QApplication::focusWidget()->objectName(), "chkCEnable");
+    QCOMPARE(desk.Hint(), "[Space]:An effective and invalid change.");
   }
 
   void F6MovesBetweenTreeAndPage() {
