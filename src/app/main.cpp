@@ -1,9 +1,11 @@
 #include <QApplication>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "core/app_settings.h"
 #include "editor/main_window.h"
+#include "editor/window_commands.h"
 #include "platform/ansi_text.h"
 #include "platform/file_dialogs.h"
 #include "platform/file_error_log.h"
@@ -13,7 +15,9 @@
 #include "platform/qt_event_pump.h"
 #include "platform/qt_file_store.h"
 #include "platform/qt_port_finder.h"
+#include "platform/qt_serial_port.h"
 #include "platform/qt_settings_store.h"
+#include "platform/report_printer.h"
 
 namespace {
 
@@ -48,18 +52,28 @@ int main(int argc, char** argv) {
   platform::QtPortFinder ports(platform::PortLinksFolder());
   platform::QtFileDialogs dialogs;
 
-  orvane::editor::MainWindow window({.data = data,
-                                     .prompts = prompts,
-                                     .clock = clock,
-                                     .pump = pump,
-                                     .settings = settings,
-                                     .files = files,
-                                     .log = log,
-                                     .ports = ports,
-                                     .dialogs = dialogs,
-                                     .commands = nullptr,
-                                     .program_folder = platform::ProgramFolder(),
-                                     .data_folder = platform::DataFolder()});
+  platform::QtReportPrinter printer;
+
+  orvane::editor::WindowServices services{.data = data,
+                                          .prompts = prompts,
+                                          .clock = clock,
+                                          .pump = pump,
+                                          .settings = settings,
+                                          .files = files,
+                                          .log = log,
+                                          .ports = ports,
+                                          .dialogs = dialogs,
+                                          .commands = nullptr,
+                                          .program_folder = platform::ProgramFolder(),
+                                          .data_folder = platform::DataFolder()};
+  const auto make_port = [&ports](int number) {
+    return std::make_unique<platform::QtSerialPort>(platform::DeviceOfPort(ports, number));
+  };
+  orvane::editor::WindowCommands commands(
+      services, {.make_port = make_port, .printer = printer, .help = nullptr});
+  services.commands = &commands;
+
+  orvane::editor::MainWindow window(services);
   window.show();
   return QApplication::exec();
 }

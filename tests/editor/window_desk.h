@@ -80,13 +80,17 @@ struct WindowDesk {
   ListedPorts ports;
   ScriptedDialogs dialogs;
   RecordingCommands commands;
+  editor::Commands* used_commands = &commands;
   std::unique_ptr<editor::MainWindow> window;
+
+  [[nodiscard]] editor::WindowServices Services() {
+    return {data, prompts, clock,   pump,          settings,   files,
+            log,  ports,   dialogs, used_commands, "/program", "/share"};
+  }
 
   /// Shows the window and lets its start come to an end.
   void Start() {
-    window = std::make_unique<editor::MainWindow>(
-        editor::WindowServices{data, prompts, clock, pump, settings, files, log, ports, dialogs,
-                               &commands, "/program", "/share"});
+    window = std::make_unique<editor::MainWindow>(Services());
     window->show();
     window->activateWindow();
     QVERIFY(QTest::qWaitFor(

@@ -1,0 +1,244 @@
+#include "editor/report_window.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <chrono>
+#include <optional>
+
+#include "editor/working.h"
+#include "files/text_report.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+namespace {
+
+constexpr QSize kFirstSize(558, 409);
+constexpr std::chrono::milliseconds kWindowPaints{10};
+constexpr const char* kWaitingText = "Now, making text image. Please wait...";
+constexpr const char* kFilter = "Text files(*.txt)|*.txt|All files(*.*)|*.*";
+constexpr const char* kLineEnd = "\r\n";
+
+}  // namespace
+
+ReportWindow::ReportWindow(const WindowServices& services, CommandHost& host)
+    : QDialog(&host.Widget()),
+      services_(services),
+      data_(services.data),
+      host_(host),
+      text_(new QPlainTextEdit(QLatin1String(kWaitingText), this)),
+      timer_(new QTimer(this)) {
+  setObjectName(QStringLiteral("frmPrn"));
+  setWindowTitle(QStringLiteral("Print to File"));
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  setModal(true);
+
+  text_->setObjectName(QStringLiteral("txtPrn"));
+  text_->setAccessibleName(tr("Report"));
+  text_->setReadOnly(true);
+  text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  text_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  normal_font_ = QFont(QStringLiteral("Courier New"), font().pointSize());
+  normal_font_.setStyleHint(QFont::TypeWriter);
+  normal_font_.setFixedPitch(true);
+  text_->setFont(normal_font_);
+  // What was found is marked while the search text has the focus.
+  QPalette marked = text_->palette();
+  for (const auto role : {QPalette::Highlight, QPalette::HighlightedText}) {
+    marked.setBrush(QPalette::Inactive, role, marked.brush(QPalette::Active, role));
+  }
+  text_->setPalette(marked);
+
+  auto* ok = new QPushButton(tr("OK"), this);
+  ok->setObjectName(QStringLiteral("cmdOK"));
+  ok->setAutoDefault(false);
+  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+
+  auto* all = new QVBoxLayout(this);
+  all->setMenuBar(BuildMenus());
+  all->addWidget(text_, 1);
+  all->addWidget(BuildFindBar());
+  all->addWidget(ok, 0, Qt::AlignHCenter);
+  resize(kFirstSize);
+
+  timer_->setObjectName(QStringLiteral("Timer1"));
+  timer_->setSingleShot(true);
+  timer_->setInterval(kWindowPaints);
+  connect(timer_, &QTimer::timeout, this, &ReportWindow::BuildReport);
+}
+
+QMenuBar* ReportWindow::BuildMenus() {
+  auto* bar = new QMenuBar(this);
+  const auto add = [](QMenu& menu, const char* name, const QString& caption,
+                      const QKeySequence& shortcut) {
+    QAction* item = menu.addAction(caption);
+    item->setObjectName(QLatin1String(name));
+    item->setShortcut(shortcut);
+    return item;
+  };
+  QMenu& file = *bar->addMenu(QStringLiteral("&File"));
+  connect(add(file, "mnuFileSave", QStringLiteral("&Save As..."), Qt::CTRL | Qt::Key_S),
+          &QAction::triggered, this, &ReportWindow::SaveAs);
+  connect(add(file, "mnuFileExit", QStringLiteral("&Exit"), {}), &QAction::triggered, this,
+          &QDialog::accept);
+
+  QMenu& edit = *bar->addMenu(tr("&Edit"));
+  connect(add(edit, "mnuEditCopyAll", tr("&Copy All"), Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+          &QAction::triggered, this, &ReportWindow::CopyAll);
+  connect(add(edit, "mnuEditFind", tr("&Find..."), Qt::CTRL | Qt::Key_F), &QAction::triggered, this,
+          &ReportWindow::ShowFindBar);
+  connect(add(edit, "mnuEditFindNext", tr("Find &Next"), Qt::Key_F3), &QAction::triggered, this,
+          [this] { Find({}); });
+  connect(add(edit, "mnuEditFindPrevious", tr("Find &Previous"), Qt::SHIFT | Qt::Key_F3),
+          &QAction::triggered, this, [this] { Find(QTextDocument::FindBackward); });
+
+  QMenu& view = *bar->addMenu(tr("&View"));
+  connect(add(view, "mnuViewZoomIn", tr("Zoom &In"), QKeySequence::ZoomIn), &QAction::triggered,
+          text_, [this] { text_->zoomIn(); });
+  connect(add(view, "mnuViewZoomOut", tr("Zoom &Out"), QKeySequence::ZoomOut), &QAction::triggered,
+          text_, [this] { text_->zoomOut(); });
+  connect(add(view, "mnuViewZoomNormal", tr("&Normal Size"), Qt::CTRL | Qt::Key_0),
+          &QAction::triggered, this, &ReportWindow::ResetZoom);
+  return bar;
+}
+
+QWidget* ReportWindow::BuildFindBar() {
+  find_bar_ = new QWidget(this);
+  find_bar_->setObjectName(QStringLiteral("pictFind"));
+  find_text_ = new QLineEdit(find_bar_);
+  find_text_->setObjectName(QStringLiteral("txtFind"));
+  find_text_->setAccessibleName(tr("Text to find"));
+  find_text_->setClearButtonEnabled(true);
+  auto* caption = new QLabel(tr("Fin&d:"), find_bar_);
+  caption->setBuddy(find_text_);
+  auto* row = new QHBoxLayout(find_bar_);
+  row->setContentsMargins({});
+  row->addWidget(caption);
+  row->addWidget(find_text_, 1);
+  const auto add = [&](const char* name, Qt::ArrowType arrow, const QString& tool_tip,
+                       QTextDocument::FindFlags direction) {
+    auto* button = new QToolButton(find_bar_);
+    button->setObjectName(QLatin1String(name));
+    button->setArrowType(arrow);
+    button->setToolTip(tool_tip);
+    button->setAccessibleName(tool_tip);
+    row->addWidget(button);
+    connect(button, &QToolButton::clicked, this, [this, direction] { Find(direction); });
+  };
+  add("cmdFindPrevious", Qt::UpArrow, tr("Find previous"), QTextDocument::FindBackward);
+  add("cmdFindNext", Qt::DownArrow, tr("Find next"), {});
+  find_bar_->hide();
+  return find_bar_;
+}
+
+void ReportWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (report_.empty()) timer_->start();
+}
+
+void ReportWindow::closeEvent(QCloseEvent* event) {
+  if (!isEnabled()) {
+    event->ignore();
+    return;
+  }
+  QDialog::closeEvent(event);
+}
+
+void ReportWindow::keyPressEvent(QKeyEvent* event) {
+  const bool finding = find_text_->hasFocus();
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (finding) Find({});
+      return;
+    case Qt::Key_Escape:
+      if (!find_bar_->isHidden()) {
+        HideFindBar();
+        return;
+      }
+      [[fallthrough]];
+    default:
+      QDialog::keyPressEvent(event);
+  }
+}
+
+void ReportWindow::BuildReport() {
+  {
+    const Working working(*this);
+    report_ = files::BuildTextReport(data_);
+    text_->setPlainText(platform::FromAnsi(report_));
+    host_.Wait(kCommandPause);
+  }
+  text_->setFocus();
+}
+
+void ReportWindow::SaveAs() {
+  const std::string path =
+      services_.dialogs.AskSave({.filter = kFilter, .folder = services_.program_folder})
+          .value_or(std::string());
+  if (path.empty()) {
+    data_.Flags.Cancel = true;
+    return;
+  }
+  data_.Flags.Error = false;
+  std::optional<core::SystemError> failure;
+  {
+    const Working working(*this);
+    failure = services_.files.WriteFile(path, report_ + kLineEnd);
+    if (!failure) host_.Wait(kCommandPause);
+  }
+  if (!failure) return;
+  data_.Flags.Error = true;
+  services_.prompts.Show({.title = data_.ModelName + " " + data_.ProgramTitle,
+                          .text = failure->description,
+                          .icon = core::Icon::kExclamation});
+  data_.Flags.Cancel = true;
+}
+
+void ReportWindow::CopyAll() {
+  QGuiApplication::clipboard()->setText(text_->toPlainText());
+}
+
+void ReportWindow::ShowFindBar() {
+  find_bar_->show();
+  const QString selected = text_->textCursor().selectedText();
+  if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) {
+    find_text_->setText(selected);
+  }
+  find_text_->setFocus();
+  find_text_->selectAll();
+}
+
+void ReportWindow::HideFindBar() {
+  find_bar_->hide();
+  text_->setFocus();
+}
+
+// Goes on from the other end where nothing more is found.
+void ReportWindow::Find(QTextDocument::FindFlags direction) {
+  const QString wanted = find_text_->text();
+  if (wanted.isEmpty()) {
+    ShowFindBar();
+    return;
+  }
+  if (text_->find(wanted, direction)) return;
+  const QTextCursor before = text_->textCursor();
+  text_->moveCursor(direction == QTextDocument::FindBackward ? QTextCursor::End
+                                                             : QTextCursor::Start);
+  if (text_->find(wanted, direction)) return;
+  text_->setTextCursor(before);
+  QApplication::beep();
+}
+
+void ReportWindow::ResetZoom() {
+  text_->setFont(normal_font_);
+}
+
+}  // namespace orvane::editor

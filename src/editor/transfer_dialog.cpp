@@ -1,0 +1,216 @@
+#include "editor/transfer_dialog.h"
+
+#include <QAccessible>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <cmath>
+#include <optional>
+
+#include "core/number_text.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+namespace {
+
+constexpr QSize kFirstSize(465, 290);
+constexpr int kPictureLines = 6;
+constexpr double kMonitorPause = 0.5;
+constexpr int kAddressDigits = 4;
+
+constexpr const char* kInstructions =
+    "1.Connect the KIV cable between the PC serial port and the radio.\n"
+    "2.On the radio, press and hold the [PRESET]+[DOWN]+[SQL] keys\n"
+    "   while turning on.\n"
+    "3.Press the [OK] button to start.";
+
+QString FiguresText(const link::TransferPace::Figures& figures) {
+  return QStringLiteral("     %1 bytes/s     %2 left")
+      .arg(std::lround(figures.bytes_per_second))
+      .arg(platform::FromUtf8(link::MinutesAndSeconds(figures.seconds_left)));
+}
+
+}  // namespace
+
+TransferDialog::TransferDialog(const TransferServices& services, link::SessionKind kind,
+                               QWidget* parent)
+    : QDialog(parent),
+      services_(services),
+      data_(services.data),
+      kind_(kind),
+      handheld_(new Picture("handheld", kPictureLines, this)),
+      arrow_(new Picture("transfer", kPictureLines, this)),
+      computer_(new Picture("computer", kPictureLines, this)) {
+  setObjectName(QStringLiteral("frmRadio_102"));
+  setWindowTitle(platform::FromUtf8(link::ModeTitle(kind)));
+  setModal(true);
+  new QVBoxLayout(this);
+
+  AddLabel("lblmess", "Instructions")->setText(QLatin1String(kInstructions));
+  AddPictures();
+  progress_ = new ProgressBox(this);
+  layout()->addWidget(progress_);
+  state_ = AddLabel("lblState", "State of the transfer");
+  note_ = AddLabel("lblNote", "Warning");
+  note_->setText(platform::FromUtf8(link::kPartlyWrittenNote));
+  note_->setWordWrap(true);
+  QFont bold = note_->font();
+  bold.setBold(true);
+  note_->setFont(bold);
+  note_->hide();
+  monitor_ = AddLabel("lblmon", "Monitor");
+  monitor_->setVisible(data_.Flags.Debug);
+  AddButtons();
+  resize(sizeHint().expandedTo(kFirstSize));
+
+  if (data_.Flags.Debug) {
+    Monitor("starting at debug mode..");
+    services_.clock.Pause(kMonitorPause);
+  }
+}
+
+QLabel* TransferDialog::AddLabel(const char* name, const char* accessible_name) {
+  auto* label = new QLabel(this);
+  label->setObjectName(QLatin1String(name));
+  label->setAccessibleName(tr(accessible_name));
+  label->setTextFormat(Qt::PlainText);
+  layout()->addWidget(label);
+  return label;
+}
+
+// Data travel from left to right: the computer stands where they come from or go to.
+void TransferDialog::AddPictures() {
+  handheld_->setObjectName(QStringLiteral("pictHandy"));
+  arrow_->setObjectName(QStringLiteral("pictA"));
+  computer_->setObjectName(QStringLiteral("pictB"));
+  QSizePolicy keeps_room = arrow_->sizePolicy();
+  keeps_room.setRetainSizeWhenHidden(true);
+  arrow_->setSizePolicy(keeps_room);
+  arrow_->hide();
+
+  const bool reading = kind_ == link::SessionKind::kRead;
+  // Drawn with the cable on the computer's right and its socket on the radio's left.
+  computer_->SetMirrored(reading);
+  handheld_->SetMirrored(reading);
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  row->addWidget(reading ? handheld_ : computer_);
+  row->addWidget(arrow_);
+  row->addWidget(reading ? computer_ : handheld_);
+  row->addStretch();
+  static_cast<QVBoxLayout*>(layout())->addLayout(row, 1);
+}
+
+void TransferDialog::AddButtons() {
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  const auto add = [&](const char* name, const QString& caption) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+  };
+  ok_ = add("cmdOK", tr("OK"));
+  ok_->setDefault(true);
+  QPushButton* const cancel = add("cmdCancel", tr("Cancel"));
+  help_ = add("cmdHelp", tr("Help"));
+  help_->setShortcut(Qt::Key_F1);
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+  connect(ok_, &QPushButton::clicked, this, &TransferDialog::Run);
+  connect(cancel, &QPushButton::clicked, this, &TransferDialog::reject);
+  connect(help_, &QPushButton::clicked, this, &TransferDialog::OpenHelp);
+  ok_->setFocus();
+}
+
+void TransferDialog::Monitor(std::string_view text) {
+  monitor_->setText(platform::FromUtf8(text));
+  // What follows is a pause without events.
+  monitor_->repaint();
+}
+
+void TransferDialog::BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) {
+  QString text = QStringLiteral("Block ") +
+                 platform::FromUtf8(core::HexText(static_cast<unsigned>(address), kAddressDigits));
+  if (const auto figures = pace_.BlockDone(bytes_so_far, bytes_total, services_.clock.Now())) {
+    text += FiguresText(*figures);
+  }
+  ShowState(text);
+}
+
+void TransferDialog::ShowState(const QString& text) {
+  state_->setText(text);
+}
+
+void TransferDialog::ShowPartlyWritten(bool partly_written) {
+  note_->setVisible(partly_written);
+  if (!partly_written) return;
+  QAccessibleEvent alert(note_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+void TransferDialog::SetRunning(bool running) {
+  ok_->setEnabled(!running);
+  help_->setEnabled(!running);
+  arrow_->setVisible(running);
+  if (running) {
+    setCursor(Qt::WaitCursor);
+  } else {
+    unsetCursor();
+    ok_->setFocus();
+  }
+}
+
+void TransferDialog::Run() {
+  SetRunning(true);
+  ShowPartlyWritten(false);
+  const QString connecting = tr("Connecting...");
+  ShowState(connecting);
+  pace_ = {};
+  const std::unique_ptr<link::SerialPort> port = services_.make_port();
+  link::TransferSession session(
+      data_, {*port, services_.clock, services_.pump, services_.log, *this}, services_.prompts);
+  const link::TransferSession::End end = session.Run(kind_);
+  transfer_done_ = session.TransferDone();
+  SetRunning(false);
+  if (end == link::TransferSession::End::kClose) {
+    accept();
+    return;
+  }
+  if (state_->text() == connecting) ShowState({});
+  ShowPartlyWritten(session.PartlyWritten());
+}
+
+void TransferDialog::reject() {
+  if (!data_.Flags.Busy) {
+    QDialog::reject();
+    return;
+  }
+  data_.Flags.Cancel = true;
+  ShowState(tr("Cancelling..."));
+}
+
+void TransferDialog::closeEvent(QCloseEvent* event) {
+  if (data_.Flags.Busy) {
+    event->ignore();
+    return;
+  }
+  QDialog::closeEvent(event);
+}
+
+void TransferDialog::OpenHelp() {
+  const std::string title = platform::ToUtf8(windowTitle());
+  if (services_.help == nullptr || !services_.help->HasHelp()) {
+    services_.prompts.Show({.title = title,
+                            .text = "Unable to display Help Contents. There is no Help associated "
+                                    "with this project.",
+                            .icon = core::Icon::kInformation});
+    return;
+  }
+  if (const std::optional<std::string> failure =
+          services_.help->Open(*this, help::kTransferContext)) {
+    services_.prompts.Show({.title = title, .text = *failure});
+  }
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <functional>
+#include <memory>
+
+#include "core/radio_data.h"
+#include "core/services.h"
+#include "editor/picture.h"
+#include "editor/progress_box.h"
+#include "help/help_opener.h"
+#include "link/monitor.h"
+#include "link/serial_port.h"
+#include "link/transfer_pace.h"
+#include "link/transfer_session.h"
+
+namespace orvane::editor {
+
+/// What a transfer needs of the world. Everything outlives the dialog.
+struct TransferServices {
+  core::RadioData& data;
+  core::Prompts& prompts;
+  core::Clock& clock;
+  core::EventPump& pump;
+  core::ErrorLog& log;
+  /// Called for each run, so that a cable plugged in between is found.
+  std::function<std::unique_ptr<link::SerialPort>()> make_port;
+  help::HelpOpener* help;  ///< null: the program has no help
+};
+
+/// `frmRadio_102`: tells how to put the radio into clone mode and runs a transfer when the user
+/// presses OK. It closes after a run that did its job or was declined, stays after any other, and
+/// cannot be closed while one runs; Cancel then ends the run at its next wait.
+class TransferDialog : public QDialog, private link::TransferView {
+  Q_OBJECT
+
+ public:
+  TransferDialog(const TransferServices& services, link::SessionKind kind, QWidget* parent);
+
+  /// The last run completed its job.
+  [[nodiscard]] bool TransferDone() const { return transfer_done_; }
+
+  /// Cancel, and the Escape key.
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  // link::TransferView
+  void Monitor(std::string_view text) override;
+  void ShowProgress(int percent) override { progress_->ShowPercent(percent); }
+  void BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) override;
+
+  QLabel* AddLabel(const char* name, const char* accessible_name);
+  void AddPictures();
+  void AddButtons();
+  void ShowState(const QString& text);
+  void ShowPartlyWritten(bool partly_written);
+  void SetRunning(bool running);
+
+  void Run();
+  void OpenHelp();
+
+  const TransferServices services_;
+  core::RadioData& data_;
+  const link::SessionKind kind_;
+  link::TransferPace pace_;
+  bool transfer_done_ = false;
+
+  Picture* handheld_;
+  Picture* arrow_;
+  Picture* computer_;
+  ProgressBox* progress_ = nullptr;
+  QLabel* state_ = nullptr;
+  QLabel* note_ = nullptr;
+  QLabel* monitor_ = nullptr;
+  QPushButton* ok_ = nullptr;
+  QPushButton* help_ = nullptr;
+};
+
+}  // namespace orvane::editor

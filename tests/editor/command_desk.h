@@ -1,0 +1,123 @@
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QPushButton>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "editor/window_commands.h"
+#include "image/sample_radio.h"
+#include "link/simulated_port.h"
+#include "window_desk.h"
+
+namespace orvane::testing {
+
+class ScriptedPrinter : public platform::ReportPrinter {
+ public:
+  [[nodiscard]] bool HasPrinter() const override { return has_printer; }
+  [[nodiscard]] bool Ask(QWidget& /*parent*/) override { return chosen; }
+  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& /*data*/) override {
+    ++printed;
+    return failure;
+  }
+  bool has_printer = true;
+  bool chosen = true;
+  std::optional<core::SystemError> failure;
+  int printed = 0;
+};
+
+class RecordingHelp : public help::HelpOpener {
+ public:
+  [[nodiscard]] bool HasHelp() const override { return has_help; }
+  [[nodiscard]] std::optional<std::string> Open(QWidget& owner, int context) override {
+    opened << QStringLiteral("%1 %2").arg(owner.objectName()).arg(context);
+    return failure;
+  }
+  void Close() override { opened << QStringLiteral("closed"); }
+  bool has_help = true;
+  std::optional<std::string> failure;
+  QStringList opened;
+};
+
+/// The main window with its real commands, and a simulated radio at whichever port is opened.
+struct CommandDesk : WindowDesk {
+  CommandDesk() {
+    used_commands = &real_commands;
+    pump.on_wait = [this](double deadline) {
+      return plugged == nullptr ? std::nullopt : plugged->NextWake(deadline);
+    };
+    radio.SetObserver([this](const link::Exchange& exchange) {
+      asked.push_back(exchange);
+      if (on_exchange) on_exchange(exchange);
+    });
+  }
+
+  /// Runs a command that opens a modal window, and works in that window. What is still open
+  /// afterwards is closed.
+  void InWindowOf(const char* item, const std::function<void(QDialog&)>& work) const {
+    QTimer::singleShot(0, window.get(), [&work] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      QVERIFY(dialog != nullptr);
+      work(*dialog);
+      dialog->close();
+    });
+    Item(item).trigger();
+  }
+  /// Presses OK in the transfer dialog of that menu item and closes it should it stay.
+  /// True when it closed by itself.
+  bool Transfer(const char* item) const {
+    bool closed = false;
+    InWindowOf(item, [&closed](QDialog& dialog) {
+      dialog.findChild<QPushButton*>("cmdOK")->click();
+      closed = !dialog.isVisible();
+    });
+    return closed;
+  }
+  [[nodiscard]] int Asked(link::ExchangeKind kind) const {
+    int count = 0;
+    for (const link::Exchange& exchange : asked) count += exchange.kind == kind ? 1 : 0;
+    return count;
+  }
+
+  core::RadioData sample = image::MakeSampleRadio(5, clock.today);
+  link::SimulatedRadio radio{
+      link::RadioMemory(core::ProfileOf(sample), std::as_const(sample.Image).Used())};
+  std::vector<link::Exchange> asked;
+  std::function<void(const link::Exchange&)> on_exchange;
+  std::vector<int> opened_ports;
+  ScriptedPrinter printer;
+  RecordingHelp help;
+
+ private:
+  /// Lets the pump know which port lives.
+  class PluggedPort : public link::SimulatedPort {
+   public:
+    explicit PluggedPort(CommandDesk& desk)
+        : SimulatedPort(desk.radio, desk.clock, 9600), slot_(desk.plugged) {
+      slot_ = this;
+    }
+    PluggedPort(const PluggedPort&) = delete;
+    PluggedPort& operator=(const PluggedPort&) = delete;
+    ~PluggedPort() override { slot_ = nullptr; }
+
+   private:
+    SimulatedPort*& slot_;
+  };
+
+  link::SimulatedPort* plugged = nullptr;
+  editor::WindowCommands real_commands{Services(),
+                                       {.make_port =
+                                            [this](int number) {
+                                              opened_ports.push_back(number);
+                                              return std::make_unique<PluggedPort>(*this);
+                                            },
+                                        .printer = printer,
+                                        .help = &help}};
+};
+
+}  // namespace orvane::testing

@@ -1,0 +1,292 @@
+#include <QAction>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QToolButton>
+
+#include "command_desk.h"
+#include "files/image_file.h"
+#include "files/text_report.h"
+#include "image/codec.h"
+#include "support/radio_data_compare.h"
+
+using namespace orvane;
+using core::Answer;
+using core::Icon;
+using testing::CommandDesk;
+
+namespace {
+
+constexpr const char* kReport = "mnuFilePrintFile";
+
+void Choose(const QDialog& window, const char* item) {
+  window.findChild<QAction*>(QLatin1String(item))->trigger();
+}
+
+QPlainTextEdit& Text(const QDialog& window) {
+  return *window.findChild<QPlainTextEdit*>("txtPrn");
+}
+
+/// Opens the report window and works in it when the report stands.
+void InReport(CommandDesk& desk, const std::function<void(QDialog&)>& work) {
+  desk.InWindowOf(kReport, [&](QDialog& window) {
+    QVERIFY(QTest::qWaitFor([&] { return !Text(window).toPlainText().startsWith("Now, "); }));
+    work(window);
+  });
+}
+
+void PressDebugKey(CommandDesk& desk, Qt::Key key) {
+  QTest::keyClick(&desk.Tree(), key, Qt::ControlModifier);
+}
+
+std::string HexBytes(const core::RadioData& data) {
+  const auto used = data.Image.Used();
+  return {used.begin(), used.end()};
+}
+
+}  // namespace
+
+class CommandsTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void ReportReplacesTheWaitingText() {
+    CommandDesk desk;
+    desk.Start();
+    desk.InWindowOf(kReport, [&](QDialog& window) {
+      QCOMPARE(window.objectName(), "frmPrn");
+      QCOMPARE(window.windowTitle(), "Print to File");
+      QCOMPARE(window.size(), QSize(558, 409));
+      QCOMPARE(Text(window).toPlainText(), "Now, making text image. Please wait...");
+      const double began = desk.clock.now;
+      QTRY_VERIFY(desk.clock.now > began && window.isEnabled());
+      QVERIFY(desk.clock.now - began >= 0.5);
+      QString report = Text(window).toPlainText();
+      QCOMPARE(platform::ToAnsi(report.replace("\n", "\r\n")), files::BuildTextReport(desk.data));
+      QVERIFY(window.isEnabled() && Text(window).isReadOnly());
+    });
+    desk.data.Table(core::MarineGroup::kUsa)[32].ChTag = "OTHERWISE";
+    InReport(desk, [](QDialog& window) {
+      QVERIFY(Text(window).toPlainText().contains("OTHERWISE"));
+      Choose(window, "mnuFileExit");
+      QVERIFY(!window.isVisible());
+    });
+  }
+
+  void ReportIsSavedWithOneMoreLineEnd() {
+    CommandDesk desk;
+    desk.Start();
+    desk.data.Usable[0].Status_name = "\xA0\xC4";  // a blank that must not break, and an umlaut
+    desk.dialogs.paths = {"/out/report.txt"};
+    InReport(desk, [&](QDialog& window) {
+      Choose(window, "mnuFileSave");
+      QVERIFY(window.isVisible() && window.isEnabled());
+    });
+    QCOMPARE(desk.files.files["/out/report.txt"], files::BuildTextReport(desk.data) + "\r\n");
+    QCOMPARE(desk.dialogs.requests[0].filter, "Text files(*.txt)|*.txt|All files(*.*)|*.*");
+    QVERIFY(!desk.data.Flags.Error && !desk.data.Flags.Cancel);
+  }
+
+  void UnsavedReportStaysAndSetsTheFlags() {
+    CommandDesk desk;
+    desk.Start();
+    desk.files.failing["/full/r.txt"] = {28, "No space left on device"};
+    InReport(desk, [&](QDialog& window) {
+      Choose(window, "mnuFileSave");  // the dialog is cancelled
+      QVERIFY(desk.data.Flags.Cancel && desk.prompts.messages.empty());
+      desk.data.Flags.Cancel = false;
+      desk.dialogs.paths = {"/full/r.txt"};
+      Choose(window, "mnuFileSave");
+      QVERIFY(window.isVisible() && Text(window).toPlainText().contains("#####"));
+    });
+    QCOMPARE(desk.Messages(), QStringList{"No space left on device"});
+    QCOMPARE(desk.prompts.messages[0].title, "KT740 PC Program for KT740 Series");
+    QVERIFY(desk.prompts.messages[0].icon == Icon::kExclamation);
+    QVERIFY(desk.data.Flags.Error && desk.data.Flags.Cancel);
+  }
+
+  void ReportCanBeSearchedCopiedAndZoomed() {
+    CommandDesk desk;
+    desk.Start();
+    InReport(desk, [](QDialog& window) {
+      QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+      auto* wanted = window.findChild<QLineEdit*>("txtFind");
+      QVERIFY(wanted->isVisible());
+      QTest::keyClicks(wanted, "setup");
+      QTest::keyClick(wanted, Qt::Key_Return);
+      const int first = Text(window).textCursor().position();
+      QCOMPARE(Text(window).textCursor().selectedText().toLower(), "setup");
+      window.findChild<QToolButton*>("cmdFindNext")->click();
+      QVERIFY(Text(window).textCursor().position() > first);
+      window.findChild<QToolButton*>("cmdFindPrevious")->click();
+      window.findChild<QToolButton*>("cmdFindPrevious")->click();  // round from the end
+      QVERIFY(Text(window).textCursor().position() > first);
+      wanted->setText("nowhere to be found");
+      const int before = Text(window).textCursor().position();
+      Choose(window, "mnuEditFindNext");
+      QCOMPARE(Text(window).textCursor().position(), before);
+      QTest::keyClick(wanted, Qt::Key_Escape);
+      QVERIFY(window.isVisible() && !wanted->isVisible());
+
+      Choose(window, "mnuEditCopyAll");
+      QCOMPARE(QGuiApplication::clipboard()->text(), Text(window).toPlainText());
+
+      const double size = Text(window).font().pointSizeF();
+      Choose(window, "mnuViewZoomIn");
+      QVERIFY(Text(window).font().pointSizeF() > size);
+      Choose(window, "mnuViewZoomNormal");
+      QCOMPARE(Text(window).font().pointSizeF(), size);
+    });
+  }
+
+  void PrintGoesToTheChosenPrinter() {
+    CommandDesk desk;
+    desk.Start();
+    desk.printer.chosen = false;
+    desk.Item("mnuFilePrint").trigger();
+    QCOMPARE(desk.printer.printed, 0);
+    desk.printer.chosen = true;
+    desk.Item("mnuFilePrint").trigger();
+    QCOMPARE(desk.printer.printed, 1);
+    QVERIFY(desk.prompts.messages.empty());
+    desk.printer.failure = core::SystemError{0, "Laser: The printer reports an error."};
+    desk.Item("mnuFilePrint").trigger();
+    QCOMPARE(desk.Messages(), QStringList{"Print Error!!"});
+    QCOMPARE(desk.prompts.messages[0].details, "Laser: The printer reports an error.");
+    QVERIFY(desk.window->isEnabled());
+  }
+
+  void WithoutAPrinterThePagesGoToAPdfFile() {
+    CommandDesk desk;
+    desk.Start();
+    desk.printer.has_printer = false;
+    desk.prompts.answers = {Answer::kCancel};
+    desk.Item("mnuFilePrint").trigger();
+    QVERIFY(desk.files.files.empty());
+    desk.dialogs.paths = {"/out/radio.pdf", "/full/radio.pdf"};
+    desk.files.failing["/full/radio.pdf"] = {28, "No space left on device"};
+    desk.Item("mnuFilePrint").trigger();
+    const std::string& pdf = desk.files.files["/out/radio.pdf"];
+    QVERIFY(pdf.starts_with("%PDF-"));
+    // General page, three marine tables, weather: no EXP/LMR group is in use.
+    const QRegularExpression page("/Type\\s*/Page\\b");
+    QCOMPARE(QString::fromLatin1(pdf.data(), static_cast<qsizetype>(pdf.size())).count(page), 5);
+    desk.prompts.messages.clear();
+    desk.Item("mnuFilePrint").trigger();
+    QCOMPARE(desk.Messages().last(), "Print Error!!");
+    QCOMPARE(desk.prompts.messages.back().details, "No space left on device");
+  }
+
+  void ImageFileKeysWorkInDebugModeOnly() {
+    for (const bool debug : {false, true}) {
+      CommandDesk desk;
+      desk.data.Flags.Debug = debug;
+      desk.Start();
+      PressDebugKey(desk, Qt::Key_F3);
+      PressDebugKey(desk, Qt::Key_F2);
+      QCOMPARE(desk.dialogs.requests.size(), std::size_t{debug ? 2U : 0U});
+      QCOMPARE(bool{desk.data.Flags.Cancel}, debug);
+    }
+  }
+
+  void ImageFileRoundTripRefreshesEverything() {
+    CommandDesk desk;
+    desk.data.Flags.Debug = true;
+    desk.Start();
+    desk.data.Image = desk.sample.Image;  // a fresh one has no product code and would be refused
+    image::DecodeAll(desk.data);
+    desk.data.Table(core::MarineGroup::kUsa)[32].ChTag = "harbour";
+    desk.data.Usable[1].Enable = false;
+    image::SetDestinationBits(desk.data.Image, false, false);
+    desk.dialogs.paths = {"/out/Boat.hex", "/out/Boat.hex"};
+    const double began = desk.clock.now;
+    PressDebugKey(desk, Qt::Key_F3);
+    QVERIFY(desk.clock.now - began >= 0.5);
+    QCOMPARE(desk.dialogs.requests[0].filter, "hex files(*.hex)|*.hex|All files(*.*)|*.*");
+    QCOMPARE(desk.files.files["/out/Boat.hex"].size(), std::size_t{16384});
+    QCOMPARE(desk.files.files["/out/Boat.hex"], HexBytes(desk.data));
+    QVERIFY(!desk.window->windowTitle().contains("boat"));
+
+    desk.TriggerAndWait("mnuFileNew");
+    desk.window->DataChanged();
+    desk.window->SelectNode("PI3");
+    PressDebugKey(desk, Qt::Key_F2);
+    QVERIFY(desk.prompts.messages.empty());
+    QCOMPARE(desk.data.Table(core::MarineGroup::kUsa)[32].ChTag, "HARBOUR");
+    QVERIFY(desk.window->windowTitle().endsWith(" - boat.hex"));
+    QCOMPARE(desk.PageName(), "pictGeneral");
+    QVERIFY(!desk.Tree().Contains("PI"));
+    QCOMPARE(desk.Model(), "KT520");
+    QVERIFY(!desk.data.Flags.DataChanged && !desk.data.Flags.Busy && !desk.data.Flags.Cancel);
+  }
+
+  void ImageFileThatDoesNotFitChangesNothing_data() {
+    QTest::addColumn<int>("flipped");  // -1: one byte is missing
+    QTest::addColumn<QStringList>("messages");
+    QTest::newRow("length") << -1 << QStringList{"bad file!!"};
+    QTest::newRow("model") << 65 << QStringList{"ModelType Error !!"};
+    QTest::newRow("product") << 0x3FF2 << QStringList{"ProductType Error !!"};
+  }
+  void ImageFileThatDoesNotFitChangesNothing() {
+    QFETCH(int, flipped);
+    QFETCH(QStringList, messages);
+    CommandDesk desk;
+    desk.data.Flags.Debug = true;
+    desk.Start();
+    std::string bytes = HexBytes(desk.sample);
+    if (flipped < 0) {
+      bytes.pop_back();
+    } else {
+      bytes[static_cast<std::size_t>(flipped)] ^= 1;
+    }
+    desk.files.files["/in/other.hex"] = bytes;
+    desk.dialogs.paths = {"/in/other.hex"};
+    const core::RadioData before = desk.data;
+    PressDebugKey(desk, Qt::Key_F2);
+    QCOMPARE(desk.Messages(), messages);
+    QVERIFY(testing::SameContents(desk.data, before));
+    QVERIFY(desk.window->isEnabled() && !desk.data.Flags.Busy);
+  }
+
+  void ImageFileThatCannotBeWrittenIsTold() {
+    CommandDesk desk;
+    desk.data.Flags.Debug = true;
+    desk.Start();
+    desk.files.failing["/full/a.hex"] = {28, "No space left on device"};
+    desk.dialogs.paths = {"/full/a.hex"};
+    PressDebugKey(desk, Qt::Key_F3);
+    QCOMPARE(desk.Messages(), QStringList{"FileSave Error!!"});
+    QVERIFY(desk.data.Flags.Cancel && !desk.data.Flags.Busy && desk.window->isEnabled());
+  }
+
+  void AboutBoxNamesProgramAndVersion() {
+    CommandDesk desk;
+    desk.Start();
+    desk.InWindowOf("mnuHelpAbout", [](QDialog& box) {
+      QCOMPARE(box.objectName(), "frmAbout");
+      QCOMPARE(box.windowTitle(), "Version Infomation");
+      QCOMPARE(box.findChild<QLabel*>("lblTitle")->text(), "Orvane  PC Program for KT740 Series");
+      const QString version = box.findChild<QLabel*>("lblVersion")->text();
+      QVERIFY(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$").match(version).hasMatch());
+      box.findChild<QPushButton*>("cmdOK")->click();
+      QVERIFY(!box.isVisible());
+    });
+  }
+
+  void HelpFollowsTheFocusAndClosesWithTheWindow() {
+    CommandDesk desk;
+    desk.Start();
+    desk.Tree().setProperty(editor::kHelpContextProperty, 1028);
+    QTest::keyClick(&desk.Tree(), Qt::Key_F1);
+    desk.help.failure = "The help file is damaged.";
+    QTest::keyClick(&desk.Tree(), Qt::Key_F1);
+    QCOMPARE(desk.Messages(), QStringList{"The help file is damaged."});
+    QVERIFY(desk.window->close());
+    QCOMPARE(desk.help.opened, QStringList({"frmMain 1028", "frmMain 1028", "closed"}));
+  }
+};
+
+QTEST_MAIN(CommandsTest)
+#include "commands_test.moc"
