@@ -160,12 +160,14 @@ WaitStatus CloneProtocol::SyncPass(int pass) {
   return status;
 }
 
-// The user decides after a refused command. The line end behind "ERROR" has not been read; it must
-// not be taken for the echo of what is sent next.
+// The user decides after a refused command. The line end behind "ERROR" has not been read, and after
+// a quick answer it may still be on the wire; it must not be taken for the echo of what is sent
+// next.
 bool CloneProtocol::Resynchronise() {
   const core::Message question{title_, "confirm the synchronization of the communication",
                                Icon::kQuestion, Buttons::kOkCancel};
   if (prompts_.Show(question) != Answer::kOk) return false;
+  static_cast<void>(link_.WaitCrLf());
   link_.FlushInput();
   return Sync();
 }
