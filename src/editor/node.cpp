@@ -46,7 +46,7 @@ std::optional<NodeRef> MarineNodeOfKey(const QString& key) {
 }  // namespace
 
 QString KeyOf(const NodeRef& node) {
-  const QString marine = QLatin1String(kMarineKeys[static_cast<std::size_t>(node.group)]);
+  QString marine = QLatin1String(kMarineKeys[static_cast<std::size_t>(node.group)]);
   switch (node.kind) {
     case NodeKind::kMarineGroup:
       return marine;
