@@ -24,7 +24,9 @@ std::string ValueText(const Json& value) {
 }
 
 bool IsDefault(const Json& value) {
-  return value == false || value == 0 || value == 0.0 || value == "";
+  if (value.is_boolean()) return !value.get<bool>();
+  if (value.is_number()) return value.get<double>() == 0;
+  return value.is_string() && value.get_ref<const std::string&>().empty();
 }
 
 // A record on one line. Entries of a list are named by their first field and leave out what is at

@@ -20,7 +20,7 @@ class Interrupts {
 };
 
 /// Signals of a Unix system, brought into the event loop through a pipe. One object at a time.
-class SignalInterrupts : public Interrupts {
+class SignalInterrupts final : public Interrupts {
  public:
   SignalInterrupts() = default;
   SignalInterrupts(const SignalInterrupts&) = delete;

@@ -15,7 +15,7 @@ namespace orvane::platform {
 class QtFileStore : public core::FileStore {
  public:
   /// Nothing the program reads is larger; a file that is, is refused before memory fills up.
-  static constexpr std::int64_t kLargestFile = 16 * 1024 * 1024;
+  static constexpr std::int64_t kLargestFile = std::int64_t{16} * 1024 * 1024;
 
   [[nodiscard]] core::FileBytes ReadFile(const std::string& path) override;
   [[nodiscard]] std::optional<std::uint64_t> FileSize(const std::string& path) override;

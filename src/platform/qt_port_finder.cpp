@@ -53,6 +53,7 @@ std::vector<link::FoundPort> MachineDevices() {
   }
   std::sort(devices.begin(), devices.end(), ComesBefore);
   std::vector<link::FoundPort> ports;
+  ports.reserve(devices.size());
   for (Device& device : devices) ports.push_back(std::move(device.port));
   return ports;
 }

@@ -1,7 +1,8 @@
 #include "platform/qt_serial_port.h"
 
 #include <QByteArray>
-#include <QTimer>
+#include <cerrno>
+#include <system_error>
 #include <utility>
 
 #include "platform/ansi_text.h"
@@ -15,12 +16,26 @@ bool IsHarmless(QSerialPort::SerialPortError error) {
          error == QSerialPort::UnsupportedOperationError;
 }
 
+// A device that vanishes ends as a read of nothing, for which the system gives no reason; Qt then
+// shows that of some earlier call.
+core::SystemError DeviceGone() {
+  return {EIO, std::generic_category().message(EIO) +
+                   "\r\nThe port no longer answers. Check that the cable is plugged in."};
+}
+
 }  // namespace
 
 QtSerialPort::QtSerialPort(std::string device) : device_(std::move(device)) {
   QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] { TakeReceived(); });
   QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                    [this](QSerialPort::SerialPortError error) { DeviceFailed(error); });
+  // A hung-up device reports itself as readable for ever. It is let go, but only from the event
+  // loop: the port is still at work when it reports its failure.
+  release_.setSingleShot(true);
+  release_.setInterval(0);
+  QObject::connect(&release_, &QTimer::timeout, &port_, [this] {
+    if (failure_ && port_.isOpen()) port_.close();
+  });
 }
 
 std::optional<core::SystemError> QtSerialPort::Open() {
@@ -100,12 +115,8 @@ void QtSerialPort::TakeReceived() {
 
 void QtSerialPort::DeviceFailed(QSerialPort::SerialPortError error) {
   if (!errors_count_ || failure_ || IsHarmless(error)) return;
-  failure_ = core::SystemError{error, ToUtf8(port_.errorString())};
-  // A hung-up device reports itself as readable for ever. It is let go once this call has
-  // returned to the event loop, because the port is still at work here.
-  QTimer::singleShot(0, &port_, [this] {
-    if (failure_ && port_.isOpen()) port_.close();
-  });
+  failure_ = DeviceGone();
+  release_.start();
 }
 
 }  // namespace orvane::platform

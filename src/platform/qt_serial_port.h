@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSerialPort>
+#include <QTimer>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -42,6 +43,7 @@ class QtSerialPort : public link::SerialPort {
 
   std::string device_;
   QSerialPort port_;
+  QTimer release_;  ///< closes a port whose device failed
   bool open_ = false;
   bool errors_count_ = false;  ///< false while calls run whose failure means nothing
   std::optional<core::SystemError> failure_;

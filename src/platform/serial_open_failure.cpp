@@ -52,7 +52,7 @@ std::string ProgramUsing(const std::string& device) {
     std::ifstream comm(it->path() / "comm");
     std::string name;
     std::getline(comm, name);
-    return name + " (process " + number + ")";
+    return name.append(" (process ").append(number).append(")");
   }
   return {};
 }

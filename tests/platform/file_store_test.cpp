@@ -59,8 +59,8 @@ TEST_F(FileStore, AWriteThatTheDiskCannotTakeLeavesTheOldFileAndNothingElse) {
   const std::string path = Path("boat.dat");
   ASSERT_FALSE(store_.WriteFile(path, "old"));
   {
-    const FileSizeLimit limit(64 * 1024);
-    const auto failure = store_.WriteFile(path, std::string(256 * 1024, 'n'));
+    const FileSizeLimit limit(65536);
+    const auto failure = store_.WriteFile(path, std::string(262144, 'n'));
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->number, EFBIG);
     EXPECT_FALSE(failure->description.empty());

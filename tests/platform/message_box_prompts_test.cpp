@@ -13,12 +13,15 @@ namespace {
 
 // Shows the message and lets `act` work on the box as soon as it is open.
 core::Answer ShowAnd(const core::Message& message, const std::function<void(QMessageBox&)>& act) {
-  QTimer::singleShot(0, qApp, [&act] {
+  QTimer opened;
+  opened.setSingleShot(true);
+  QObject::connect(&opened, &QTimer::timeout, &opened, [&act] {
     auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(box->objectName(), "messageBox");
     act(*box);
   });
+  opened.start(0);
   MessageBoxPrompts prompts;
   return prompts.Show(message);
 }

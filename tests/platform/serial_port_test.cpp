@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -86,6 +87,7 @@ TEST_F(SerialPort, UnpluggingIsReportedOnceAndCostsNoProcessorTime) {
   ASSERT_TRUE(pty_.Send("last"));
   pty_.Unplug();
   EXPECT_TRUE(Until([&] { return port_.Failure().has_value(); }));
+  EXPECT_EQ(port_.Failure()->number, EIO);
   EXPECT_TRUE(port_.IsOpen());
   const std::uint8_t byte = 'P';
   EXPECT_TRUE(port_.Write({&byte, 1}));
@@ -162,8 +164,11 @@ TEST(EventPump, APendingEventEndsTheWait) {
   QtEventPump pump(clock);
   const double deadline = clock.Now() + kLong;
   bool ran = false;
-  QMetaObject::invokeMethod(
-      qApp, [&ran] { ran = true; }, Qt::QueuedConnection);
+  QObject receiver;
+  QObject::connect(
+      &receiver, &QObject::objectNameChanged, &receiver, [&ran] { ran = true; },
+      Qt::QueuedConnection);
+  receiver.setObjectName("changed");
   while (!ran && clock.Now() <= deadline) pump.WaitForEvents(deadline);
   EXPECT_LT(clock.Now(), deadline);
 }
@@ -171,8 +176,7 @@ TEST(EventPump, APendingEventEndsTheWait) {
 TEST(EventPump, AnEarlierDeadlineIsNotHiddenByTheOneBefore) {
   const QtClock clock;
   QtEventPump pump(clock);
-  QMetaObject::invokeMethod(
-      qApp, [] {}, Qt::QueuedConnection);
+  QCoreApplication::postEvent(QCoreApplication::instance(), new QEvent(QEvent::User));
   pump.WaitForEvents(clock.Now() + kLong);
   const double deadline = clock.Now() + 0.02;
   while (clock.Now() <= deadline) pump.WaitForEvents(deadline);
