@@ -29,6 +29,7 @@ constexpr std::size_t kAddressAt = 1;
 constexpr std::size_t kStatusAt = 1;
 constexpr std::size_t kLengthAt = 2;
 constexpr std::size_t kDataAt = 3;
+constexpr std::size_t kChecksumAt = 4;
 
 std::string_view FieldAt(const std::vector<std::string_view>& fields, std::size_t index) {
   return index < fields.size() ? fields[index] : std::string_view();
@@ -242,7 +243,9 @@ void CloneProtocol::ParseDataReply(std::span<std::uint8_t> target, int address, 
   const std::vector<std::string_view> fields = core::Split(rest.text, static_cast<char>(kTab));
   if (!FieldIs(FieldAt(fields, kAddressAt), address)) return Tell("address error!!");
   if (!FieldIs(FieldAt(fields, kLengthAt), length)) return Tell("data error!!");
-  const auto bytes = ParseHexData(FieldAt(fields, kDataAt), length);
+  // An empty data field is left out with its TAB; the checksum in its place is no data.
+  const bool has_data = fields.size() > kChecksumAt;
+  const auto bytes = ParseHexData(has_data ? FieldAt(fields, kDataAt) : "", length);
   if (!bytes) return Tell("data error!!");
   std::copy(bytes->begin(), bytes->end(), target.begin() + address);
   link_.SendLine(kCommandOk);  // its echo decides the error flag

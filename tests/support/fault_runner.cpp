@@ -1,0 +1,363 @@
+#include "support/fault_runner.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "core/number_text.h"
+#include "image/image_check.h"
+#include "link/simulated_port.h"
+#include "support/fakes.h"
+#include "support/radio_data_compare.h"
+#include "support/scripted_port.h"
+
+namespace orvane::testing {
+namespace {
+
+using core::Answer;
+using link::ExchangeKind;
+using link::FaultKind;
+using link::SessionKind;
+using End = link::TransferSession::End;
+
+constexpr double kEchoSeconds = 100;
+constexpr double kReplySeconds = 10;
+/// Any one exchange: its echo, the acknowledgement with its line end, header and line of the data,
+/// the echo of the closing line.
+constexpr double kExchangeSeconds = 2 * kEchoSeconds + 3 * kReplySeconds + 2;
+/// Exchanges that still run after one of them has failed: the rest of a row of single bytes.
+constexpr double kLongestRow = 20;
+/// No run looks at its port more often than this, at any speed.
+constexpr long kPumpLimit = 2'000'000;
+constexpr int kPatience = 8;  ///< questions that the user agrees to
+
+constexpr int kRadioOwnByte = 90;
+constexpr std::uint8_t kRadioOwnBit = 0x04;
+
+/// Time moves to whatever comes next at the port. Whoever never stops waiting is thrown out.
+class FaultPump : public core::EventPump {
+ public:
+  FaultPump(ManualClock& clock, link::SimulatedPort& port) : clock_(clock), port_(port) {}
+  void WaitForEvents(double deadline) override {
+    const std::optional<double> wake = port_.NextWake(deadline);
+    clock_.now = std::max(clock_.now, wake.value_or(deadline + 0.001));
+    ProcessEvents();
+  }
+  void ProcessEvents() override {
+    if (++calls_ > kPumpLimit) throw std::runtime_error("the session does not end");
+    if (on_event) on_event();
+  }
+
+  std::function<void()> on_event;
+
+ private:
+  ManualClock& clock_;
+  link::SimulatedPort& port_;
+  long calls_ = 0;
+};
+
+class UserPrompts : public core::Prompts {
+ public:
+  explicit UserPrompts(bool agree) : agree_(agree) {}
+  Answer Show(const core::Message& message) override {
+    messages.push_back(message);
+    const bool agree = agree_ && messages.size() <= kPatience;
+    if (message.buttons == core::Buttons::kRetryCancel) {
+      return agree ? Answer::kRetry : Answer::kCancel;
+    }
+    if (message.buttons == core::Buttons::kOkCancel) return agree ? Answer::kOk : Answer::kCancel;
+    return Answer::kOk;
+  }
+
+  std::vector<core::Message> messages;
+
+ private:
+  bool agree_;
+};
+
+std::string Told(const core::Message& message) {
+  return message.title + ": " + message.text;
+}
+
+bool Contains(const std::vector<core::Message>& messages, std::string_view text) {
+  return std::any_of(messages.begin(), messages.end(),
+                     [&](const core::Message& message) { return message.text == text; });
+}
+
+/// Messages that a session shows on its way or at its end, apart from success.
+bool IsKnownFailure(const core::Message& message, std::string_view title) {
+  static constexpr std::array<std::string_view, 9> kTexts = {"Communication Error!!",
+                                                             "Radio not ready!!",
+                                                             "ACMD Command error!!",
+                                                             "error!!",
+                                                             "port inicialize error!!",
+                                                             "time out!!",
+                                                             "cancel!!",
+                                                             "address error!!",
+                                                             "data error!!"};
+  if (message.title == "Orvane") return message.text == "5\r\rInput/output error";
+  if (message.title == "Model Check") return message.text == kTexts[0];
+  return message.title == title &&
+         (message.text == "Radio is busy!!" ||
+          message.text == "confirm the synchronization of the communication" ||
+          std::find(kTexts.begin(), kTexts.end(), message.text) != kTexts.end());
+}
+
+int CountFaults(const std::vector<link::Exchange>& asked) {
+  return static_cast<int>(std::count_if(asked.begin(), asked.end(),
+                                        [](const auto& exchange) { return exchange.fault; }));
+}
+
+std::size_t CountOf(const std::vector<link::Exchange>& asked, ExchangeKind kind) {
+  return static_cast<std::size_t>(std::count_if(
+      asked.begin(), asked.end(), [&](const auto& exchange) { return exchange.kind == kind; }));
+}
+
+}  // namespace
+
+std::string CaseText(const FaultCase& fault_case) {
+  std::string text;
+  for (const link::Fault& fault : fault_case.faults) text += link::FaultText(fault) + " ";
+  if (fault_case.percent > 0) {
+    text += "scatter " + std::to_string(fault_case.seed) + " " +
+            core::ShortestText(fault_case.percent) + "% ";
+  }
+  if (fault_case.cancel) {
+    text += "cancel at exchange " + std::to_string(fault_case.cancel->exchange) + " after " +
+            std::to_string(fault_case.cancel->waits) + " waits ";
+  }
+  return text + (fault_case.agree ? "agreeing" : "declining") + " at " +
+         core::ShortestText(fault_case.baud) + " baud";
+}
+
+FaultRunner::FaultRunner(core::RadioData desk, std::vector<std::uint8_t> radio_memory,
+                         SessionKind kind)
+    : desk_(std::move(desk)), radio_memory_(std::move(radio_memory)), kind_(kind) {
+  ideal_ = RunOnce(desk_, radio_memory_, {});
+}
+
+FaultRunner::Run FaultRunner::RunOnce(const core::RadioData& data,
+                                      const std::vector<std::uint8_t>& memory,
+                                      const FaultCase& fault_case) const {
+  Run run;
+  run.data = data;
+  link::FaultPlan plan(fault_case.faults);
+  plan.Scatter(fault_case.seed, fault_case.percent);
+  link::SimulatedRadio radio(memory, std::move(plan));
+  ManualClock clock;
+  link::SimulatedPort port(radio, clock, fault_case.baud);
+  FaultPump pump(clock, port);
+  UserPrompts prompts(fault_case.agree);
+  RecordingLog log;
+  RecordingView view;
+  link::TransferSession session(run.data, {port, clock, pump, log, view}, prompts);
+
+  double cancelled_at = 0;
+  int waits = 0;
+  pump.on_event = [&] {
+    if (!fault_case.cancel || run.cancelled) return;
+    if (radio.ExchangeCount() < fault_case.cancel->exchange) return;
+    if (waits++ < fault_case.cancel->waits) return;
+    run.cancelled = true;
+    run.data.Flags.Cancel = true;
+    run.asked_before_cancel = run.asked.size();
+    cancelled_at = clock.now;
+  };
+  radio.SetObserver([&](const link::Exchange& exchange) { run.asked.push_back(exchange); });
+
+  const double start = clock.now;
+  run.end = session.Run(kind_);
+  run.seconds = clock.now - start;
+  run.seconds_after_cancel = run.cancelled ? clock.now - cancelled_at : 0;
+  run.done = session.TransferDone();
+  run.partly_written = session.PartlyWritten();
+  run.port_open = port.IsOpen();
+  run.messages = std::move(prompts.messages);
+  run.memory.assign(radio.Memory().begin(), radio.Memory().end());
+  return run;
+}
+
+std::string FaultRunner::Check(const FaultCase& fault_case) const {
+  const Run run = RunOnce(desk_, radio_memory_, fault_case);
+  return BrokenPromises(run);
+}
+
+std::string FaultRunner::BrokenPromises(const Run& run) const {
+  return CheckEnding(run) + CheckContents(run) + CheckWrites(run) + CheckCancelled(run) +
+         CheckRecovery(run);
+}
+
+std::string FaultRunner::CheckEnding(const Run& run) const {
+  const std::string_view title = link::ModeTitle(kind_);
+  std::string broken;
+  if (run.data.Flags.Busy || run.port_open) broken += "left busy or open; ";
+  if (run.done != Contains(run.messages, "Complete!!")) broken += "\"Complete!!\" is not true; ";
+  if (run.done && (run.data.Flags.Error || run.end != End::kClose)) broken += "done with error; ";
+  if (!run.done && !run.data.Flags.Error && !run.data.Flags.Cancel) broken += "no flag is set; ";
+  if (run.end == End::kClose && run.data.Flags.Error) broken += "closed with error; ";
+  for (const core::Message& message : run.messages) {
+    if (message.text == "Complete!!" && message.icon == core::Icon::kInformation) continue;
+    if (!IsKnownFailure(message, title)) broken += "unknown message " + Told(message) + "; ";
+  }
+  // A radio that does not answer "#CMDSY" is told of by the monitor line alone.
+  const bool silent = run.messages.empty() && !run.done && !run.cancelled;
+  if (silent && CountOf(run.asked, ExchangeKind::kStatus) > 0) broken += "failed without a word; ";
+  const double limit = ideal_.seconds + (CountFaults(run.asked) + kLongestRow) * kExchangeSeconds;
+  if (run.seconds > limit) {
+    broken += "took " + core::ShortestText(run.seconds) + " s; ";
+  }
+  return broken;
+}
+
+std::string FaultRunner::CheckContents(const Run& run) const {
+  if (kind_ == SessionKind::kProgram) return {};
+  std::string broken;
+  const core::RadioData& wanted = run.done ? ideal_.data : desk_;
+  if (!SameContents(run.data, wanted)) broken += "the data differ; ";
+  if (run.data.Flags.DataChanged != desk_.Flags.DataChanged) broken += "data-changed touched; ";
+  if (run.memory != radio_memory_) broken += "a read changed the radio; ";
+  return broken;
+}
+
+std::string FaultRunner::CheckWrites(const Run& run) const {
+  if (kind_ != SessionKind::kProgram) return {};
+  std::string broken;
+  const core::MemoryImage& image = run.data.Image;
+  bool changed = false;
+  for (std::size_t i = 0; i < run.memory.size(); ++i) {
+    const int address = static_cast<int>(i);
+    const bool written = ideal_.memory[i] != radio_memory_[i];
+    changed |= run.memory[i] != radio_memory_[i];
+    if (run.memory[i] == radio_memory_[i] && !(run.done && written)) continue;
+    if (run.memory[i] != image[address]) {
+      broken += "byte " + std::to_string(address) + " is not the image's; ";
+    } else if (!written && address != kRadioOwnByte && address != image::kDestinationOffset) {
+      broken += "byte " + std::to_string(address) + " was written; ";
+    }
+  }
+  if (changed && !run.done && !run.partly_written) broken += "a partly written radio kept quiet; ";
+  if (run.partly_written && !run.cancelled &&
+      run.messages.back().details.find(link::kPartlyWrittenNote) == std::string::npos) {
+    broken += "the message does not say that the radio is partly written; ";
+  }
+  return broken;
+}
+
+std::string FaultRunner::CheckCancelled(const Run& run) const {
+  if (!run.cancelled) return {};
+  std::string broken;
+  if (CountFaults(run.asked) == 0 && run.seconds_after_cancel > 2) broken += "cancelled late; ";
+  if (run.seconds_after_cancel > kExchangeSeconds) broken += "cancelling does not end; ";
+  const auto later = std::vector(
+      run.asked.begin() + static_cast<std::ptrdiff_t>(run.asked_before_cancel), run.asked.end());
+  // One frame may be on its way when Cancel is pressed.
+  if (CountOf(later, ExchangeKind::kWrite) > 1) broken += "wrote after Cancel; ";
+  if (run.done || CountFaults(run.asked) > 0) return broken;
+  const std::size_t under_way = std::max<std::size_t>(run.asked_before_cancel, 1) - 1;
+  const bool in_blocks = kind_ == SessionKind::kRead && PhaseAt(under_way) == Phase::kBlocks;
+  if (in_blocks && run.asked.back().kind != ExchangeKind::kCancel) broken += "no CAN; ";
+  for (const core::Message& message : run.messages) {
+    if (message.text != "cancel!!" && message.text != "Radio not ready!!") {
+      broken += "Cancel answered by " + Told(message) + "; ";
+    }
+  }
+  return broken;
+}
+
+std::string FaultRunner::CheckRecovery(const Run& run) const {
+  Run again = RunOnce(run.data, run.memory, {});
+  if (!again.done) return "the same session fails without fault; ";
+  if (kind_ == SessionKind::kRead) {
+    return SameContents(again.data, ideal_.data) ? "" : "the same session reads other data; ";
+  }
+  // What the radio keeps for itself was overwritten by a run that could not read it.
+  again.memory[kRadioOwnByte] = ideal_.memory[kRadioOwnByte];
+  std::uint8_t& destination = again.memory[image::kDestinationOffset];
+  const std::uint8_t own = ideal_.memory[image::kDestinationOffset] & kRadioOwnBit;
+  destination = static_cast<std::uint8_t>((destination & ~kRadioOwnBit) | own);
+  return again.memory == ideal_.memory ? "" : "the same session leaves another radio; ";
+}
+
+FaultRunner::Phase FaultRunner::PhaseAt(std::size_t index) const {
+  const auto& asked = ideal_.asked;
+  const std::vector<link::Exchange> before(
+      asked.begin(),
+      asked.begin() + static_cast<std::ptrdiff_t>(std::min(index + 1, asked.size())));
+  if (CountOf(before, ExchangeKind::kStatus) == 0) return Phase::kConnect;
+  const std::size_t reads = CountOf(before, ExchangeKind::kRead);
+  if (reads == 0) return Phase::kStatus;
+  const bool has_product = image::kProductOffset <= desk_.Image.LastIndex();
+  const std::size_t check_reads = has_product ? 4 : 3;
+  if (reads <= check_reads) return Phase::kModelCheck;
+  if (kind_ == SessionKind::kRead || CountOf(before, ExchangeKind::kWrite) > 0) {
+    return Phase::kBlocks;
+  }
+  return Phase::kRadioBytes;
+}
+
+Outcome FaultRunner::Expected(const FaultCase& fault_case, std::size_t index) const {
+  const link::Fault& fault = fault_case.faults.front();
+  const Phase phase = PhaseAt(index);
+  if (fault.kind == FaultKind::kUnplug) {
+    const bool in_last = index + 1 == ideal_.asked.size();
+    return in_last ? Outcome::kEither : Outcome::kFailure;
+  }
+  const bool late = fault.kind == FaultKind::kLateReply;
+  if (phase == Phase::kConnect) return Outcome::kEither;
+  if (late && fault.value < kReplySeconds) return Outcome::kSuccess;
+  if (phase == Phase::kRadioBytes) return late ? Outcome::kEither : Outcome::kSuccess;
+  const bool asks = fault.kind == FaultKind::kRefusal || fault.kind == FaultKind::kBusy;
+  return asks && fault_case.agree ? Outcome::kSuccess : Outcome::kFailure;
+}
+
+std::string FaultRunner::CheckSingle(const FaultCase& fault_case, std::size_t index) const {
+  const Run run = RunOnce(desk_, radio_memory_, fault_case);
+  std::string broken = BrokenPromises(run);
+  const Outcome expected = Expected(fault_case, index);
+  if (CountFaults(run.asked) != 1) broken += "the fault did not strike once; ";
+  if (expected != Outcome::kEither && run.done != (expected == Outcome::kSuccess)) {
+    broken += run.done ? "the fault went by unnoticed; " : "failed where it should have gone on; ";
+  }
+  const link::Fault& fault = fault_case.faults.front();
+  if (expected == Outcome::kFailure) broken += CheckReason(run, fault, PhaseAt(index));
+  double limit = ideal_.seconds + 2 * kReplySeconds + 2;
+  if (fault.kind == FaultKind::kMissingEcho) limit += kEchoSeconds;
+  if (fault.kind == FaultKind::kLateReply) limit += fault.value;
+  if (run.seconds > limit) broken += "took " + core::ShortestText(run.seconds) + " s; ";
+  return broken;
+}
+
+std::string FaultRunner::CheckReason(const Run& run, const link::Fault& fault, Phase phase) const {
+  const std::string title(link::ModeTitle(kind_));
+  std::string last;
+  if (fault.kind == FaultKind::kUnplug) {
+    last = phase == Phase::kConnect ? "" : "Orvane: 5\r\rInput/output error";
+  } else if (phase == Phase::kStatus) {
+    last = title + ": Radio not ready!!";
+  } else if (phase == Phase::kModelCheck) {
+    last = "Model Check: Communication Error!!";
+  } else if (phase == Phase::kBlocks) {
+    last = title + ": Communication Error!!";
+  }
+  std::string broken;
+  if (!last.empty() && (run.messages.empty() || Told(run.messages.back()) != last)) {
+    broken += "does not end in " + last + "; ";
+  }
+  static constexpr std::array<std::pair<FaultKind, std::string_view>, 5> kReasons = {{
+      {FaultKind::kWrongAddress, "address error!!"},
+      {FaultKind::kWrongLength, "data error!!"},
+      {FaultKind::kShortData, "data error!!"},
+      {FaultKind::kBusy, "Radio is busy!!"},
+      {FaultKind::kRefusal, "confirm the synchronization of the communication"},
+  }};
+  for (const auto& [kind, reason] : kReasons) {
+    if (fault.kind == kind && !Contains(run.messages, reason)) {
+      broken += "does not say " + std::string(reason) + "; ";
+    }
+  }
+  return broken;
+}
+
+}  // namespace orvane::testing
