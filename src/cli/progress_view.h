@@ -7,6 +7,7 @@
 #include "cli/terminal_prompts.h"
 #include "core/services.h"
 #include "link/monitor.h"
+#include "link/transfer_pace.h"
 
 namespace orvane::cli {
 
@@ -27,8 +28,7 @@ class ProgressView : public link::TransferView {
   const core::Clock& clock_;
   bool terminal_;
   int percent_ = 0;
-  double first_block_at_ = 0;
-  std::size_t first_bytes_ = 0;  ///< done when the time began to count
+  link::TransferPace pace_;
 };
 
 }  // namespace orvane::cli

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "editor/picture.h"
 #include "platform/ansi_text.h"
@@ -77,8 +78,8 @@ AboutBox::AboutBox(const core::RadioData& radio_data, QWidget* parent) : QDialog
   all->addLayout(head);
   all->addWidget(frame, 1);
   all->addWidget(ok, 0, Qt::AlignHCenter);
-  resize(kFirstSize.expandedTo({sizeHint().width(), 0}));
-  resize(width(), std::max(height(), all->totalHeightForWidth(width())));
+  const int wide = std::max(kFirstSize.width(), all->totalMinimumSize().width());
+  resize(wide, std::max(kFirstSize.height(), all->totalHeightForWidth(wide)));
 }
 
 }  // namespace orvane::editor

@@ -105,6 +105,7 @@ void MainWindow::ConnectCommands() {
   connect_item(menus_.file_print_to_file, &Commands::PrintToFile);
   connect_item(menus_.program, &Commands::Program);
   connect_item(menus_.read, &Commands::Read);
+  connect_item(menus_.help_contents, &Commands::HelpContents);
   connect_item(menus_.about, &Commands::About);
 }
 
@@ -207,7 +208,9 @@ void MainWindow::dropEvent(QDropEvent* event) {
   const QString path = event->mimeData()->urls().value(0).toLocalFile();
   if (path.isEmpty()) return;
   event->acceptProposedAction();
-  file_commands_.OpenFile(platform::ToUtf8(path));
+  // Whoever the file was dragged from waits until this returns.
+  QTimer::singleShot(0, &file_commands_,
+                     [this, path] { file_commands_.OpenFile(platform::ToUtf8(path)); });
 }
 
 }  // namespace orvane::editor

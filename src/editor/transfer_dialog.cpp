@@ -44,7 +44,7 @@ TransferDialog::TransferDialog(const TransferServices& services, link::SessionKi
   setObjectName(QStringLiteral("frmRadio_102"));
   setWindowTitle(platform::FromUtf8(link::ModeTitle(kind)));
   setModal(true);
-  new QVBoxLayout(this);
+  auto* all = new QVBoxLayout(this);
 
   AddLabel("lblmess", "Instructions")->setText(QLatin1String(kInstructions));
   AddPictures();
@@ -60,6 +60,7 @@ TransferDialog::TransferDialog(const TransferServices& services, link::SessionKi
   note_->hide();
   monitor_ = AddLabel("lblmon", "Monitor");
   monitor_->setVisible(data_.Flags.Debug);
+  all->addStretch();
   AddButtons();
   resize(sizeHint().expandedTo(kFirstSize));
 
@@ -98,7 +99,7 @@ void TransferDialog::AddPictures() {
   row->addWidget(arrow_);
   row->addWidget(reading ? computer_ : handheld_);
   row->addStretch();
-  static_cast<QVBoxLayout*>(layout())->addLayout(row, 1);
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
 void TransferDialog::AddButtons() {
@@ -201,10 +202,8 @@ void TransferDialog::closeEvent(QCloseEvent* event) {
 void TransferDialog::OpenHelp() {
   const std::string title = platform::ToUtf8(windowTitle());
   if (services_.help == nullptr || !services_.help->HasHelp()) {
-    services_.prompts.Show({.title = title,
-                            .text = "Unable to display Help Contents. There is no Help associated "
-                                    "with this project.",
-                            .icon = core::Icon::kInformation});
+    services_.prompts.Show(
+        {.title = title, .text = help::kNoHelpText, .icon = core::Icon::kInformation});
     return;
   }
   if (const std::optional<std::string> failure =

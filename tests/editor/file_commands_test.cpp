@@ -147,7 +147,7 @@ class FileCommandsTest : public QObject {
     QVERIFY(enter.isAccepted());
     QDropEvent drop({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(desk.window.get(), &drop);
-    QCOMPARE(desk.window->windowTitle(), QString(kTitle) + " - drop.dat");
+    QTRY_COMPARE(desk.window->windowTitle(), QString(kTitle) + " - drop.dat");
   }
 
   void ClosingAsksAboutChangedData_data() {

@@ -1,0 +1,342 @@
+#include <QLabel>
+#include <QRegularExpression>
+#include <array>
+
+#include "command_desk.h"
+#include "editor/transfer_dialog.h"
+#include "files/text_report.h"
+#include "image/image_check.h"
+#include "link/transfer_session.h"
+#include "platform/qt_clock.h"
+#include "platform/qt_event_pump.h"
+#include "support/radio_data_compare.h"
+
+using namespace orvane;
+using core::Answer;
+using link::ExchangeKind;
+using testing::CommandDesk;
+
+namespace {
+
+constexpr const char* kRead = "mnuTransferRead";
+constexpr const char* kProgram = "mnuTransferProgram";
+
+core::ChannelRecord& Channel16(core::RadioData& data) {
+  return data.Table(core::MarineGroup::kUsa)[32];
+}
+
+/// Does something when the n-th exchange of a kind is over.
+void After(CommandDesk& desk, ExchangeKind kind, int number, std::function<void()> deed) {
+  desk.on_exchange = [&desk, kind, number, deed = std::move(deed)](const link::Exchange& exchange) {
+    if (exchange.kind == kind && desk.Asked(kind) == number) deed();
+  };
+}
+
+template <class T>
+T* Child(const char* name) {
+  return QApplication::activeModalWidget()->findChild<T*>(QLatin1String(name));
+}
+
+link::FaultPlan Everywhere(link::FaultKind kind) {
+  return link::FaultPlan({link::MakeFault(kind, 0)});
+}
+
+}  // namespace
+
+class TransferTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void DialogTellsHowToStartAndWhatItDoes() {
+    CommandDesk desk;
+    desk.Start();
+    for (const auto& [item, caption] :
+         {std::pair(kRead, "Read from Radio"), std::pair(kProgram, "Program to Radio")}) {
+      desk.InWindowOf(item, [&, caption = caption](QDialog& dialog) {
+        QCOMPARE(dialog.objectName(), "frmRadio_102");
+        QCOMPARE(dialog.windowTitle(), caption);
+        QCOMPARE(Child<QLabel>("lblmess")->text(),
+                 "1.Connect the KIV cable between the PC serial port and the radio.\n"
+                 "2.On the radio, press and hold the [PRESET]+[DOWN]+[SQL] keys\n"
+                 "   while turning on.\n"
+                 "3.Press the [OK] button to start.");
+        const bool reading = caption == QLatin1String("Read from Radio");
+        const auto* radio = Child<QWidget>("pictHandy");
+        const auto* computer = Child<QWidget>("pictB");
+        QVERIFY(radio->isVisible() && computer->isVisible());
+        QCOMPARE(radio->x() < computer->x(), reading);
+        QVERIFY(!Child<QLabel>("lblmon")->isVisible());
+        QCOMPARE(Child<QLabel>("lblPercent")->geometry().right(), -1);
+        Child<QPushButton>("cmdHelp")->click();
+        desk.help.has_help = false;
+        Child<QPushButton>("cmdHelp")->click();
+        desk.help.has_help = true;
+      });
+    }
+    QCOMPARE(desk.help.opened, QStringList({"frmRadio_102 1012", "frmRadio_102 1012"}));
+    QCOMPARE(desk.Messages()[0],
+             "Unable to display Help Contents. There is no Help associated with this project.");
+  }
+
+  void WholeRoadFromRadioToFileAndBack() {
+    CommandDesk desk;
+    desk.Start();
+    desk.window->SelectNode("PU32");
+    desk.window->DataChanged();
+    QVERIFY(desk.Transfer(kRead));
+    QCOMPARE(desk.Messages(), QStringList{"Complete!!"});
+    QCOMPARE(desk.PageName(), "pictGeneral");
+    QVERIFY(!desk.data.Flags.DataChanged && !desk.data.Flags.Busy);
+    QCOMPARE(desk.data.EXP[1].ChTag, desk.sample.EXP[1].ChTag);
+
+    Channel16(desk.data).ChTag = "HARBOUR";
+    desk.data.Usable[2].Enable = false;
+    desk.dialogs.paths = {"/out/boat.dat", "/out/boat.dat"};
+    desk.Item("mnuFileSaveAs").trigger();
+    desk.TriggerAndWait("mnuFileNew");
+    desk.Item("mnuFileOpen").trigger();
+    QVERIFY(desk.window->windowTitle().endsWith(" - boat.dat"));
+    QVERIFY(desk.Transfer(kProgram));
+    core::RadioData programmed = desk.data;
+    programmed.CurrentFileName.clear();
+
+    desk.TriggerAndWait("mnuFileNew");
+    QVERIFY(desk.Transfer(kRead));
+    QCOMPARE(Channel16(desk.data).ChTag, "HARBOUR");
+    QCOMPARE(files::BuildTextReport(desk.data), files::BuildTextReport(programmed));
+    QVERIFY(desk.data.EXP == programmed.EXP && desk.data.Usable == programmed.Usable);
+    QVERIFY(desk.data.Common == programmed.Common);
+    QVERIFY(!desk.window->windowTitle().contains("boat"));
+    QVERIFY(!desk.Tree().Contains("PC"));
+    QCOMPARE(desk.opened_ports, std::vector<int>({1, 1, 1}));
+  }
+
+  void PortPickedInTheMenuIsOpened() {
+    CommandDesk desk;
+    desk.ports.Add(3, "Adapter");
+    desk.Start();
+    desk.Item("mnuOptionsSerialPort1_0").trigger();
+    QVERIFY(desk.Transfer(kRead));
+    QCOMPARE(desk.opened_ports, std::vector<int>{3});
+  }
+
+  void ProgressShowsPercentBlockSpeedAndTimeLeft() {
+    CommandDesk desk;
+    desk.Start();
+    // The 400th bulk block; four single fields are read before the first.
+    After(desk, ExchangeKind::kRead, 404, [&] {
+      const QRect bar = Child<QLabel>("lblPercent")->geometry();
+      const int width = Child<QWidget>("pictProgress")->width();
+      QCOMPARE(bar.left(), width * 39 / 100 - width);  // block 400: address 64 + 399 * 16
+      QCOMPARE(Child<QLabel>("lblPercent")->text(), "39 %");
+      const QString state = Child<QLabel>("lblState")->text();
+      QVERIFY2(QRegularExpression("^Block 1920 +1\\d\\d bytes/s +0:\\d\\d left$")
+                   .match(state)
+                   .hasMatch(),
+               qPrintable(state));
+      QVERIFY(!Child<QPushButton>("cmdOK")->isEnabled());
+      QVERIFY(!Child<QPushButton>("cmdHelp")->isEnabled());
+    });
+    QVERIFY(desk.Transfer(kRead));
+    QVERIFY(desk.Asked(ExchangeKind::kRead) > 404);
+  }
+
+  void CloseBoxDoesNothingWhileATransferRuns() {
+    CommandDesk desk;
+    desk.Start();
+    int tried = 0;
+    After(desk, ExchangeKind::kRead, 10, [&] {
+      QVERIFY(!QApplication::activeModalWidget()->close());
+      QVERIFY(!desk.window->close());
+      ++tried;
+    });
+    QVERIFY(desk.Transfer(kRead));
+    QCOMPARE(tried, 1);
+    QVERIFY(desk.window->isVisible());
+  }
+
+  void CancelledReadStopsTheRadioAndKeepsTheData_data() {
+    QTest::addColumn<int>("reads");
+    QTest::addColumn<bool>("escape");
+    QTest::newRow("button, bulk") << 50 << false;
+    QTest::newRow("escape key, bulk") << 300 << true;
+  }
+  void CancelledReadStopsTheRadioAndKeepsTheData() {
+    QFETCH(int, reads);
+    QFETCH(bool, escape);
+    CommandDesk desk;
+    desk.Start();
+    Channel16(desk.data).ChTag = "MINE";
+    desk.window->DataChanged();
+    const core::RadioData before = desk.data;
+    After(desk, ExchangeKind::kRead, reads, [&] {
+      if (escape) {
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+      } else {
+        Child<QPushButton>("cmdCancel")->click();
+      }
+    });
+    desk.Transfer(kRead);
+    QCOMPARE(desk.Asked(ExchangeKind::kCancel), 1);
+    QCOMPARE(desk.Asked(ExchangeKind::kRead), reads);
+    QVERIFY(testing::SameContents(desk.data, before));
+    QVERIFY(desk.prompts.messages.empty());
+    QVERIFY(desk.data.Flags.DataChanged);
+  }
+
+  void CancelledProgrammingWarnsAndCanBeRepeated() {
+    CommandDesk desk;
+    desk.Start();
+    QVERIFY(desk.Transfer(kRead));
+    Channel16(desk.data).ChTag = "AGAIN";
+    desk.prompts.messages.clear();
+    After(desk, ExchangeKind::kWrite, 60, [] { Child<QPushButton>("cmdCancel")->click(); });
+    desk.InWindowOf(kProgram, [&](QDialog& dialog) {
+      Child<QPushButton>("cmdOK")->click();
+      QVERIFY(dialog.isVisible());
+      QCOMPARE(desk.Asked(ExchangeKind::kCancel), 0);
+      QCOMPARE(desk.Asked(ExchangeKind::kWrite), 60);
+      QVERIFY(desk.prompts.messages.empty());
+      const auto* note = Child<QLabel>("lblNote");
+      QVERIFY(note->isVisible());
+      QCOMPARE(note->text(), platform::FromUtf8(link::kPartlyWrittenNote));
+      QVERIFY(Child<QPushButton>("cmdOK")->isEnabled());
+
+      desk.on_exchange = nullptr;
+      Child<QPushButton>("cmdOK")->click();
+      QVERIFY(!dialog.isVisible() && !note->isVisible());
+    });
+    QCOMPARE(desk.Messages(), QStringList{"Complete!!"});
+    desk.TriggerAndWait("mnuFileNew");
+    QVERIFY(desk.Transfer(kRead));
+    QCOMPARE(Channel16(desk.data).ChTag, "AGAIN");
+  }
+
+  void RadioThatDoesNotFitIsRefused_data() {
+    QTest::addColumn<int>("address");
+    QTest::addColumn<int>("flipped");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("model") << 65 << 1 << "ModelType Error !!";
+    QTest::newRow("product") << int{image::kProductOffset} << 1 << "Product Error !!";
+    QTest::newRow("destination SEL1")
+        << int{image::kDestinationOffset} << 0x20 << "Destination Error !!";
+    QTest::newRow("destination SEL2")
+        << int{image::kDestinationOffset} << 0x10 << "Destination Error !!";
+  }
+  void RadioThatDoesNotFitIsRefused() {
+    QFETCH(int, address);
+    QFETCH(int, flipped);
+    QFETCH(QString, message);
+    for (const char* item : {kRead, kProgram}) {
+      CommandDesk desk;
+      desk.Start();
+      desk.radio.Memory()[static_cast<std::size_t>(address)] ^= static_cast<std::uint8_t>(flipped);
+      const core::RadioData before = desk.data;
+      QVERIFY(!desk.Transfer(item));
+      QCOMPARE(desk.Messages(), QStringList{message});
+      QVERIFY(desk.prompts.messages[0].icon == core::Icon::kCritical);
+      QCOMPARE(desk.Asked(ExchangeKind::kRead), 4);
+      QCOMPARE(desk.Asked(ExchangeKind::kWrite), 0);
+      if (item == kRead) QVERIFY(testing::SameContents(desk.data, before));
+    }
+  }
+
+  void DeadLinesEndInAMessageAndMayBeTriedAgain_data() {
+    QTest::addColumn<int>("fault");
+    QTest::newRow("radio silent") << static_cast<int>(link::FaultKind::kMissingReply);
+    QTest::newRow("cable without echo") << static_cast<int>(link::FaultKind::kMissingEcho);
+  }
+  void DeadLinesEndInAMessageAndMayBeTriedAgain() {
+    QFETCH(int, fault);
+    CommandDesk desk;
+    desk.Start();
+    desk.radio.SetFaults(Everywhere(static_cast<link::FaultKind>(fault)));
+    desk.InWindowOf(kRead, [&](QDialog& dialog) {
+      Child<QPushButton>("cmdOK")->click();
+      QVERIFY(dialog.isVisible());
+      QCOMPARE(desk.Messages(), QStringList{"Communication Error!!"});
+      QVERIFY(Child<QLabel>("lblState")->text().isEmpty());
+      desk.radio.SetFaults({});
+      Child<QPushButton>("cmdOK")->click();
+      QVERIFY(!dialog.isVisible());
+    });
+    QCOMPARE(desk.Messages().last(), "Complete!!");
+  }
+
+  void UnpluggedWhileProgrammingSaysThatTheRadioIsPartlyWritten() {
+    CommandDesk desk;
+    desk.Start();
+    desk.radio.SetFaults(
+        link::FaultPlan({link::MakeFault(link::FaultKind::kUnplug, ExchangeKind::kWrite, 30)}));
+    desk.InWindowOf(kProgram, [&](QDialog& dialog) {
+      Child<QPushButton>("cmdOK")->click();
+      QVERIFY(dialog.isVisible() && Child<QLabel>("lblNote")->isVisible());
+    });
+    QCOMPARE(desk.prompts.messages[0].details, std::string(link::kPartlyWrittenNote));
+    QVERIFY(desk.window->isEnabled() && !desk.data.Flags.Busy);
+  }
+
+  void NoToTheNarrowbandQuestionSendsNothing() {
+    CommandDesk desk;
+    desk.Start();
+    desk.data.LmrPresent() = true;
+    core::ChannelRecord& channel = desk.data.EXP[1];
+    channel.Enable = true;
+    channel.LMR_EXP = -1;
+    channel.Rxfreq = channel.Txfreq = 155;
+    channel.Narrow = false;
+    desk.prompts.answers = {Answer::kNo};
+    QVERIFY(desk.Transfer(kProgram));
+    QCOMPARE(desk.prompts.messages.size(), std::size_t{1});
+    QVERIFY(desk.prompts.messages[0].buttons == core::Buttons::kYesNo);
+    QCOMPARE(desk.Asked(ExchangeKind::kRead) + desk.Asked(ExchangeKind::kWrite), 0);
+    QVERIFY(desk.data.EXP[1].Narrow);  // converted all the same
+  }
+
+  void DebugModeShowsEachStep() {
+    CommandDesk desk;
+    desk.data.Flags.Debug = true;
+    desk.Start();
+    desk.radio.SetFaults(Everywhere(link::FaultKind::kMissingReply));
+    desk.InWindowOf(kRead, [](QDialog& /*dialog*/) {
+      const auto* monitor = Child<QLabel>("lblmon");
+      QVERIFY(monitor->isVisible());
+      QCOMPARE(monitor->text(), "starting at debug mode..");
+      Child<QPushButton>("cmdOK")->click();
+      QCOMPARE(monitor->text(), "can not syncing!!");
+    });
+  }
+
+  // With the program's own clock and event loop: the echo wait under way would last 100 seconds.
+  void CancelIsHeardInTheMiddleOfAWait() {
+    testing::CommandDesk desk;
+    platform::QtClock clock;
+    platform::QtEventPump pump(clock);
+    desk.radio.SetFaults(Everywhere(link::FaultKind::kMissingEcho));
+    editor::TransferDialog dialog(
+        {.data = desk.data,
+         .prompts = desk.prompts,
+         .clock = clock,
+         .pump = pump,
+         .log = desk.log,
+         .make_port = [&] { return std::make_unique<link::SimulatedPort>(desk.radio, clock); },
+         .help = nullptr},
+        link::SessionKind::kRead, nullptr);
+    double cancelled_at = 0;
+    QTimer::singleShot(0, dialog.findChild<QPushButton*>("cmdOK"), &QPushButton::click);
+    QTimer::singleShot(200, &dialog, [&] {
+      cancelled_at = clock.Now();
+      dialog.findChild<QPushButton*>("cmdCancel")->click();
+      QTimer::singleShot(0, &dialog, [&] {
+        const double waited = clock.Now() - cancelled_at;
+        QVERIFY2(!desk.data.Flags.Busy && waited < 0.1, qPrintable(QString::number(waited)));
+        dialog.close();
+      });
+    });
+    dialog.exec();
+    QVERIFY(desk.prompts.messages.empty());
+  }
+};
+
+QTEST_MAIN(TransferTest)
+#include "transfer_test.moc"
