@@ -41,12 +41,13 @@ class ChannelPage : public Page {
   // Layout: every control is built once.
   void Build();
   void BuildSwitches();
-  [[nodiscard]] QWidget* BuildNumberAndFrequencies();
+  [[nodiscard]] QLayout* BuildFields();
+  void BuildDisplay(QGridLayout& grid);
   [[nodiscard]] FrequencyBox* BuildFrequency(QGridLayout& grid, Field field,
                                              const QString& caption);
   [[nodiscard]] QWidget* BuildTransmit();
-  [[nodiscard]] QWidget* BuildNameAndScrambler();
-  [[nodiscard]] QWidget* BuildSwitchesBeside();
+  void BuildNameAndScrambler(QGridLayout& grid);
+  [[nodiscard]] QLayout* BuildSwitchColumn();
   [[nodiscard]] QWidget* BuildTones();
   void ShowForm();
   void SetHelpContexts();

@@ -58,12 +58,11 @@ void ChannelPage::Build() {
   page->addStretch();
   auto* body = new QGridLayout(body_);
   body->setContentsMargins({});
-  body->addWidget(BuildNumberAndFrequencies(), 0, 0, Qt::AlignTop);
-  body->addWidget(BuildTransmit(), 0, 1, Qt::AlignTop);
-  body->addWidget(BuildNameAndScrambler(), 1, 0, Qt::AlignTop);
-  body->addWidget(BuildSwitchesBeside(), 1, 1, Qt::AlignTop);
-  body->addWidget(BuildTones(), 2, 0, 1, 2);
-  body->setColumnStretch(2, 1);
+  body->setColumnMinimumWidth(1, fontMetrics().height() / 2);
+  body->addLayout(BuildFields(), 0, 0, Qt::AlignTop);
+  body->addLayout(BuildSwitchColumn(), 0, 2, Qt::AlignTop);
+  body->addWidget(BuildTones(), 1, 0, 1, 3);
+  body->setColumnStretch(3, 1);
   flags_ = {{tx_enable_, &ChannelRecord::TxEnable}, {low_power_, &ChannelRecord::LowPower},
             {power_up_, &ChannelRecord::PowUp},     {duplex_, &ChannelRecord::Duplex},
             {scan_, &ChannelRecord::ScanMemory},    {complement_, &ChannelRecord::RxComp}};
@@ -82,16 +81,24 @@ void ChannelPage::BuildSwitches() {
   }
 }
 
-QWidget* ChannelPage::BuildNumberAndFrequencies() {
-  auto* area = new QWidget(body_);
-  auto* grid = new QGridLayout(area);
-  grid->setContentsMargins({});
+QLayout* ChannelPage::BuildFields() {
+  auto* grid = new QGridLayout;
+  BuildDisplay(*grid);
+  frequencies_[kReceive] = {BuildFrequency(*grid, Field::kReceiveFrequency, tr("&Rx Frequency")),
+                            &ChannelRecord::Rxfreq};
+  frequencies_[kTransmit] = {BuildFrequency(*grid, Field::kTransmitFrequency, tr("Tx Fre&quency")),
+                             &ChannelRecord::Txfreq};
+  BuildNameAndScrambler(*grid);
+  return grid;
+}
+
+void ChannelPage::BuildDisplay(QGridLayout& grid) {
   const FieldRule& left = RuleOf(Field::kDisplayLeft);
   const FieldRule& right = RuleOf(Field::kDisplayRight);
   const QString caption = tr("CH Displa&y");
-  display_left_ = new FieldBox(left, area);
+  display_left_ = new FieldBox(left, body_);
   maker_->Adopt(*display_left_, QLatin1String(left.control), caption, left.hint);
-  display_right_ = new FieldBox(right, area);
+  display_right_ = new FieldBox(right, body_);
   maker_->Adopt(*display_right_, QLatin1String(right.control), caption, right.hint);
   auto* display = new QHBoxLayout;
   for (FieldBox* box : {display_left_, display_right_}) {
@@ -99,14 +106,8 @@ QWidget* ChannelPage::BuildNumberAndFrequencies() {
     display->addWidget(box);
   }
   display->addStretch();
-  grid->addWidget(maker_->Caption(caption, display_left_), 0, 0);
-  grid->addLayout(display, 0, 1, 1, 2);
-
-  frequencies_[kReceive] = {BuildFrequency(*grid, Field::kReceiveFrequency, tr("&Rx Frequency")),
-                            &ChannelRecord::Rxfreq};
-  frequencies_[kTransmit] = {BuildFrequency(*grid, Field::kTransmitFrequency, tr("Tx Fre&quency")),
-                             &ChannelRecord::Txfreq};
-  return area;
+  grid.addWidget(maker_->Caption(caption, display_left_), 0, 0);
+  grid.addLayout(display, 0, 1, 1, 2);
 }
 
 FrequencyBox* ChannelPage::BuildFrequency(QGridLayout& grid, Field field, const QString& caption) {
@@ -131,10 +132,7 @@ QWidget* ChannelPage::BuildTransmit() {
   return frame;
 }
 
-QWidget* ChannelPage::BuildNameAndScrambler() {
-  auto* area = new QWidget(body_);
-  auto* grid = new QGridLayout(area);
-  grid->setContentsMargins({});
+void ChannelPage::BuildNameAndScrambler(QGridLayout& grid) {
   const QString scrambler = tr("Scr&ambler");
   scrambler_ = maker_->List(QStringLiteral("cmbScramble"), scrambler, {}, help::kScrambler);
   scrambler_->addItem(platform::FromAnsi(core::OnOffText(false)), 0);
@@ -144,21 +142,21 @@ QWidget* ChannelPage::BuildNameAndScrambler() {
   scrambler_caption_ = maker_->Caption(scrambler, scrambler_);
   const FieldRule& rule = RuleOf(Field::kChannelName);
   const QString name = tr("CH &Name");
-  name_ = new FieldBox(rule, area);
+  name_ = new FieldBox(rule, body_);
   maker_->Adopt(*name_, QLatin1String(rule.control), name, rule.hint, help::kName);
   SetDigits(*name_, rule.max_length + rule.max_length / 2);  // capitals are wide
   name_caption_ = maker_->Caption(name, name_);
-  grid->addWidget(scrambler_caption_, 0, 0);
-  grid->addWidget(scrambler_, 0, 1, Qt::AlignLeft);
-  grid->addWidget(name_caption_, 1, 0);
-  grid->addWidget(name_, 1, 1, Qt::AlignLeft);
-  return area;
+  int line = grid.rowCount();
+  grid.addWidget(scrambler_caption_, line, 0);
+  grid.addWidget(scrambler_, line, 1, 1, 2, Qt::AlignLeft);
+  ++line;
+  grid.addWidget(name_caption_, line, 0);
+  grid.addWidget(name_, line, 1, 1, 2, Qt::AlignLeft);
 }
 
-QWidget* ChannelPage::BuildSwitchesBeside() {
-  auto* area = new QWidget(body_);
-  auto* column = new QVBoxLayout(area);
-  column->setContentsMargins({});
+QLayout* ChannelPage::BuildSwitchColumn() {
+  auto* column = new QVBoxLayout;
+  column->addWidget(BuildTransmit());
   duplex_ = maker_->Check(QStringLiteral("chkCDup"), tr("Du&plex"), help::kDuplex);
   scan_ = maker_->Check(QStringLiteral("chkCScan"), tr("Scan &Memory"), help::kScan);
   wide_ = new QRadioButton(tr("&Wide"), body_);
@@ -168,7 +166,7 @@ QWidget* ChannelPage::BuildSwitchesBeside() {
   for (QWidget* control : std::initializer_list<QWidget*>{duplex_, scan_, wide_, narrow_}) {
     column->addWidget(control);
   }
-  return area;
+  return column;
 }
 
 QWidget* ChannelPage::BuildTones() {

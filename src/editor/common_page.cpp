@@ -74,6 +74,9 @@ constexpr std::array<Setting, 7> kTable = {{
     {"cmbCommonWeater", QT_TR_NOOP("Weather &Alert"), 3, AlertItem, StoreAlert},
 }};
 
+// All lists are as wide as the longest text needs.
+constexpr int kListCharacters = 20;
+
 QStringList ItemsOf(std::size_t index) {
   QStringList items;
   if (index == kTxPo) {
@@ -118,6 +121,7 @@ void CommonPage::BuildSetting(std::size_t index) {
   const Setting& setting = kTable[index];
   const QString caption = tr(setting.caption);
   PickBox* list = maker_->List(QLatin1String(setting.name), caption, ItemsOf(index));
+  list->setMinimumContentsLength(kListCharacters);
   QLabel* label = maker_->Caption(caption, list);
   auto* grid =
       static_cast<QGridLayout*>(frames_[static_cast<std::size_t>(setting.frame)]->layout());

@@ -103,9 +103,10 @@ void FieldBox::keyPressEvent(QKeyEvent* event) {
 
 void FieldBox::contextMenuEvent(QContextMenuEvent* event) {
   const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-  if (auto* paste = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
-    paste->disconnect(this);
-    connect(paste, &QAction::triggered, this, &FieldBox::PasteFromClipboard);
+  for (QAction* action : menu->actions()) {
+    // The one that pastes is told by what it is connected to.
+    if (!disconnect(action, SIGNAL(triggered(bool)), this, SLOT(paste()))) continue;
+    connect(action, &QAction::triggered, this, &FieldBox::PasteFromClipboard);
   }
   menu->exec(event->globalPos());
 }

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <QComboBox>
+#include <QtTest>
+#include <memory>
+#include <random>
+
+#include "editor/page.h"
+#include "image/codec.h"
+#include "image/sample_radio.h"
+#include "support/fakes.h"
+#include "support/radio_data_compare.h"
+
+namespace orvane::testing {
+
+/// Stands for the window around a page: writes down what the page asks for.
+class RecordingHost : public editor::PageHost {
+ public:
+  void DataChanged() override { ++changes; }
+  void RebuildTree() override { ++rebuilds; }
+  void RefreshMarks() override { ++marks; }
+  void ShowHint(const QString& text) override { hint = text; }
+  void SelectNode(const QString& key) override { selected = key; }
+
+  int changes = 0;
+  int rebuilds = 0;
+  int marks = 0;
+  QString hint;
+  QString selected;
+};
+
+/// One page in a window of its own, over a radio in use.
+template <class PageType>
+struct PageDesk {
+  explicit PageDesk(int model_type, const char* key = "General") {
+    data = image::MakeSampleRadio(static_cast<std::int16_t>(model_type), clock.Today());
+    data.ProgramTitle = "Title";
+    page = std::make_unique<PageType>(
+        editor::PageServices{.data = data, .prompts = prompts, .clock = clock, .host = host},
+        nullptr);
+    page->show();
+    page->activateWindow();
+    (void)QTest::qWaitForWindowActive(page.get());
+    Open(key);
+  }
+  void Open(const char* key) {
+    page->Fill(*editor::NodeOfKey(QLatin1String(key)));
+    host = {};
+  }
+  template <class Control>
+  [[nodiscard]] Control* Find(const char* name) const {
+    return page->template findChild<Control*>(QLatin1String(name));
+  }
+  [[nodiscard]] QWidget* operator[](const char* name) const { return Find<QWidget>(name); }
+  /// The user works a check box or option button.
+  void Press(const char* name) { QTest::keyClick(Focused(name), Qt::Key_Space); }
+  /// The user picks an item of a list that is not the current one.
+  void Pick(const char* name, int item) {
+    auto* list = static_cast<QComboBox*>(Focused(name));
+    list->setCurrentIndex(item == 0 ? 1 : item - 1);
+    QTest::keyClick(list, item == 0 ? Qt::Key_Up : Qt::Key_Down);
+  }
+  /// Fills the page from contents that no program made, for every key; true when that changed
+  /// nothing and asked nothing of the window.
+  [[nodiscard]] bool FillsWithoutTrace(const QStringList& keys) {
+    std::minstd_rand random(static_cast<unsigned>(data.MODELTYPE) + 1);
+    for (std::uint8_t& byte : data.Image.Used()) byte = static_cast<std::uint8_t>(random());
+    image::DecodeAll(data);
+    const core::RadioData before = data;
+    host = {};
+    for (const QString& key : keys) page->Fill(*editor::NodeOfKey(key));
+    return SameContents(data, before) && !data.Flags.DataChanged && !data.Flags.Busy &&
+           host.changes + host.marks + host.rebuilds == 0;
+  }
+  void Type(const char* name, const QString& text) {
+    QWidget* box = Focused(name);
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(box, text);
+  }
+  QWidget* Focused(const char* name) {
+    QWidget* control = (*this)[name];
+    control->setFocus();
+    return control;
+  }
+
+  core::RadioData data;
+  ScriptedPrompts prompts;
+  ManualClock clock;
+  RecordingHost host;
+  std::unique_ptr<PageType> page;
+};
+
+}  // namespace orvane::testing
