@@ -1,56 +1,40 @@
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <deque>
 #include <vector>
 
+#include "hostile_world.h"
 #include "link/clone_protocol.h"
 
 /// Any bytes are a radio's answers: what is sent comes back as echo and is followed by the next
 /// stretch of the input, up to a byte 255. Nothing outside the block asked for may change, and no
 /// exchange may end in success with the error flag set.
-namespace orvane {
+namespace orvane::fuzz {
 namespace {
 
-constexpr std::uint8_t kEndOfAnswer = 0xFF;
 constexpr int kAddress = 64;
 constexpr int kLength = 16;
 
-class JumpingClock : public core::Clock, public core::EventPump {
- public:
-  [[nodiscard]] double Now() const override { return now_; }
-  [[nodiscard]] core::Date Today() const override { return {}; }
-  void Pause(double seconds) override { now_ += seconds; }
-  void WaitForEvents(double deadline) override { now_ = deadline + 1; }
-  void ProcessEvents() override {}
-
- private:
-  double now_ = 0;
-};
-
 class AnsweringPort : public link::SerialPort {
  public:
-  explicit AnsweringPort(std::span<const std::uint8_t> answers)
-      : answers_(answers.begin(), answers.end()) {}
+  explicit AnsweringPort(std::span<const std::uint8_t> answers) : answers_(answers) {}
   [[nodiscard]] std::optional<core::SystemError> Open() override { return std::nullopt; }
   void Close() override {}
   [[nodiscard]] bool IsOpen() const override { return true; }
   [[nodiscard]] std::size_t Waiting() override { return incoming_.size(); }
   [[nodiscard]] std::optional<std::uint8_t> ReadByte() override {
     if (incoming_.empty()) return std::nullopt;
-    return Take(incoming_);
+    const std::uint8_t byte = incoming_.front();
+    incoming_.pop_front();
+    return byte;
   }
   void DiscardInput() override { incoming_.clear(); }
   [[nodiscard]] std::optional<core::SystemError> Write(
       std::span<const std::uint8_t> bytes) override {
     incoming_.insert(incoming_.end(), bytes.begin(), bytes.end());
-    while (!answers_.empty()) {
-      const std::uint8_t byte = Take(answers_);
-      if (byte == kEndOfAnswer) break;
-      incoming_.push_back(byte);
-    }
+    const std::vector<std::uint8_t> answer = answers_.NextStretch();
+    incoming_.insert(incoming_.end(), answer.begin(), answer.end());
     return std::nullopt;
   }
   void SetDtr(bool /*on*/) override {}
@@ -58,40 +42,9 @@ class AnsweringPort : public link::SerialPort {
   [[nodiscard]] std::optional<core::SystemError> Failure() const override { return std::nullopt; }
 
  private:
-  static std::uint8_t Take(std::deque<std::uint8_t>& bytes) {
-    const std::uint8_t byte = bytes.front();
-    bytes.pop_front();
-    return byte;
-  }
-
   std::deque<std::uint8_t> incoming_;
-  std::deque<std::uint8_t> answers_;
+  Input answers_;
 };
-
-class Silence : public core::ErrorLog, public link::TransferView {
- public:
-  void Write(std::string_view /*routine*/, std::string_view /*message*/) override {}
-  void Monitor(std::string_view /*text*/) override {}
-  void ShowProgress(int /*percent*/) override {}
-  void BlockDone(int /*address*/, std::size_t /*so_far*/, std::size_t /*total*/) override {}
-};
-
-/// Agrees to everything until the answers have had their chance, then gives up.
-class Impatient : public core::Prompts {
- public:
-  core::Answer Show(const core::Message& message) override {
-    if (++shown_ > 8) return core::Answer::kCancel;
-    return message.buttons == core::Buttons::kRetryCancel ? core::Answer::kRetry
-                                                          : core::Answer::kOk;
-  }
-
- private:
-  int shown_ = 0;
-};
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 void Converse(std::span<const std::uint8_t> answers) {
   core::RadioData data;
@@ -117,9 +70,9 @@ void Converse(std::span<const std::uint8_t> answers) {
 }
 
 }  // namespace
-}  // namespace orvane
+}  // namespace orvane::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  orvane::Converse({bytes, size});
+  orvane::fuzz::Converse({bytes, size});
   return 0;
 }
