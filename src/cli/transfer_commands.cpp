@@ -49,13 +49,20 @@ bool Transfer(Workplace& place, core::RadioData& data, link::SessionKind kind) {
   link::TransferSession session(
       data, {*port, place.services.clock, place.services.pump, place.log, view}, place.prompts);
   bool cancelled = false;
+  const int shown_before = place.prompts.ShownCount();
   {
     const CancelByInterrupt cancel(place.services.interrupts, data, cancelled);
     static_cast<void>(session.Run(kind));
   }
   place.err.Finish();
-  if (!session.TransferDone() && cancelled) TellCancelled(place, kind, session.PartlyWritten());
-  return session.TransferDone();
+  if (session.TransferDone()) return true;
+  if (cancelled) {
+    TellCancelled(place, kind, session.PartlyWritten());
+  } else if (place.prompts.ShownCount() == shown_before) {
+    // A radio that cannot be synchronised: the window's dialog stays open and shows nothing.
+    place.prompts.Show({std::string(link::ModeTitle(kind)), "the radio does not answer"});
+  }
+  return false;
 }
 
 }  // namespace

@@ -121,6 +121,13 @@ TEST_F(TransferCommands, ARadioThatRefusesForEverEndsTheRunEvenWithYes) {
   EXPECT_TRUE(ErrHas("Communication Error!!"));
 }
 
+TEST_F(TransferCommands, ARadioThatCannotBeSynchronisedIsToldOf) {
+  bench.radio.SetFaults(
+      link::FaultPlan({link::MakeFault(link::FaultKind::kMissingReply, ExchangeKind::kSync, 2)}));
+  EXPECT_EQ(Run(read_), kFailed);
+  EXPECT_EQ(err_, "Read from Radio: the radio does not answer\n");
+}
+
 TEST_F(TransferCommands, ProgressShowsOnATerminalOnly) {
   services.terminals.err = true;
   ASSERT_EQ(Run(read_), kDone);
