@@ -12,7 +12,7 @@ ChannelPage::ChannelPage(PageServices services, QWidget* parent)
   setAccessibleName(tr("Channel"));
   Build();
   Connect();
-  ModelChanged();
+  ChannelPage::ModelChanged();
 }
 
 void ChannelPage::ModelChanged() {

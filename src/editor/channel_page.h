@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
+#include <QVBoxLayout>
 #include <array>
 #include <string>
 #include <utility>
@@ -41,13 +42,13 @@ class ChannelPage : public Page {
   // Layout: every control is built once.
   void Build();
   void BuildSwitches();
-  [[nodiscard]] QLayout* BuildFields();
+  void BuildFields(QGridLayout& grid);
   void BuildDisplay(QGridLayout& grid);
   [[nodiscard]] FrequencyBox* BuildFrequency(QGridLayout& grid, Field field,
                                              const QString& caption);
   [[nodiscard]] QWidget* BuildTransmit();
   void BuildNameAndScrambler(QGridLayout& grid);
-  [[nodiscard]] QLayout* BuildSwitchColumn();
+  void BuildSwitchColumn(QVBoxLayout& column);
   [[nodiscard]] QWidget* BuildTones();
   void ShowForm();
   void SetHelpContexts();

@@ -59,8 +59,12 @@ void ChannelPage::Build() {
   auto* body = new QGridLayout(body_);
   body->setContentsMargins({});
   body->setColumnMinimumWidth(1, fontMetrics().height() / 2);
-  body->addLayout(BuildFields(), 0, 0, Qt::AlignTop);
-  body->addLayout(BuildSwitchColumn(), 0, 2, Qt::AlignTop);
+  auto* fields = new QGridLayout;
+  body->addLayout(fields, 0, 0, Qt::AlignTop);
+  BuildFields(*fields);
+  auto* column = new QVBoxLayout;
+  body->addLayout(column, 0, 2, Qt::AlignTop);
+  BuildSwitchColumn(*column);
   body->addWidget(BuildTones(), 1, 0, 1, 3);
   body->setColumnStretch(3, 1);
   flags_ = {{tx_enable_, &ChannelRecord::TxEnable}, {low_power_, &ChannelRecord::LowPower},
@@ -81,15 +85,13 @@ void ChannelPage::BuildSwitches() {
   }
 }
 
-QLayout* ChannelPage::BuildFields() {
-  auto* grid = new QGridLayout;
-  BuildDisplay(*grid);
-  frequencies_[kReceive] = {BuildFrequency(*grid, Field::kReceiveFrequency, tr("&Rx Frequency")),
+void ChannelPage::BuildFields(QGridLayout& grid) {
+  BuildDisplay(grid);
+  frequencies_[kReceive] = {BuildFrequency(grid, Field::kReceiveFrequency, tr("&Rx Frequency")),
                             &ChannelRecord::Rxfreq};
-  frequencies_[kTransmit] = {BuildFrequency(*grid, Field::kTransmitFrequency, tr("Tx Fre&quency")),
+  frequencies_[kTransmit] = {BuildFrequency(grid, Field::kTransmitFrequency, tr("Tx Fre&quency")),
                              &ChannelRecord::Txfreq};
-  BuildNameAndScrambler(*grid);
-  return grid;
+  BuildNameAndScrambler(grid);
 }
 
 void ChannelPage::BuildDisplay(QGridLayout& grid) {
@@ -124,7 +126,8 @@ FrequencyBox* ChannelPage::BuildFrequency(QGridLayout& grid, Field field, const 
 
 QWidget* ChannelPage::BuildTransmit() {
   auto* frame = new QGroupBox(body_);
-  auto* column = new QVBoxLayout(frame);
+  auto* column = new QVBoxLayout;
+  frame->setLayout(column);
   tx_enable_ = maker_->Check(QStringLiteral("chkCTXEnable"), tr("T&x Enable"), help::kTxEnable);
   low_power_ = maker_->Check(QStringLiteral("chkCTXOnly"), tr("&Low Power Only"), help::kLowPower);
   power_up_ = maker_->Check(QStringLiteral("chkCTXPower"), tr("Power &Up"), help::kPowerUp);
@@ -154,9 +157,8 @@ void ChannelPage::BuildNameAndScrambler(QGridLayout& grid) {
   grid.addWidget(name_, line, 1, 1, 2, Qt::AlignLeft);
 }
 
-QLayout* ChannelPage::BuildSwitchColumn() {
-  auto* column = new QVBoxLayout;
-  column->addWidget(BuildTransmit());
+void ChannelPage::BuildSwitchColumn(QVBoxLayout& column) {
+  column.addWidget(BuildTransmit());
   duplex_ = maker_->Check(QStringLiteral("chkCDup"), tr("Du&plex"), help::kDuplex);
   scan_ = maker_->Check(QStringLiteral("chkCScan"), tr("Scan &Memory"), help::kScan);
   wide_ = new QRadioButton(tr("&Wide"), body_);
@@ -164,9 +166,8 @@ QLayout* ChannelPage::BuildSwitchColumn() {
   maker_->Adopt(*wide_, QStringLiteral("optCWide_0"), wide_->text(), kOptionHint);
   maker_->Adopt(*narrow_, QStringLiteral("optCWide_1"), narrow_->text(), kOptionHint);
   for (QWidget* control : std::initializer_list<QWidget*>{duplex_, scan_, wide_, narrow_}) {
-    column->addWidget(control);
+    column.addWidget(control);
   }
-  return column;
 }
 
 QWidget* ChannelPage::BuildTones() {

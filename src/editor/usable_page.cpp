@@ -54,7 +54,7 @@ UsablePage::UsablePage(PageServices services, QWidget* parent)
   grid->setColumnStretch(2, 1);
   grid->setRowStretch(2, 1);
   connect(exp_, &QCheckBox::clicked, this, &UsablePage::SwitchExp);
-  ModelChanged();
+  UsablePage::ModelChanged();
 }
 
 void UsablePage::BuildGroup(std::size_t index, const QString& caption) {
