@@ -19,7 +19,17 @@ class HelpOpener {
   virtual void Close() = 0;
 };
 
-/// Topic of the transfer dialog.
+/// What a request for help is answered with where HasHelp() is false.
+inline constexpr const char* kNoHelpText =
+    "Unable to display Help Contents. There is no Help associated with this project.";
+
+/// Topics of whole windows and pages, for controls that have none of their own.
+inline constexpr int kProgramContext = 1000;
+inline constexpr int kGroupsPageContext = 1001;
+inline constexpr int kCommonPageContext = 1002;
+inline constexpr int kTablePageContext = 1003;
+inline constexpr int kChannelPageContext = 1004;
+inline constexpr int kWeatherPageContext = 1005;
 inline constexpr int kTransferContext = 1012;
 
 }  // namespace orvane::help

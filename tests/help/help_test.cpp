@@ -1,0 +1,258 @@
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
+#include <QHelpLink>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextDocument>
+#include <functional>
+#include <memory>
+
+#include "help/help_viewer.h"
+
+namespace orvane::help {
+namespace {
+
+constexpr const char* kHelpFile = ORVANE_HELP_FILE;
+
+// The numbers that the controls of the window and the transfer dialog carry.
+constexpr int kContexts[] = {kProgramContext,
+                             kGroupsPageContext,
+                             kCommonPageContext,
+                             kTablePageContext,
+                             kChannelPageContext,
+                             kWeatherPageContext,
+                             kTransferContext,
+                             1028,
+                             1029,
+                             1030,
+                             1031,
+                             1032,
+                             1033,
+                             1034,
+                             1064,
+                             2500,
+                             2501,
+                             2502,
+                             2503};
+
+// What message boxes say, without what is filled in.
+constexpr const char* kMessages[] = {
+    "port inicialize error!!",
+    "Communication Error!!",
+    "ACMD Command error!!",
+    "time out!!",
+    "cancel!!",
+    "address error!!",
+    "data error!!",
+    "confirm the synchronization of the communication",
+    "Radio is busy!!",
+    "Radio not ready!!",
+    "ModelType Error !!",
+    "Product Error !!",
+    "Destination Error !!",
+    "Complete!!",
+    "The radio now holds a partly written image. Do not use it until it has been programmed again.",
+    "different model!!",
+    "FileRead Error!!",
+    "FileSave Error!!",
+    "bad file!!",
+    "ProductType Error !!",
+    "IniFileRead Error!!",
+    "KIV data has changed. Do you want to save changes?",
+    "Print Error!!",
+    "This computer has no printer. Do you want to save the printout as a PDF file?",
+    "Data Error!! Please input correct data.",
+    "Do yo want to program the KT520 series?",
+    "Do yo want to change to KT740-usa?",
+    "FCC Rule Caution! Your Data includes some Wide bandwidth CHs in 150 - 174 MHz band. After "
+    "Jan.1, 2013, You must change their CHs to Narrow bandwidth. Your Data was changed Wide CHs to "
+    "Narrow, and Do you start downloading them?",
+    "Do you change their CHs to Narrow bandwidth automatically, and start Do you start downloading "
+    "them? Yes : It will be change the bandwidth into Narrow and start downloading. No : It will "
+    "start downloading (w/o changing the bandwidth)",
+    "FCC Rule Caution! After Jan.1, 2013, You must change some Wide CHs to Narrow in the 150 - 174 "
+    "MHz band. Your Data was changed Wide CHs to Narrow.",
+    kNoHelpText,
+    "(not exist)",
+};
+
+class Pages {
+ public:
+  Pages() {
+    if (const auto failure = library.Load(QLatin1String(kHelpFile))) {
+      qFatal("%s", failure->c_str());
+    }
+    urls = library.Engine().files(QStringLiteral("orvane"), QStringList(), QStringLiteral("html"));
+  }
+  [[nodiscard]] QString Html(QUrl page) const {
+    page.setFragment({});
+    return QString::fromUtf8(library.File(page));
+  }
+  [[nodiscard]] bool Leads(const QUrl& place) const {
+    const QString html = Html(place);
+    return !html.isEmpty() && (!place.hasFragment() ||
+                               html.contains(QStringLiteral("name=\"%1\"").arg(place.fragment())));
+  }
+  HelpLibrary library;
+  QList<QUrl> urls;
+};
+
+/// A viewer with its window open on the first page.
+struct OpenViewer {
+  OpenViewer() { failure = viewer.Open(owner, kProgramContext); }
+  template <class Widget>
+  [[nodiscard]] Widget* Find(const char* name) const {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == QLatin1String("frmHelp")) return window->findChild<Widget*>(name);
+    }
+    return nullptr;
+  }
+  [[nodiscard]] QTextBrowser& Page() const { return *Find<QTextBrowser>("txtHelp"); }
+  QWidget owner;
+  HelpViewer viewer{kHelpFile};
+  std::optional<std::string> failure;
+};
+
+}  // namespace
+
+class HelpTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void EveryContextNumberHasItsTopic() {
+    const Pages pages;
+    QSet<QUrl> places;
+    for (const int context : kContexts) {
+      const QUrl place = pages.library.TopicOf(context);
+      QVERIFY2(pages.Leads(place), qPrintable(QString::number(context)));
+      places.insert(place);
+    }
+    QCOMPARE(places.size(), std::size(kContexts));
+    QVERIFY(!pages.library.TopicOf(1).isValid());
+  }
+
+  void EveryLinkLeadsSomewhere() {
+    const Pages pages;
+    QVERIFY(pages.urls.size() > 10);
+    static const QRegularExpression kLink(QStringLiteral("href=\"([^\"]+)\""));
+    for (const QUrl& page : pages.urls) {
+      auto links = kLink.globalMatch(pages.Html(page));
+      while (links.hasNext()) {
+        const QString link = links.next().captured(1);
+        QVERIFY2(pages.Leads(page.resolved(QUrl(link))), qPrintable(page.path() + " -> " + link));
+      }
+    }
+  }
+
+  void ContentsAndIndexLeadToPagesAndContentsLeaveNoneOut() {
+    const Pages pages;
+    QHelpContentModel& model = *pages.library.Engine().contentModel();
+    model.createContents({});
+    QTRY_VERIFY(model.rowCount() > 0);
+    QSet<QUrl> listed;
+    const std::function<void(const QModelIndex&)> walk = [&](const QModelIndex& parent) {
+      for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex index = model.index(row, 0, parent);
+        listed.insert(model.contentItemAt(index)->url());
+        walk(index);
+      }
+    };
+    walk({});
+    QCOMPARE(listed, QSet<QUrl>(pages.urls.begin(), pages.urls.end()));
+    for (const QString& word : pages.library.Engine().indexModel()->stringList()) {
+      for (const QHelpLink& link : pages.library.Engine().documentsForKeyword(word)) {
+        QVERIFY2(pages.Leads(link.url), qPrintable(word));
+      }
+    }
+  }
+
+  void EveryMessageIsExplained() {
+    const Pages pages;
+    QTextDocument document;
+    document.setHtml(pages.Html(QUrl("qthelp://orvane/help/messages.html")));
+    const QString text = document.toPlainText().simplified();
+    for (const char* message : kMessages) QVERIFY2(text.contains(QLatin1String(message)), message);
+  }
+
+  void SearchFindsPagesByTheirWords() {
+    const OpenViewer help;
+    auto* words = help.Find<QLineEdit>("txtHelpSearch");
+    auto* results = help.Find<QListWidget>("lstHelpResults");
+    QTest::keyClicks(words, "narrowband");
+    QTest::keyClick(words, Qt::Key_Return);
+    QTRY_VERIFY(!results->findItems("The narrowband rule", Qt::MatchExactly).isEmpty());
+    // Marks are no part of the words.
+    words->setText("\"Data Error!!\" (input*");
+    QTest::keyClick(words, Qt::Key_Return);
+    QTRY_COMPARE(results->count(), 1);
+    emit results->itemActivated(results->item(0));
+    QCOMPARE(help.Page().source().fileName(), "messages.html");
+    words->setText("xyzzy");
+    QTest::keyClick(words, Qt::Key_Return);
+    QTRY_COMPARE(results->count(), 0);
+  }
+
+  void BackReturnsToThePageBefore() {
+    OpenViewer help;
+    QCOMPARE(help.Page().source().fileName(), "index.html");
+    QCOMPARE(help.viewer.Open(help.owner, 2502), std::nullopt);
+    QCOMPARE(help.Page().source().toString(), "qthelp://orvane/help/channel.html#context-2502");
+    auto* contents = help.Find<QHelpContentWidget>("tvHelpContents");
+    QTRY_COMPARE(contents->currentIndex().data().toString(), "A single channel");
+    help.Page().backward();
+    QCOMPARE(help.Page().source().fileName(), "index.html");
+  }
+
+  void ModalOwnerLeavesTheHelpUsableAndTakesItAlong() {
+    OpenViewer help;
+    {
+      QDialog dialog;
+      dialog.setModal(true);
+      dialog.show();
+      QCOMPARE(help.viewer.Open(dialog, kTransferContext), std::nullopt);
+      QCOMPARE(help.Page().window()->parentWidget(), &dialog);
+      QVERIFY(help.Page().isVisible());
+    }
+    QVERIFY(help.Find<QTextBrowser>("txtHelp") == nullptr);
+    QCOMPARE(help.viewer.Open(help.owner, kTransferContext), std::nullopt);
+    QVERIFY(help.Page().isVisible());
+    help.viewer.Close();
+    QVERIFY(help.Find<QTextBrowser>("txtHelp") == nullptr);
+  }
+
+  void NumberZeroOpensNothing() {
+    HelpViewer viewer(kHelpFile);
+    QWidget owner;
+    QCOMPARE(viewer.Open(owner, 0), std::nullopt);
+    QVERIFY(QApplication::topLevelWidgets() == QWidgetList{&owner});
+  }
+
+  void FailuresAreReported() {
+    QWidget owner;
+    QVERIFY(!HelpViewer("").HasHelp());
+    QVERIFY(!HelpViewer("/nowhere/Orvane.qch").HasHelp());
+    QVERIFY(HelpViewer("/nowhere/Orvane.qch").Open(owner, kProgramContext).has_value());
+    HelpViewer viewer(kHelpFile);
+    QVERIFY(viewer.HasHelp());
+    QCOMPARE(viewer.Open(owner, 4711), "The help has no topic 4711.");
+    const QTemporaryDir folder;
+    QFile damaged(folder.filePath("Orvane.qch"));
+    QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("no help") > 0);
+    damaged.close();
+    const auto failure = HelpViewer(damaged.fileName().toStdString()).Open(owner, kProgramContext);
+    QVERIFY(failure.has_value());
+    QVERIFY(failure->find("Orvane.qch") != std::string::npos);
+  }
+};
+
+}  // namespace orvane::help
+
+QTEST_MAIN(orvane::help::HelpTest)
+#include "help_test.moc"
