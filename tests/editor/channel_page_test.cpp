@@ -11,7 +11,6 @@
 #include "page_desk.h"
 
 using orvane::core::ChannelRecord;
-using orvane::core::Flag;
 using orvane::editor::ChannelPage;
 using orvane::editor::kHelpContextProperty;
 using Desk = orvane::testing::PageDesk<ChannelPage>;
