@@ -6,6 +6,7 @@
 #include "core/app_settings.h"
 #include "editor/main_window.h"
 #include "editor/window_commands.h"
+#include "help/help_viewer.h"
 #include "platform/ansi_text.h"
 #include "platform/file_dialogs.h"
 #include "platform/file_error_log.h"
@@ -53,6 +54,7 @@ int main(int argc, char** argv) {
   platform::QtFileDialogs dialogs;
 
   platform::QtReportPrinter printer;
+  orvane::help::HelpViewer help(platform::DataFolder() + "/Orvane.qch");
 
   orvane::editor::WindowServices services{.data = data,
                                           .prompts = prompts,
@@ -70,7 +72,7 @@ int main(int argc, char** argv) {
     return std::make_unique<platform::QtSerialPort>(platform::DeviceOfPort(ports, number));
   };
   orvane::editor::WindowCommands commands(
-      services, {.make_port = make_port, .printer = printer, .help = nullptr});
+      services, {.make_port = make_port, .printer = printer, .help = &help});
   services.commands = &commands;
 
   orvane::editor::MainWindow window(services);

@@ -49,6 +49,8 @@ class Commands {
   virtual void LoadHex(CommandHost& host) = 0;
   /// context is never 0.
   virtual void Help(CommandHost& host, int context) = 0;
+  /// The help from its first page.
+  virtual void HelpContents(CommandHost& host) = 0;
   virtual void CloseHelp() = 0;
   virtual void About(CommandHost& host) = 0;
 };

@@ -4,6 +4,7 @@
 #include "editor/main_window.h"
 #include "editor/usable_page.h"
 #include "editor/weather_page.h"
+#include "help/help_opener.h"
 
 namespace orvane::editor {
 
@@ -21,6 +22,12 @@ void MainWindow::BuildPages() {
                      pages.channel, pages.weather}) {
     area_->Add(page);
   }
+  setProperty(kHelpContextProperty, help::kProgramContext);
+  pages.usable->setProperty(kHelpContextProperty, help::kGroupsPageContext);
+  pages.common->setProperty(kHelpContextProperty, help::kCommonPageContext);
+  pages.grid->setProperty(kHelpContextProperty, help::kTablePageContext);
+  pages.channel->setProperty(kHelpContextProperty, help::kChannelPageContext);
+  pages.weather->setProperty(kHelpContextProperty, help::kWeatherPageContext);
   navigator_ = new Navigator(*tree_, *area_, pages, *this);
   navigator_->setParent(this);
 }

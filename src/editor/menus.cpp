@@ -94,6 +94,8 @@ Menus BuildMenus(QMenuBar& bar) {
   AddItems(*menus.destination, "mnuDestination", menus.destinations);
   AddOptionsMenu(bar, menus);
   QMenu& help = *AddMenu(bar, "mnuHelp", QStringLiteral("&Help"));
+  menus.help_contents =
+      AddItem(help, QStringLiteral("mnuHelpContents"), QStringLiteral("&Contents"));
   menus.about = AddItem(help, QStringLiteral("mnuHelpAbout"), QStringLiteral("&About KIV Version"));
   return menus;
 }

@@ -143,6 +143,15 @@ void WindowCommands::Help(CommandHost& host, int context) {
   }
 }
 
+void WindowCommands::HelpContents(CommandHost& host) {
+  if (devices_.help != nullptr && devices_.help->HasHelp()) {
+    Help(host, help::kProgramContext);
+    return;
+  }
+  services_.prompts.Show(
+      {.title = data_.ProgramTitle, .text = help::kNoHelpText, .icon = core::Icon::kInformation});
+}
+
 void WindowCommands::CloseHelp() {
   if (devices_.help != nullptr) devices_.help->Close();
 }

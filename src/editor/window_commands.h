@@ -30,6 +30,7 @@ class WindowCommands : public Commands {
   void SaveHex(CommandHost& host) override;
   void LoadHex(CommandHost& host) override;
   void Help(CommandHost& host, int context) override;
+  void HelpContents(CommandHost& host) override;
   void CloseHelp() override;
   void About(CommandHost& host) override;
 

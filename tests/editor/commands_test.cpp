@@ -286,6 +286,18 @@ class CommandsTest : public QObject {
     QVERIFY(desk.window->close());
     QCOMPARE(desk.help.opened, QStringList({"frmMain 1028", "frmMain 1028", "closed"}));
   }
+
+  void HelpContentsOpenTheFirstPageOrSayThatThereIsNoHelp() {
+    CommandDesk desk;
+    desk.Start();
+    desk.Item("mnuHelpContents").trigger();
+    QCOMPARE(desk.help.opened, QStringList{"frmMain 1000"});
+    desk.help.has_help = false;
+    desk.Item("mnuHelpContents").trigger();
+    QTest::keyClick(&desk.Tree(), Qt::Key_F1);
+    QCOMPARE(desk.Messages(), QStringList{help::kNoHelpText});
+    QCOMPARE(desk.help.opened, QStringList{"frmMain 1000"});
+  }
 };
 
 QTEST_MAIN(CommandsTest)

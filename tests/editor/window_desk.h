@@ -62,6 +62,7 @@ class RecordingCommands : public editor::Commands {
   void Help(editor::CommandHost& /*host*/, int context) override {
     ran << QStringLiteral("Help %1").arg(context);
   }
+  void HelpContents(editor::CommandHost& /*host*/) override { ran << "HelpContents"; }
   void CloseHelp() override { ran << "CloseHelp"; }
   void About(editor::CommandHost& /*host*/) override { ran << "About"; }
   QStringList ran;
