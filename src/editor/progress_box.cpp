@@ -33,7 +33,6 @@ ProgressBox::ProgressBox(QWidget* parent) : QFrame(parent), bar_(new Bar(this)) 
   setAutoFillBackground(true);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   bar_->setObjectName(QStringLiteral("lblPercent"));
-  ShowPercent(0);
 }
 
 QSize ProgressBox::sizeHint() const {
@@ -42,7 +41,9 @@ QSize ProgressBox::sizeHint() const {
 }
 
 void ProgressBox::ShowPercent(int percent) {
-  percent_ = std::clamp(percent, 0, kFull);
+  percent = std::clamp(percent, 0, kFull);
+  if (percent == percent_) return;  // most blocks move the bar by less than one percent
+  percent_ = percent;
   bar_->setText(QStringLiteral("%1 %").arg(percent_));
   setAccessibleDescription(bar_->text());
   PlaceBar();

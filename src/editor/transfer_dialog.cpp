@@ -168,6 +168,7 @@ void TransferDialog::Run() {
   const QString connecting = tr("Connecting...");
   ShowState(connecting);
   pace_ = {};
+  cancel_pressed_ = false;
   const std::unique_ptr<link::SerialPort> port = services_.make_port();
   link::TransferSession session(
       data_, {*port, services_.clock, services_.pump, services_.log, *this}, services_.prompts);
@@ -179,6 +180,7 @@ void TransferDialog::Run() {
     return;
   }
   if (state_->text() == connecting) ShowState({});
+  if (cancel_pressed_) ShowState(tr("Cancelled"));
   ShowPartlyWritten(session.PartlyWritten());
 }
 
@@ -188,6 +190,7 @@ void TransferDialog::reject() {
     return;
   }
   data_.Flags.Cancel = true;
+  cancel_pressed_ = true;
   ShowState(tr("Cancelling..."));
 }
 

@@ -68,6 +68,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   core::RadioData& data_;
   const link::SessionKind kind_;
   link::TransferPace pace_;
+  bool cancel_pressed_ = false;  ///< during the last run
   bool transfer_done_ = false;
 
   Picture* handheld_;

@@ -200,6 +200,7 @@ class TransferTest : public QObject {
       const auto* note = Child<QLabel>("lblNote");
       QVERIFY(note->isVisible());
       QCOMPARE(note->text(), platform::FromUtf8(link::kPartlyWrittenNote));
+      QCOMPARE(Child<QLabel>("lblState")->text(), "Cancelled");
       QVERIFY(Child<QPushButton>("cmdOK")->isEnabled());
 
       desk.on_exchange = nullptr;
