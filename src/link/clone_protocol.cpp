@@ -161,9 +161,9 @@ WaitStatus CloneProtocol::SyncPass(int pass) {
   return status;
 }
 
-// The user decides after a refused command. The line end behind "ERROR" has not been read, and after
-// a quick answer it may still be on the wire; it must not be taken for the echo of what is sent
-// next.
+// The user decides after a refused command. The line end behind "ERROR" has not been read, and
+// after a quick answer it may still be on the wire; it must not be taken for the echo of what is
+// sent next.
 bool CloneProtocol::Resynchronise() {
   const core::Message question{title_, "confirm the synchronization of the communication",
                                Icon::kQuestion, Buttons::kOkCancel};
