@@ -65,7 +65,7 @@ TransferDialog::TransferDialog(const TransferServices& services, link::SessionKi
   resize(sizeHint().expandedTo(kFirstSize));
 
   if (data_.Flags.Debug) {
-    Monitor("starting at debug mode..");
+    TransferDialog::Monitor("starting at debug mode..");
     services_.clock.Pause(kMonitorPause);
   }
 }
