@@ -26,5 +26,5 @@ function(orvane_test name)
   target_include_directories(${name}_test PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_compile_definitions(${name}_test PRIVATE
     ORVANE_GOLDEN_DIR="${PROJECT_SOURCE_DIR}/tests/golden")
-  gtest_discover_tests(${name}_test TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60)
+  gtest_discover_tests(${name}_test TEST_PREFIX "${name}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60)
 endfunction()
