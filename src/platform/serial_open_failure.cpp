@@ -126,7 +126,9 @@ std::optional<std::string> OpenRemedy(int number, const std::string& device) {
 
 core::SystemError ExplainOpenFailure(const std::string& device, const core::SystemError& reported) {
   const std::string path = SystemPath(device);
-  const int number = OpenErrorNumber(path);
+  int number = OpenErrorNumber(path);
+  // The administrator may open a port that another program has locked; Qt minds the lock.
+  if (number == 0 && !ProgramUsing(path).empty()) number = EBUSY;
   const std::optional<std::string> remedy = OpenRemedy(number, path);
   if (!remedy) return reported;
   return {number, std::generic_category().message(number) + "\r\n" + *remedy};
