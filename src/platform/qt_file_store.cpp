@@ -29,6 +29,17 @@ core::SystemError LastFailure(const QFileDevice& file) {
   return {file.error(), ToUtf8(file.errorString())};
 }
 
+// Short contents wait in a buffer until here, and a full disk may tell only when it is made to
+// take them. Committing notices neither.
+bool IsOnDisk(QFileDevice& file) {
+  if (!file.flush()) return false;
+#ifdef Q_OS_UNIX
+  return ::fsync(file.handle()) == 0;
+#else
+  return true;
+#endif
+}
+
 // A rename is only safe against a power cut once the folder itself is on the disk.
 void FlushFolder(const QString& folder) {
 #ifdef Q_OS_UNIX
@@ -93,7 +104,8 @@ std::optional<core::SystemError> QtFileStore::WriteFile(const std::string& path,
   errno = 0;
   if (!file.open(QIODevice::WriteOnly)) return LastFailure(file);
   const auto size = static_cast<qint64>(bytes.size());
-  if (file.write(bytes.data(), size) != size || !file.commit()) return LastFailure(file);
+  const bool stored = file.write(bytes.data(), size) == size && IsOnDisk(file) && file.commit();
+  if (!stored) return LastFailure(file);
   FlushFolder(Target(path).absolutePath());
   return std::nullopt;
 }
