@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "files/image_file.h"
+#include "files/printed_pages.h"
+#include "files/settings_file.h"
+#include "image/image_check.h"
+#include "support/fakes.h"
+#include "support/image_fixtures.h"
+
+/// What is saved, loaded and saved again is the same, whatever image it began with.
+namespace orvane::files {
+namespace {
+
+using core::RadioData;
+
+/// Any bytes that pass for the model's own image; every other one is mostly erased memory.
+RadioData AnyImage(std::mt19937& random, const core::ModelProfile& profile, bool erased) {
+  RadioData data = testing::NewData(profile.model_type);
+  for (std::uint8_t& byte : data.Image.All()) {
+    byte = static_cast<std::uint8_t>(!erased || random() % 8 == 0 ? random() : 255);
+  }
+  image::StoreModelCodes(data.Image, profile);
+  if (profile.product_byte) data.Image[image::kProductOffset] = *profile.product_byte;
+  image::DecodeAll(data);
+  return data;
+}
+
+std::string Saved(RadioData& data, testing::MemoryFiles& files) {
+  testing::ScriptedPrompts prompts;
+  testing::RecordingLog log;
+  PrepareImageForSaving(data, testing::kAfterCutOver);
+  SaveHexFileAs(data, "boat.hex", files, prompts, log);
+  EXPECT_TRUE(prompts.messages.empty());
+  return files.files["boat.hex"];
+}
+
+RadioData Loaded(const core::ModelProfile& profile, testing::MemoryFiles& files) {
+  testing::ScriptedPrompts prompts;
+  testing::RecordingLog log;
+  RadioData data = testing::NewData(profile.model_type);
+  LoadHexFile(data, "boat.hex", files, prompts, log);
+  EXPECT_TRUE(prompts.messages.empty());
+  return data;
+}
+
+class RoundTrips : public ::testing::TestWithParam<std::int16_t> {
+ protected:
+  template <class Check>
+  void ForAnyImage(Check check) {
+    std::mt19937 random(static_cast<unsigned>(2406 + GetParam()));
+    for (int round = 0; round < 30; ++round) {
+      SCOPED_TRACE(round);
+      check(AnyImage(random, core::ProfileOf(GetParam()), round % 2 == 1));
+      if (HasFatalFailure()) return;
+    }
+  }
+};
+
+TEST_P(RoundTrips, AnImageFileThatIsLoadedAndSavedAgainIsTheSameFile) {
+  ForAnyImage([](RadioData data) {
+    const core::ModelProfile& profile = core::ProfileOf(data);
+    testing::MemoryFiles files;
+    // What the first rounds repair stays repaired.
+    constexpr int kSettlingRounds = 3;
+    for (int i = 0; i < kSettlingRounds; ++i) {
+      Saved(data, files);
+      data = Loaded(profile, files);
+    }
+    const std::string settled = Saved(data, files);
+    RadioData again = Loaded(profile, files);
+    ASSERT_TRUE(Saved(again, files) == settled);
+    ASSERT_TRUE(Loaded(profile, files).Marine == again.Marine);
+  });
+}
+
+TEST_P(RoundTrips, ASettingsFileOfAnyImageIsWrittenTheSameAfterReading) {
+  ForAnyImage([](RadioData data) {
+    testing::ManualClock clock;
+    testing::ManualPump pump(clock);
+    // Reading drops duplex from channels that have no second frequency.
+    ASSERT_TRUE(ApplySettingText(data, SettingFileText(data, pump), pump));
+    const std::string text = SettingFileText(data, pump);
+    RadioData read = testing::NewData(data.MODELTYPE);
+    ASSERT_TRUE(ApplySettingText(read, text, pump));
+    ASSERT_TRUE(SettingFileText(read, pump) == text);
+  });
+}
+
+TEST_P(RoundTrips, AnyImageIsPrintedWithinThePages) {
+  constexpr double kA4Height = 297;
+  const int lines = LinesPerPage(kA4Height);
+  ForAnyImage([&](const RadioData& data) {
+    for (const PrintedPage& page : BuildPrintedPages(data, lines)) {
+      for (const PlacedText& placed : page.texts) {
+        ASSERT_LT(placed.line, lines);
+        const double width = static_cast<double>(placed.text.size()) * kPrintCharacterMm;
+        ASSERT_LE(placed.x_mm + width, kPrintRightMm + 1e-6) << placed.text;
+      }
+    }
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Models, RoundTrips, ::testing::Range<std::int16_t>(0, 7));
+
+}  // namespace
+}  // namespace orvane::files
