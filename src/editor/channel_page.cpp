@@ -25,6 +25,8 @@ void ChannelPage::ModelChanged() {
 
 core::ChannelRecord& ChannelPage::Channel() const {
   if (IsMarine()) return Data().Table(node_.group)[static_cast<std::size_t>(node_.number)];
+  // Before its first filling the page shows no channel; what it writes then is nobody's.
+  if (!core::ExtraTable::Contains(node_.number)) return no_channel_;
   return Data().EXP[node_.number];
 }
 

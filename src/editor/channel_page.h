@@ -107,6 +107,7 @@ class ChannelPage : public Page {
 
   ControlMaker* maker_;
   NodeRef node_{NodeKind::kMarineChannel};
+  mutable core::ChannelRecord no_channel_;
 
   QCheckBox* enable_ = nullptr;
   QWidget* groups_area_ = nullptr;
