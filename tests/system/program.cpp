@@ -17,6 +17,7 @@ constexpr int kPatienceMs = 30'000;
 // Pointers for the system, ended by null. The texts must outlive them.
 std::vector<char*> Pointers(const std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
   return pointers;
 }

@@ -17,9 +17,7 @@ namespace orvane::testing {
 
 /// The real programs in a folder of their own, with their own configuration.
 class SystemBench : public ::testing::Test {
- protected:
-  using Words = std::vector<std::string>;
-
+ public:
   SystemBench() {
     std::string name = std::filesystem::temp_directory_path() / "orvane_system_XXXXXX";
     folder_ = ::mkdtemp(name.data()) != nullptr ? name : "";
@@ -34,6 +32,9 @@ class SystemBench : public ::testing::Test {
   }
   SystemBench(const SystemBench&) = delete;
   SystemBench& operator=(const SystemBench&) = delete;
+
+ protected:
+  using Words = std::vector<std::string>;
 
   [[nodiscard]] std::string Path(const std::string& name) const { return folder_ + "/" + name; }
   [[nodiscard]] bool Exists(const std::string& name) const {
