@@ -141,6 +141,10 @@ struct Refusal {
   const char* said;
 };
 
+void PrintTo(const Refusal& refusal, std::ostream* out) {
+  *out << refusal.name;
+}
+
 class Refusals : public Transfers, public ::testing::WithParamInterface<Refusal> {};
 
 TEST_P(Refusals, EndWithTheirMessageStatusAndNoFile) {
