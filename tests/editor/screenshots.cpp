@@ -1,10 +1,14 @@
-// screenshots FOLDER: one picture of each page of the real window, over the contents of a radio
-// in use. packaging/screenshots.sh runs it.
+// screenshots [--dark] [--size WxH] FOLDER: one picture of each page of the real window, over the
+// contents of a radio in use. packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDir>
+#include <QPalette>
+#include <QStyleFactory>
 #include <QTextStream>
 #include <array>
+#include <optional>
 
 #include "core/model_profile.h"
 #include "image/sample_radio.h"
@@ -25,16 +29,44 @@ constexpr std::array kShots = {
     Shot{"LMRChannel", "lmr-channels"}, Shot{"L1", "lmr-channel"},
     Shot{"ExpChannel", "exp-channels"}, Shot{"E9", "exp-channel"},
 };
-constexpr QSize kWindowSize(900, 600);
+
+QPalette DarkPalette() {
+  constexpr QRgb kGround = qRgb(45, 45, 48);
+  constexpr QRgb kBase = qRgb(30, 30, 30);
+  constexpr QRgb kText = qRgb(240, 240, 240);
+  constexpr QRgb kFaint = qRgb(127, 127, 127);
+  QPalette palette(QColor{kGround}, QColor{kGround});
+  palette.setColor(QPalette::Base, QColor(kBase));
+  palette.setColor(QPalette::AlternateBase, QColor(kGround));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, QColor(kText));
+    palette.setColor(QPalette::Disabled, role, QColor(kFaint));
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(kGround));
+  return palette;
+}
+
+std::optional<QSize> ToSize(const QString& text) {
+  const QStringList parts = text.split('x');
+  if (parts.size() != 2) return std::nullopt;
+  const QSize size(parts[0].toInt(), parts[1].toInt());
+  return size.isEmpty() ? std::nullopt : std::optional(size);
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  const QStringList words = QApplication::arguments();
-  if (words.size() != 2) {
-    QTextStream(stderr) << "usage: screenshots FOLDER\n";
-    return 2;
+  QCommandLineParser words;
+  words.addPositionalArgument("folder", "where the pictures go");
+  words.addOption({"dark", "in a dark palette"});
+  words.addOption({"size", "of the window", "WxH", "900x600"});
+  words.process(application);
+  const auto size = ToSize(words.value("size"));
+  if (words.positionalArguments().size() != 1 || !size) words.showHelp(2);
+  if (words.isSet("dark")) {
+    QApplication::setStyle(QStyleFactory::create("fusion"));
+    QApplication::setPalette(DarkPalette());
   }
   orvane::testing::WindowDesk desk;
   editor::WindowServices services = desk.Services();
@@ -47,11 +79,12 @@ int main(int argc, char** argv) {
   sample.ProgramTitle = desk.data.ProgramTitle;
   desk.data = sample;
   desk.window->RefreshAfterLoad();
-  desk.window->resize(kWindowSize);
+  desk.window->resize(*size);
   for (const Shot& shot : kShots) {
     desk.window->SelectNode(QLatin1String(shot.key));
     QTest::qWait(0);
-    const QString path = QDir(words[1]).filePath(QLatin1String(shot.file) + ".png");
+    const QString path =
+        QDir(words.positionalArguments().front()).filePath(QLatin1String(shot.file) + ".png");
     if (!desk.window->grab().save(path)) {
       QTextStream(stderr) << "cannot write " << path << "\n";
       return 1;
