@@ -78,17 +78,21 @@ bool CloneProtocol::Connect() {
   if (!Handshake() || !RequestMode()) return false;
   if (!link_.PortInitCP()) return PortFailed();
   link_.Rest(kSettleSeconds);
+  link_.FlushInput();  // an answer to the mode request that came too late
   return Sync();
 }
 
 bool CloneProtocol::Handshake() {
   for (int attempt = 0; attempt < kHandshakeTries && !link_.CancelRequested(); ++attempt) {
     link_.SendByte(kHandshakeByte);
-    const bool echoed = !data_.Flags.Error;
-    if (link_.WaitByte(kHandshakeByte, kHandshakeSeconds) == WaitStatus::kArrived && echoed) {
-      link_.SendByte(kHandshakeConfirm);
-      return true;
+    if (data_.Flags.Error) {
+      LetLineRunDry();
+      continue;
     }
+    if (link_.WaitByte(kHandshakeByte, kHandshakeSeconds) != WaitStatus::kArrived) continue;
+    link_.SendByte(kHandshakeConfirm);
+    if (data_.Flags.Error) LetLineRunDry();
+    return true;
   }
   if (!link_.CancelRequested()) {
     link_.Monitor("sync failed!!");
@@ -96,6 +100,14 @@ bool CloneProtocol::Handshake() {
   }
   link_.PortClose();
   return false;
+}
+
+// A wrong echo means that the radio still sends what an earlier program, ended in the middle of an
+// exchange, has asked it for: at most one data reply. Its last bytes would be taken for echoes and
+// answers of this session.
+void CloneProtocol::LetLineRunDry() {
+  link_.Rest(kHandshakeSeconds);
+  link_.FlushInput();
 }
 
 bool CloneProtocol::RequestMode() {

@@ -46,6 +46,7 @@ class CloneProtocol {
   enum class Flush { kNever, kOnce, kEachAttempt };
 
   bool Handshake();
+  void LetLineRunDry();
   bool RequestMode();
   bool PortFailed();
   void Tell(std::string_view text, std::string details = {});

@@ -93,7 +93,7 @@ QMessageBox::Icon IconOf(core::Icon icon) {
 }
 
 QString Lines(const std::string& text) {
-  return FromUtf8(text).replace("\r\n", "\n");
+  return FromUtf8(text).replace("\r\n", "\n").replace('\r', '\n');
 }
 
 QWidget* FrontWindow() {

@@ -1,6 +1,6 @@
 #include "platform/serial_open_failure.h"
 
-#include <QtGlobal>
+#include <QSerialPort>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
@@ -39,6 +39,13 @@ bool HasOpen(const fs::path& process, const fs::path& device) {
   return false;
 }
 
+// What has the other end of a pseudo-terminal, such as a simulated radio, may keep this end open
+// too and is not in the way.
+bool IsOtherEnd(const fs::path& process, const fs::path& device) {
+  return device.string().starts_with("/dev/pts/") &&
+         (HasOpen(process, "/dev/ptmx") || HasOpen(process, "/dev/pts/ptmx"));
+}
+
 // "name (process n)" of the first program other than this one that has the device open; "" where
 // the system does not tell (another user's program, a system without /proc).
 std::string ProgramUsing(const std::string& device) {
@@ -49,6 +56,7 @@ std::string ProgramUsing(const std::string& device) {
   for (fs::directory_iterator it("/proc", error), end; !error && it != end; it.increment(error)) {
     const std::string number = it->path().filename();
     if (!IsProcessNumber(number) || number == own_number || !HasOpen(it->path(), wanted)) continue;
+    if (IsOtherEnd(it->path(), wanted)) continue;
     std::ifstream comm(it->path() / "comm");
     std::string name;
     std::getline(comm, name);
@@ -127,8 +135,9 @@ std::optional<std::string> OpenRemedy(int number, const std::string& device) {
 core::SystemError ExplainOpenFailure(const std::string& device, const core::SystemError& reported) {
   const std::string path = SystemPath(device);
   int number = OpenErrorNumber(path);
-  // The administrator may open a port that another program has locked; Qt minds the lock.
-  if (number == 0 && !ProgramUsing(path).empty()) number = EBUSY;
+  // Qt minds the lock file of another program; the system itself would open the port.
+  const bool locked = reported.number == QSerialPort::PermissionError;
+  if (number == 0 && (locked || !ProgramUsing(path).empty())) number = EBUSY;
   const std::optional<std::string> remedy = OpenRemedy(number, path);
   if (!remedy) return reported;
   return {number, std::generic_category().message(number) + "\r\n" + *remedy};

@@ -2,6 +2,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <stdlib.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 #ifdef __linux__
@@ -95,6 +96,7 @@ class PosixTerminal final : public Terminal {
       if (count <= 0) break;
       bytes.insert(bytes.end(), buffer.begin(), buffer.begin() + count);
     }
+    if (!bytes.empty()) LetOthersOpen();
     return bytes;
   }
 
@@ -129,6 +131,13 @@ class PosixTerminal final : public Terminal {
   }
 
  private:
+  // A PC's program that is killed cannot give back the device it has taken for itself alone, and
+  // the end that is kept open here keeps it taken. Programs that mind lock files still exclude
+  // each other.
+  void LetOthersOpen() const {
+    ioctl(pc_end_, TIOCNXCL);
+  }
+
   std::optional<core::SystemError> Fail() {
     const core::SystemError error = LastError();
     HangUp();

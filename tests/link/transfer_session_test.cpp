@@ -359,6 +359,31 @@ TEST(TransferSession, AnUnpluggedCableIsToldAndLoggedAtOnce) {
   }
 }
 
+// What a program that was killed had asked for still arrives while the next one connects.
+TEST(TransferSession, TheRestOfAKilledSessionDoesNotDisturbTheNext) {
+  const std::string_view longest_read = "P0#CMDSY\r\n#WJDRD\t0040\tFF\t63\r\n";
+  for (const std::string_view asked : {std::string_view("P"), longest_read}) {
+    for (double passed = 0; passed < 0.7; passed += 0.02) {
+      Bench bench(5, 9600);
+      ASSERT_FALSE(bench.radio->port.Open());
+      ASSERT_FALSE(bench.radio->port.Write(
+          {reinterpret_cast<const std::uint8_t*>(asked.data()), asked.size()}));
+      bench.radio->port.Close();
+      bench.radio->clock.now += passed;
+      EXPECT_EQ(bench.Run(SessionKind::kRead), End::kClose) << asked << " before " << passed;
+      EXPECT_EQ(bench.Told(), Texts{"Read from Radio: Complete!!"});
+    }
+  }
+}
+
+TEST(TransferSession, AnAnswerToTheModeRequestThatComesLateIsNoEcho) {
+  for (const char* fault : {"late-reply@mode=0.9", "late-reply@mode=1.5", "late-reply@mode=1.9"}) {
+    Bench bench(5, 9600);
+    bench.Fault(fault);
+    EXPECT_EQ(bench.Run(SessionKind::kRead), End::kClose) << fault;
+  }
+}
+
 TEST(TransferSession, NoToTheNarrowbandQuestionSendsNothing) {
   Bench bench;
   core::ChannelRecord& channel = bench.data.EXP[1];

@@ -52,10 +52,10 @@ TEST(MessageBoxPrompts, EnterPressesTheDefaultButtonAndClosingCancels) {
 }
 
 TEST(MessageBoxPrompts, ShowsTheTextAsWrittenAndTheReasonBelow) {
-  core::Message message{"PC Program", "<b>1</b>\r\n2", core::Icon::kCritical};
+  core::Message message{"PC Program", "<b>1</b>\r\n2\r\r3", core::Icon::kCritical};
   message.details = "No such device\r\nConnect it.";
   ShowAnd(message, [](QMessageBox& box) {
-    EXPECT_EQ(box.text(), "<b>1</b>\n2");
+    EXPECT_EQ(box.text(), "<b>1</b>\n2\n\n3");
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
     EXPECT_EQ(box.informativeText(), "No such device\nConnect it.");
     EXPECT_EQ(box.icon(), QMessageBox::Critical);
