@@ -25,9 +25,9 @@ QString DisplayHalf(std::string_view half) {
   return platform::FromAnsi(core::DisplayLetters(half));
 }
 
-/// An EXP channel is in use when it belongs to a group.
-bool GroupRule(const ChannelRecord& channel) {
-  if (channel.LMR_EXP == core::Flag(true).Wire()) return channel.Enable;
+/// An EXP channel is in use when it belongs to a group. Under the LMR root no group is offered.
+bool GroupRule(const ChannelRecord& channel, bool under_lmr_root) {
+  if (under_lmr_root || channel.LMR_EXP == core::Flag(true).Wire()) return channel.Enable;
   return channel.USA_Group || channel.INT_Group || channel.CAN_Group;
 }
 
@@ -83,7 +83,7 @@ void ChannelPage::FillExtra() {
   for (const Frequency& frequency : frequencies_) ShowFrequency(frequency);
 
   const bool of_kind = OfShownKind();
-  enable_->setChecked(of_kind && GroupRule(channel));
+  enable_->setChecked(of_kind && GroupRule(channel, UnderLmrRoot()));
   const std::array<bool, 3> member = {channel.USA_Group, channel.INT_Group, channel.CAN_Group};
   for (std::size_t i = 0; i < groups_.size(); ++i) groups_[i]->setChecked(of_kind && member[i]);
   ShowBandwidth();

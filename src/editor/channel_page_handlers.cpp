@@ -201,10 +201,11 @@ void ChannelPage::StoreDisplay(const FieldBox& box, std::string ChannelRecord::*
   Changed();
 }
 
-/// After an edit the record holds what the page shows.
+/// After an edit the record holds what the page shows. Where the page does not show the record's
+/// bandwidth, the user's choice stays.
 void ChannelPage::ApplyNarrowbandRule() {
   if (MustBeNarrow()) Channel().Narrow = true;
-  ShowBandwidth();
+  if (core::ProfileOf(Data()).shows_bandwidth) ShowBandwidth();
   FollowNarrowbandRule();
 }
 

@@ -102,6 +102,8 @@ void ChannelPage::BuildDisplay(QGridLayout& grid) {
   maker_->Adopt(*display_left_, QLatin1String(left.control), caption, left.hint);
   display_right_ = new FieldBox(right, body_);
   maker_->Adopt(*display_right_, QLatin1String(right.control), caption, right.hint);
+  display_left_->setAccessibleDescription(tr("left"));
+  display_right_->setAccessibleDescription(tr("right"));
   auto* display = new QHBoxLayout;
   for (FieldBox* box : {display_left_, display_right_}) {
     SetDigits(*box, kDisplayDigits);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QMenuBar>
 
 namespace orvane::editor {
 namespace {
@@ -56,8 +57,12 @@ bool FrequencyBox::eventFilter(QObject* watched, QEvent* event) {
     swallow_press_ = false;
     return true;
   }
-  // An access key would work its control without waiting for the focus.
-  if (event->type() == QEvent::Shortcut && !MayLeave()) {
+  // An access key would work its control without waiting for the focus. Those of menus and of
+  // other windows do not leave the box.
+  const auto& target = static_cast<const QWidget&>(*watched);
+  const bool leaves =
+      target.window() == window() && qobject_cast<const QMenuBar*>(&target) == nullptr;
+  if (event->type() == QEvent::Shortcut && leaves && !MayLeave()) {
     RefuseLater();
     return true;
   }

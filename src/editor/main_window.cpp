@@ -8,6 +8,7 @@
 #include <QUrl>
 
 #include "core/model_profile.h"
+#include "editor/splitter.h"
 #include "editor/tool_bar.h"
 #include "image/codec.h"
 #include "platform/ansi_text.h"
@@ -29,7 +30,7 @@ MainWindow::MainWindow(const WindowServices& services)
       settings_(services.settings),
       tree_model_(services.data),
       menus_(BuildMenus(*menuBar())),
-      splitter_(new QSplitter(this)),
+      splitter_(new Splitter(this)),
       tree_(new NavTree(tree_model_, splitter_)),
       area_(new PageArea(splitter_)),
       start_timer_(new QTimer(this)),
@@ -44,6 +45,7 @@ MainWindow::MainWindow(const WindowServices& services)
   addToolBar(new ToolBar(menus_, this));
 
   splitter_->setObjectName(QStringLiteral("imgSplitter"));
+  splitter_->setAccessibleName(tr("Border of navigation and page"));
   splitter_->setChildrenCollapsible(false);
   tree_->setObjectName(QStringLiteral("tvTreeView"));
   tree_->setAccessibleName(tr("Navigation"));
@@ -75,7 +77,7 @@ void MainWindow::BuildStatusBar() {
   hint_->setAccessibleName(tr("Hint"));
   // A long hint must not keep the window wide.
   hint_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  add_panel("sbStatusBar_2", 0);
+  add_panel("sbStatusBar_2", 0)->setAccessibleName(tr("Status"));
   model_name_ = add_panel("sbStatusBar_3", 0);
   model_name_->setAccessibleName(tr("Model"));
 }
@@ -88,7 +90,9 @@ void MainWindow::ConnectMenus() {
   connect_item(menus_.file_open, &FileCommands::Open);
   connect_item(menus_.file_save, &FileCommands::Save);
   connect_item(menus_.file_save_as, &FileCommands::SaveAs);
-  connect(menus_.file_exit, &QAction::triggered, this, &QWidget::close);
+  connect(menus_.file_exit, &QAction::triggered, this, [this] {
+    if (CheckPage()) close();
+  });
 }
 
 void MainWindow::ConnectCommands() {

@@ -93,7 +93,17 @@ void UsablePage::BuildGroup(std::size_t index, const QString& caption) {
   status_name->setAccessibleName(tr("Status Name"));
   status_name->setEnabled(false);
   status_name->hide();
+  NameGroup(index, group.enable->accessibleName());
   ConnectGroup(index);
+}
+
+// The lists of the groups bear the same captions.
+void UsablePage::NameGroup(std::size_t index, const QString& caption) {
+  const Group& group = groups_[index];
+  group.frame->setAccessibleName(caption);
+  for (PickBox* list : {group.time_out, group.priority, group.icon}) {
+    list->setAccessibleDescription(caption);
+  }
 }
 
 void UsablePage::ConnectGroup(std::size_t index) {
@@ -117,8 +127,10 @@ void UsablePage::ConnectGroup(std::size_t index) {
 void UsablePage::ModelChanged() {
   const QString caption = tr("%1 CH").arg(platform::FromAnsi(core::ProfileOf(Data()).extra_word));
   QCheckBox& box = *groups_[core::kExtraGroup].enable;
-  box.setText(QLatin1Char('&') + caption);
+  // The word's last letter: the first is the access key of a menu for one of the two words.
+  box.setText(QString(caption).insert(caption.indexOf(QLatin1Char(' ')) - 1, QLatin1Char('&')));
   box.setAccessibleName(caption);
+  NameGroup(core::kExtraGroup, caption);
 }
 
 void UsablePage::Fill(const NodeRef& /*node*/) {

@@ -31,6 +31,7 @@ class UsablePage : public Page {
   };
 
   void BuildGroup(std::size_t index, const QString& caption);
+  void NameGroup(std::size_t index, const QString& caption);
   void ConnectGroup(std::size_t index);
   void ListPriorityChannels(std::size_t index);
   /// The lists of a group can be set only while the group is switched on.

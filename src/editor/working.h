@@ -6,7 +6,7 @@
 namespace orvane::editor {
 
 /// While it lives, the window takes no input and the pointer is an hourglass. The focus returns to
-/// where it was. May be nested.
+/// where it was, or, when that is no longer shown, to the first control. May be nested.
 class Working {
  public:
   explicit Working(QWidget& window);
@@ -15,6 +15,8 @@ class Working {
   Working& operator=(const Working&) = delete;
 
  private:
+  void GiveFocusBack();
+
   QWidget& window_;
   bool was_enabled_;
   QPointer<QWidget> focus_;

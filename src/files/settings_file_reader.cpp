@@ -201,6 +201,7 @@ bool ApplySettingText(core::RadioData& data, std::string_view text, core::EventP
   const SettingTable table = ParseSettingFile(text);
   SettingReader(table, fresh, pump).Run();
   image::SetDestinationBits(fresh.Image, fresh.SEL1 == "1", fresh.SEL2 == "1");
+  image::CopyPlanSelection(fresh);
   fresh.ModelName = core::ModelDisplayName(fresh.MODELTYPE, image::Sel1(fresh.Image));
   fresh.Flags = data.Flags;  // events that ran meanwhile may have changed them
   fresh.Flags.Busy = was_busy;

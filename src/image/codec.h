@@ -40,6 +40,8 @@ void StoreModelCodes(core::MemoryImage& image, const core::ModelProfile& profile
 [[nodiscard]] bool Sel1(const core::MemoryImage& image);
 [[nodiscard]] bool Sel2(const core::MemoryImage& image);
 void SetDestinationBits(core::MemoryImage& image, bool sel1, bool sel2);
+/// Gives every marine record its copy of SEL1; due after each change of the destination bits.
+void CopyPlanSelection(core::RadioData& data);
 
 /// New: every record and the image of the current MODELTYPE at their defaults, nothing of the
 /// data before kept. Sets the model name; clears the current file name. Program title, product

@@ -20,13 +20,6 @@ void EndAtFirstEmptyEntry(Directory& directory) {
   }
 }
 
-void CopyPlanSelection(core::RadioData& data) {
-  const core::Flag selected = Sel1(data.Image);
-  for (core::MarineTable& table : data.Marine) {
-    for (core::ChannelRecord& channel : table) channel.SelectedPlan = selected;
-  }
-}
-
 // A kind of extra channels is in use when the group is switched on and the table holds at least
 // one enabled channel of that kind.
 void FindPresentKinds(core::RadioData& data) {

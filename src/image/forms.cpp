@@ -130,10 +130,14 @@ void FrequencyForm::Read(const std::uint8_t* base, const Place& place, double& m
 }
 
 void FrequencyForm::Write(std::uint8_t* base, const Place& place, const double& mhz) {
+  // A frequency that the six digits cannot tell is none: what is left of it would be another one,
+  // on which the radio would transmit.
+  constexpr double kUnitsPerMhz = 10000;
+  constexpr double kLastUnit = 999999;
   std::uint32_t packed = 0;
-  if (mhz > 100 && std::isfinite(mhz)) {
-    // Six digits are all there is room for.
-    auto units = static_cast<std::uint32_t>(std::fmod(std::round((mhz - 100) * 10000), 1e6));
+  const double rounded = std::round((mhz - 100) * kUnitsPerMhz);
+  if (rounded > 0 && rounded <= kLastUnit) {
+    auto units = static_cast<std::uint32_t>(rounded);
     for (int shift = 0; shift < place.bits.count; shift += 4) {
       packed |= units % 10 << shift;
       units /= 10;

@@ -56,11 +56,19 @@ void ResetToDefaults(core::RadioData& data, core::Date today) {
   MakeFreshImage(data);
   DecodeExtraChannels(data);
   EncodeAll(data, today);
+  CopyPlanSelection(data);
 
   const bool sel1 = Sel1(data.Image);
   data.SEL1 = sel1 ? "1" : "0";
   data.SEL2 = Sel2(data.Image) ? "1" : "0";
   data.ModelName = core::ModelDisplayName(data.MODELTYPE, sel1);
+}
+
+void CopyPlanSelection(core::RadioData& data) {
+  const core::Flag selected = Sel1(data.Image);
+  for (core::MarineTable& table : data.Marine) {
+    for (core::ChannelRecord& channel : table) channel.SelectedPlan = selected;
+  }
 }
 
 bool Sel1(const core::MemoryImage& image) {

@@ -439,6 +439,14 @@ TEST(SettingsFile, StoredChannelsAreLittleEndianInTheImage) {
   EXPECT_EQ(data.Image[135], 0x01);
 }
 
+TEST(SettingsFile, MarineChannelsFollowTheDestinationOfNewDataAndOfTheFile) {
+  Fixture f;
+  RadioData data = f.Fresh(5);
+  EXPECT_TRUE(data.Marine[2][239].SelectedPlan);
+  ASSERT_TRUE(ApplySettingText(data, "[MAIN]\nMODELTYPE=5\nSEL1=0", f.pump));
+  EXPECT_FALSE(data.Marine[2][239].SelectedPlan);
+}
+
 TEST(SettingsFile, ModelsWithoutNamesKeepTheOnesTheyHave) {
   Fixture f;
   RadioData data = f.Fresh(1);

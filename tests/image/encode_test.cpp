@@ -80,6 +80,7 @@ TEST(EncodeExtra, Frequencies) {
   for (const auto& [mhz, bytes] :
        {Case{0, {0, 0, 0}}, Case{100, {0, 0, 0}}, Case{162, {0x62, 0, 0}},
         Case{157.0125, {0x57, 0x01, 0x25}}, Case{199.9999, {0x99, 0x99, 0x99}}, Case{-5, {0, 0, 0}},
+        Case{199.99996, {0, 0, 0}}, Case{200, {0, 0, 0}}, Case{250, {0, 0, 0}},
         Case{1e300 * 1e300, {0, 0, 0}}}) {
     RadioData data = NewData(5);
     data.EXP[40].Txfreq = mhz;
