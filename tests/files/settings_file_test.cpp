@@ -216,6 +216,7 @@ class RandomContents {
   void Fill(RadioData& data) {
     const core::ModelProfile& profile = core::ProfileOf(data);
     image::SetDestinationBits(data.Image, Bit(), Bit());
+    image::CopyPlanSelection(data);
     data.SEL1 = image::Sel1(data.Image) ? "1" : "0";
     data.SEL2 = image::Sel2(data.Image) ? "1" : "0";
     data.ModelName = core::ModelDisplayName(data.MODELTYPE, image::Sel1(data.Image));
