@@ -58,7 +58,6 @@ void ChannelPage::Build() {
   page->addStretch();
   auto* body = new QGridLayout(body_);
   body->setContentsMargins({});
-  body->setColumnMinimumWidth(1, fontMetrics().height() / 2);
   auto* fields = new QGridLayout;
   body->addLayout(fields, 0, 0, Qt::AlignTop);
   BuildFields(*fields);

@@ -11,7 +11,7 @@ namespace orvane::editor {
 namespace {
 
 // Less than usual, so that every node can be read at the window's smallest width.
-constexpr int kIndentation = 10;
+constexpr int kIndentation = 8;
 
 void ExpandedKeys(const QTreeView& view, const QModelIndex& parent, QStringList& keys) {
   const QAbstractItemModel& model = *view.model();

@@ -11,8 +11,8 @@
 #include <optional>
 
 #include "core/model_profile.h"
+#include "editor/window_desk.h"
 #include "image/sample_radio.h"
-#include "window_desk.h"
 
 namespace {
 
