@@ -102,11 +102,6 @@ SettingTable ParseSettingFile(std::string_view text) {
   return table;
 }
 
-std::string GetSettingValue(const SettingTable& table, std::string_view section,
-                            std::string_view key) {
-  return std::string(table.Find(section).Value(key));
-}
-
 std::string ReadMainValue(std::string_view text, std::string_view section, std::string_view key) {
   LineReader lines(text);
   bool inside = false;

@@ -52,11 +52,7 @@ class SettingTable {
 /// Never fails: lines that fit no rule of the grammar are skipped.
 [[nodiscard]] SettingTable ParseSettingFile(std::string_view text);
 
-/// First match over all sections of that name, letter case ignored; "" when there is none.
-[[nodiscard]] std::string GetSettingValue(const SettingTable& table, std::string_view section,
-                                          std::string_view key);
-
-/// The same look-up straight from the text, as profile files are read: blanks before "[" and
+/// One value straight from the text, as profile files are read: blanks before "[" and
 /// around the key, comment lines with ";", a pair of quotes around the value; at most 127
 /// characters.
 [[nodiscard]] std::string ReadMainValue(std::string_view text, std::string_view section,
