@@ -17,7 +17,8 @@ constexpr const char* kFilter = "dat files(*.dat)|*.dat|All files(*.*)|*.*";
 }  // namespace
 
 FileCommands::FileCommands(const WindowServices& services, CommandHost& host)
-    : services_(services), data_(services.data), host_(host) {
+    : services_(services), data_(services.data), host_(host), new_timer_(&host.Widget()) {
+  new_timer_.setObjectName(QStringLiteral("TimerNew"));
   new_timer_.setSingleShot(true);
   new_timer_.setInterval(kMenuCloses);
   connect(&new_timer_, &QTimer::timeout, this, &FileCommands::Reset);

@@ -45,7 +45,7 @@ class FileCommands : public QObject {
   const WindowServices services_;
   core::RadioData& data_;
   CommandHost& host_;
-  QTimer new_timer_;
+  QTimer new_timer_;  ///< a child of the window
   /// From the decision to reset until it is done: nothing may touch data that is on its way out.
   std::unique_ptr<Working> resetting_;
 };

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QApplication>
-#include <QDialog>
-#include <QPushButton>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -46,7 +43,7 @@ class RecordingHelp : public help::HelpOpener {
 
 /// The main window with its real commands, and a simulated radio at whichever port is opened.
 struct CommandDesk : WindowDesk {
-  CommandDesk() {
+  explicit CommandDesk(core::FileStore* other_files = nullptr) : WindowDesk(other_files) {
     used_commands = &real_commands;
     pump.on_wait = [this](double deadline) {
       return plugged == nullptr ? std::nullopt : plugged->NextWake(deadline);
@@ -57,27 +54,6 @@ struct CommandDesk : WindowDesk {
     });
   }
 
-  /// Runs a command that opens a modal window, and works in that window. What is still open
-  /// afterwards is closed.
-  void InWindowOf(const char* item, const std::function<void(QDialog&)>& work) const {
-    QTimer::singleShot(0, window.get(), [&work] {
-      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      QVERIFY(dialog != nullptr);
-      work(*dialog);
-      dialog->close();
-    });
-    Item(item).trigger();
-  }
-  /// Presses OK in the transfer dialog of that menu item and closes it should it stay.
-  /// True when it closed by itself.
-  bool Transfer(const char* item) const {
-    bool closed = false;
-    InWindowOf(item, [&closed](QDialog& dialog) {
-      dialog.findChild<QPushButton*>("cmdOK")->click();
-      closed = !dialog.isVisible();
-    });
-    return closed;
-  }
   [[nodiscard]] int Asked(link::ExchangeKind kind) const {
     int count = 0;
     for (const link::Exchange& exchange : asked) count += exchange.kind == kind ? 1 : 0;

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QAction>
+#include <QApplication>
+#include <QDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -71,22 +75,31 @@ class RecordingCommands : public editor::Commands {
 /// The main window over scripted services: prompts and dialogs answer from their scripts, files
 /// live in memory and pauses take no time.
 struct WindowDesk {
+  /// Over other files than those in memory, if any are given.
+  explicit WindowDesk(core::FileStore* other_files = nullptr)
+      : used_files(other_files == nullptr ? &files : other_files) {}
+  WindowDesk(const WindowDesk&) = delete;
+  WindowDesk& operator=(const WindowDesk&) = delete;
+
   core::RadioData data;
   ScriptedPrompts prompts;
   ManualClock clock;
   ManualPump pump{clock};
   MemorySettings settings;
   MemoryFiles files;
+  core::FileStore* used_files;
   RecordingLog log;
   ListedPorts ports;
   ScriptedDialogs dialogs;
   RecordingCommands commands;
   editor::Commands* used_commands = &commands;
+  core::Clock* used_clock = &clock;
+  core::EventPump* used_pump = &pump;
   std::unique_ptr<editor::MainWindow> window;
 
   [[nodiscard]] editor::WindowServices Services() {
-    return {data, prompts, clock,   pump,          settings,   files,
-            log,  ports,   dialogs, used_commands, "/program", "/share"};
+    return {data, prompts, *used_clock, *used_pump,    settings,   *used_files,
+            log,  ports,   dialogs,     used_commands, "/program", "/share"};
   }
 
   /// Shows the window and lets its start come to an end.
@@ -107,6 +120,27 @@ struct WindowDesk {
   void TriggerAndWait(const char* name) const {
     Item(name).trigger();
     QVERIFY(QTest::qWaitFor([this] { return window->isEnabled(); }));
+  }
+  /// Runs a command that opens a modal window, and works in that window. What is still open
+  /// afterwards is closed.
+  void InWindowOf(const char* item, const std::function<void(QDialog&)>& work) const {
+    QTimer::singleShot(0, window.get(), [&work] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      QVERIFY(dialog != nullptr);
+      work(*dialog);
+      dialog->close();
+    });
+    Item(item).trigger();
+  }
+  /// Presses OK in the transfer dialog of that menu item and closes it should it stay.
+  /// True when it closed by itself.
+  bool Transfer(const char* item) const {
+    bool closed = false;
+    InWindowOf(item, [&closed](QDialog& dialog) {
+      dialog.findChild<QPushButton*>("cmdOK")->click();
+      closed = !dialog.isVisible();
+    });
+    return closed;
   }
   [[nodiscard]] editor::NavTree& Tree() const { return *Find<editor::NavTree>("tvTreeView"); }
   [[nodiscard]] QString Hint() const { return Find<QLabel>("sbStatusBar_1")->text(); }
