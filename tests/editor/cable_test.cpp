@@ -2,17 +2,16 @@
 // its other end as a process of its own.
 
 #include <QCheckBox>
-#include <QDialog>
+#include <QLabel>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <memory>
 
-#include "command_desk.h"
-#include "editor/window_commands.h"
-#include "platform/qt_clock.h"
-#include "platform/qt_event_pump.h"
 #include "platform/qt_serial_port.h"
+#include "real_time_desk.h"
+#include "support/open_descriptors.h"
+#include "support/radio_data_compare.h"
 
 using namespace orvane;
 
@@ -20,6 +19,9 @@ namespace {
 
 constexpr int kStartTimeout = 20'000;  // ms
 constexpr const char* kModel = "1";    // the smallest memory: the cable's pauses make up the time
+constexpr double kLongestEnd = 5;      // seconds from pressing OK to the end by an unplugged cable
+constexpr const char* kRead = "mnuTransferRead";
+constexpr const char* kProgram = "mnuTransferProgram";
 
 }  // namespace
 
@@ -29,28 +31,10 @@ class CableTest : public QObject {
  private slots:
   void ReadsEditsProgramsAndReadsAgain() {
     StartRadio();
-    testing::WindowDesk desk;
-    platform::QtClock clock;
-    platform::QtEventPump pump(clock);
-    testing::ScriptedPrinter printer;
-    desk.settings.Write("ModelPath", "ModelNum", kModel);
-    const auto services = [&](editor::Commands* commands) {
-      return editor::WindowServices{desk.data,     desk.prompts, clock,      pump,
-                                    desk.settings, desk.files,   desk.log,   desk.ports,
-                                    desk.dialogs,  commands,     "/program", "/share"};
-    };
-    editor::WindowCommands commands(
-        services(nullptr),
-        {.make_port =
-             [&](int /*number*/) { return std::make_unique<platform::QtSerialPort>(device_); },
-         .printer = printer,
-         .help = nullptr});
-    desk.window = std::make_unique<editor::MainWindow>(services(&commands));
-    desk.window->show();
-    QVERIFY(QTest::qWaitFor(
-        [&] { return !desk.Find<QTimer>("Timer1")->isActive() && desk.window->isEnabled(); }));
+    testing::RealTimeDesk desk = Desk();
+    desk.Start();
 
-    QVERIFY(Transfer(desk, "mnuTransferRead"));
+    QVERIFY(desk.Transfer(kRead));
     core::ChannelRecord& channel = desk.data.Table(core::MarineGroup::kUsa)[32];
     QVERIFY(channel.Enable);
     const bool scanned = channel.ScanMemory;
@@ -59,12 +43,54 @@ class CableTest : public QObject {
     QCOMPARE(static_cast<bool>(channel.ScanMemory), !scanned);
     QVERIFY(desk.data.Flags.DataChanged);
 
-    QVERIFY(Transfer(desk, "mnuTransferProgram"));
+    QVERIFY(desk.Transfer(kProgram));
     channel.ScanMemory = scanned;
-    QVERIFY(Transfer(desk, "mnuTransferRead"));
+    QVERIFY(desk.Transfer(kRead));
     QCOMPARE(static_cast<bool>(desk.data.Table(core::MarineGroup::kUsa)[32].ScanMemory), !scanned);
     QVERIFY(!desk.data.Flags.DataChanged);
     QCOMPARE(desk.Messages(), QStringList({"Complete!!", "Complete!!", "Complete!!"}));
+  }
+
+  void UnpluggedCableEndsInAMessage_data() {
+    QTest::addColumn<QString>("item");
+    QTest::addColumn<QString>("fault");
+    QTest::newRow("read, first block") << kRead << "unplug@read:5";
+    QTest::newRow("read, within a block") << kRead << "unplug@read:20=30";
+    QTest::newRow("program, within a block") << kProgram << "unplug@write:10=30";
+  }
+  void UnpluggedCableEndsInAMessage() {
+    QFETCH(QString, item);
+    QFETCH(QString, fault);
+    StartRadio({"--fault", fault, "--replug", "3600"});
+    testing::RealTimeDesk desk = Desk();
+    desk.Start();
+    desk.data.Table(core::MarineGroup::kUsa)[32].ChTag = "MINE";
+    desk.data.CurrentFileName = "/out/boat.dat";
+    desk.window->DataChanged();
+    const core::RadioData before = desk.data;
+    const std::ptrdiff_t descriptors = testing::OpenDescriptors();
+    const double began = desk.real_clock.Now();
+    const bool reading = item == QLatin1String(kRead);
+    desk.InWindowOf(qPrintable(item), [&](QDialog& dialog) {
+      auto* ok = dialog.findChild<QPushButton*>("cmdOK");
+      ok->click();
+      QVERIFY(desk.real_clock.Now() - began < kLongestEnd);
+      QVERIFY(dialog.isVisible() && ok->isEnabled());
+      QCOMPARE(desk.Messages(),
+               QStringList{"5\r\rInput/output error\r\n"
+                           "The port no longer answers. Check that the cable is plugged in."});
+      QCOMPARE(desk.prompts.messages[0].details,
+               reading ? std::string() : std::string(link::kPartlyWrittenNote));
+      QCOMPARE(dialog.findChild<QLabel*>("lblNote")->isVisible(), !reading);
+      ok->click();  // the cable still is unplugged
+      QVERIFY(dialog.isVisible());
+      QCOMPARE(desk.Messages().size(), 2);
+      QCOMPARE(desk.Messages()[1], "port inicialize error!!");
+    });
+    if (reading) QVERIFY(testing::SameContents(desk.data, before));
+    QCOMPARE(desk.data.CurrentFileName, before.CurrentFileName);
+    QVERIFY(desk.data.Flags.DataChanged && !desk.data.Flags.Busy && desk.window->isEnabled());
+    QCOMPARE(testing::OpenDescriptors(), descriptors);
   }
 
   void cleanup() {
@@ -74,29 +100,21 @@ class CableTest : public QObject {
 
  private:
   /// Starts the radio with a configuration folder of its own and learns its device.
-  void StartRadio() {
+  void StartRadio(const QStringList& faults = {}) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("XDG_CONFIG_HOME", config_.path());
     radio_.setProcessEnvironment(environment);
-    radio_.start(ORVANE_RADIO, {"--model", kModel, "--baud", "0", "--quiet"});
+    radio_.start(ORVANE_RADIO, QStringList{"--model", kModel, "--baud", "0", "--quiet"} + faults);
     QVERIFY(QTest::qWaitFor([this] { return radio_.canReadLine(); }, kStartTimeout));
     const QString ready = QString::fromUtf8(radio_.readLine()).trimmed();
     QVERIFY2(ready.startsWith("COM16 is "), qPrintable(ready));
     device_ = ready.section(' ', 2).toStdString();
   }
 
-  /// True when the dialog closed by itself.
-  static bool Transfer(const testing::WindowDesk& desk, const char* item) {
-    bool closed = false;
-    QTimer::singleShot(0, desk.window.get(), [&closed] {
-      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      QVERIFY(dialog != nullptr);
-      dialog->findChild<QPushButton*>("cmdOK")->click();
-      closed = !dialog->isVisible();
-      dialog->close();
-    });
-    desk.Item(item).trigger();
-    return closed;
+  [[nodiscard]] testing::RealTimeDesk Desk() const {
+    return {kModel, [device = device_](const core::Clock& /*clock*/) {
+              return std::make_unique<platform::QtSerialPort>(device);
+            }};
   }
 
   QTemporaryDir config_;
