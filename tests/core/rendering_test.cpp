@@ -10,22 +10,6 @@
 namespace orvane::core {
 namespace {
 
-TEST(Rendering, EveryFlagHasItsTwoWords) {
-  struct Case {
-    std::string_view (*text)(bool);
-    std::string_view on, off;
-  };
-  const Case cases[] = {
-      {OnOffText, "On", "Off"}, {HiLowText, "Hi", "Low"}, {EnableText, "ENABLE", "------"},
-      {TxText, "TX", "--"},     {LowText, "LOW", "---"},  {UpText, "UP", "--"},
-      {DupText, "DUP", "---"},  {MemText, "MEM", "---"},  {CmpText, "CMP", "---"},
-      {NarrowText, "N ", "--"}, {UseText, "USE", "---"}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(c.text(true), c.on);
-    EXPECT_EQ(c.text(false), c.off);
-  }
-}
-
 TEST(Rendering, ListsAreEmptyOutsideTheirItems) {
   EXPECT_EQ(TxPoDisplayText(1), "Lo Po on Changing CH");
   EXPECT_EQ(TxPoDisplayText(3), "");
@@ -88,11 +72,6 @@ TEST(Rendering, BlankStatusNameIsDashed) {
   EXPECT_EQ(StatusNameText(" USA"), " USA");
   EXPECT_EQ(StatusNameText("   "), "----");
   EXPECT_EQ(StatusNameText(""), "----");
-}
-
-TEST(Rendering, CellCutsAndFills) {
-  EXPECT_EQ(Cell("LMR12", 3), "LMR");
-  EXPECT_EQ(Cell("16", 5), "16   ");
 }
 
 TEST(Tones, InvertedCodesFollowTheNormalOnes) {
