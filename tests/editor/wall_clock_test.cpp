@@ -47,7 +47,7 @@ using link::ExchangeKind;
 
 namespace {
 
-constexpr std::int64_t kDay = 24 * 60 * 60;
+constexpr std::int64_t kDay = std::int64_t{24} * 60 * 60;
 
 }  // namespace
 
