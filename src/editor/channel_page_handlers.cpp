@@ -81,7 +81,7 @@ void ChannelPage::ConnectFields() {
           [this] { StoreDisplay(*display_right_, &ChannelRecord::CHDisplayR); });
   for (const Frequency& frequency : frequencies_) {
     FrequencyBox* box = frequency.box;
-    box->SetAcceptor([this, &frequency] { return TakeOver(frequency); });
+    box->SetAcceptor([this, &frequency] { return !MayWrite() || TakeOver(frequency); });
     connect(box, &FieldBox::Edited, this, [this, box] {
       if (MayWrite() && !box->IsLocked()) Changed();
     });
