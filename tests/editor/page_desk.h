@@ -1,6 +1,11 @@
 #pragma once
 
+#include <QAbstractButton>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
 #include <QtTest>
 #include <memory>
 #include <random>
@@ -10,6 +15,7 @@
 #include "image/sample_radio.h"
 #include "support/fakes.h"
 #include "support/radio_data_compare.h"
+#include "support/row.h"
 
 namespace orvane::testing {
 
@@ -52,6 +58,26 @@ struct PageDesk {
     return page->template findChild<Control*>(QLatin1String(name));
   }
   [[nodiscard]] QWidget* operator[](const char* name) const { return Find<QWidget>(name); }
+  [[nodiscard]] bool On(const char* name) const { return (*this)[name]->isEnabled(); }
+  [[nodiscard]] bool Checked(const char* name) const {
+    return Find<QAbstractButton>(name)->isChecked();
+  }
+  [[nodiscard]] QString Text(const char* name) const { return Find<QLineEdit>(name)->text(); }
+  [[nodiscard]] QString Item(const char* name) const {
+    return Find<QComboBox>(name)->currentText();
+  }
+
+  QWidget* Focused(const char* name) {
+    QWidget* control = (*this)[name];
+    control->setFocus();
+    return control;
+  }
+  [[nodiscard]] QString HintOf(const char* name) {
+    page->setFocus();
+    host.hint = QStringLiteral("none");
+    Focused(name);
+    return host.hint;
+  }
   /// The user works a check box or option button.
   void Press(const char* name) { QTest::keyClick(Focused(name), Qt::Key_Space); }
   /// The user picks an item of a list that is not the current one.
@@ -59,6 +85,35 @@ struct PageDesk {
     auto* list = static_cast<QComboBox*>(Focused(name));
     list->setCurrentIndex(item == 0 ? 1 : item - 1);
     QTest::keyClick(list, item == 0 ? Qt::Key_Up : Qt::Key_Down);
+  }
+  /// The user works every control there is.
+  void WorkAll() {
+    for (QWidget* control : page->template findChildren<QWidget*>()) control->setEnabled(true);
+    for (auto* button : page->template findChildren<QAbstractButton*>()) button->click();
+    for (auto* list : page->template findChildren<QComboBox*>()) {
+      QTest::keyClick(list, list->currentIndex() == 0 ? Qt::Key_Down : Qt::Key_Up);
+    }
+    for (auto* box : page->template findChildren<QLineEdit*>()) {
+      box->setFocus();
+      box->selectAll();
+      QTest::keyClicks(box, "150");
+    }
+  }
+  void Type(const char* name, const QString& text) {
+    QTest::keyClick(Focused(name), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks((*this)[name], text);
+  }
+  void Paste(const char* name, const QString& text) {
+    Type(name, {});
+    QGuiApplication::clipboard()->setText(text);
+    QTest::keyClick((*this)[name], Qt::Key_V, Qt::ControlModifier);
+  }
+  /// The text comes from an input method.
+  void Commit(const char* name, const QString& text) {
+    Type(name, {});
+    QInputMethodEvent commit;
+    commit.setCommitString(text);
+    QCoreApplication::sendEvent((*this)[name], &commit);
   }
   /// Fills the page from contents that no program made, for every key; true when that changed
   /// nothing and asked nothing of the window.
@@ -71,16 +126,6 @@ struct PageDesk {
     for (const QString& key : keys) page->Fill(*editor::NodeOfKey(key));
     return SameContents(data, before) && !data.Flags.DataChanged && !data.Flags.Busy &&
            host.changes + host.marks + host.rebuilds == 0;
-  }
-  void Type(const char* name, const QString& text) {
-    QWidget* box = Focused(name);
-    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(box, text);
-  }
-  QWidget* Focused(const char* name) {
-    QWidget* control = (*this)[name];
-    control->setFocus();
-    return control;
   }
 
   core::RadioData data;
