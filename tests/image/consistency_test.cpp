@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 #include "image/codec.h"
@@ -11,7 +10,6 @@ namespace {
 
 using core::RadioData;
 using ::orvane::testing::BytesOf;
-using ::orvane::testing::kAfterCutOver;
 using ::orvane::testing::NewData;
 using ::orvane::testing::SetBytes;
 using Bytes = std::vector<int>;
@@ -31,7 +29,6 @@ void Mark(core::MemoryImage& image, int bitmap, int entry) {
 
 constexpr int kUsaMap = 256;
 constexpr int kIntlMap = 320;
-constexpr int kCanadaMap = 384;
 constexpr int kWxMap = 448;
 constexpr int kExtraMap = 450;
 
@@ -178,23 +175,6 @@ TEST(CommonChecksum, SumsTheCommonSettings) {
   data.Image[65] = data.Image[96] = 99;
   StoreCommonChecksum(data.Image);
   EXPECT_EQ(data.Image[95], 290 % 256);
-}
-
-// What the pass repairs stands in image and records alike after the next decoding.
-TEST(Consistency, IsSettledAfterOnePass) {
-  for (const auto& profile : core::ModelProfiles()) {
-    RadioData data = NewData(profile.model_type);
-    data.Marine[1][30].Enable = false;
-    data.Usable[0].Enable = false;
-    data.Common.Last_CH_Group = 0;
-    EncodeAll(data, kAfterCutOver);
-    Mark(data.Image, kCanadaMap, 0);
-    ConsistencyPass(data);
-    const core::MemoryImage once = data.Image;
-    DecodeAll(data);
-    ConsistencyPass(data);
-    EXPECT_EQ(data.Image, once) << profile.model;
-  }
 }
 
 }  // namespace

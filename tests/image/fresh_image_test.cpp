@@ -5,6 +5,7 @@
 #include "image/codec.h"
 #include "image/image_check.h"
 #include "support/image_fixtures.h"
+#include "support/radio_data_compare.h"
 
 namespace orvane::image {
 namespace {
@@ -66,16 +67,7 @@ TEST(New, KeepsNothingOfTheDataBefore) {
     used.ProductName = "Orvane";
     used.ProgramTitle = "title";
     ResetToDefaults(used, kAfterCutOver);
-    EXPECT_EQ(used.Image, clean.Image);
-    EXPECT_EQ(used.Marine, clean.Marine);
-    EXPECT_EQ(used.WX, clean.WX);
-    EXPECT_EQ(used.EXP, clean.EXP);
-    EXPECT_EQ(used.Usable, clean.Usable);
-    EXPECT_EQ(used.Dsc, clean.Dsc);
-    EXPECT_EQ(used.CallSigns, clean.CallSigns);
-    EXPECT_EQ(used.Stations, clean.Stations);
-    EXPECT_FALSE(used.ExpPresent);
-    EXPECT_EQ(used.CurrentFileName, "");
+    EXPECT_TRUE(testing::SameContents(used, clean));
     EXPECT_TRUE(used.Flags.Debug && used.Flags.DataChanged);
     EXPECT_EQ(used.ProductName + used.ProgramTitle, "Orvanetitle");
   }
