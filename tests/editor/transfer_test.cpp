@@ -1,18 +1,16 @@
 #include <QLabel>
 #include <QRegularExpression>
-#include <array>
 
 #include "command_desk.h"
 #include "editor/transfer_dialog.h"
 #include "files/text_report.h"
-#include "image/image_check.h"
 #include "link/transfer_session.h"
 #include "platform/qt_clock.h"
 #include "platform/qt_event_pump.h"
 #include "support/radio_data_compare.h"
+#include "support/row.h"
 
 using namespace orvane;
-using core::Answer;
 using link::ExchangeKind;
 using testing::CommandDesk;
 
@@ -155,33 +153,25 @@ class TransferTest : public QObject {
     QVERIFY(desk.window->isVisible());
   }
 
-  void CancelledReadStopsTheRadioAndKeepsTheData_data() {
-    QTest::addColumn<int>("reads");
-    QTest::addColumn<bool>("escape");
-    QTest::newRow("button, bulk") << 50 << false;
-    QTest::newRow("escape key, bulk") << 300 << true;
-  }
   void CancelledReadStopsTheRadioAndKeepsTheData() {
-    QFETCH(int, reads);
-    QFETCH(bool, escape);
-    CommandDesk desk;
-    desk.Start();
-    Channel16(desk.data).ChTag = "MINE";
-    desk.window->DataChanged();
-    const core::RadioData before = desk.data;
-    After(desk, ExchangeKind::kRead, reads, [&] {
-      if (escape) {
-        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-      } else {
-        Child<QPushButton>("cmdCancel")->click();
-      }
-    });
-    desk.Transfer(kRead);
-    QCOMPARE(desk.Asked(ExchangeKind::kCancel), 1);
-    QCOMPARE(desk.Asked(ExchangeKind::kRead), reads);
-    QVERIFY(testing::SameContents(desk.data, before));
-    QVERIFY(desk.prompts.messages.empty());
-    QVERIFY(desk.data.Flags.DataChanged);
+    for (const bool by_key : {false, true}) {
+      const testing::Row row(by_key);
+      CommandDesk desk;
+      desk.Start();
+      Channel16(desk.data).ChTag = "MINE";
+      desk.window->DataChanged();
+      const core::RadioData before = desk.data;
+      After(desk, ExchangeKind::kRead, 50, [by_key] {
+        if (by_key) QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+        if (!by_key) Child<QPushButton>("cmdCancel")->click();
+      });
+      desk.Transfer(kRead);
+      QCOMPARE(desk.Asked(ExchangeKind::kCancel), 1);
+      QCOMPARE(desk.Asked(ExchangeKind::kRead), 50);
+      QVERIFY(testing::SameContents(desk.data, before));
+      QVERIFY(desk.prompts.messages.empty());
+      QVERIFY(desk.data.Flags.DataChanged);
+    }
   }
 
   void CancelledProgrammingWarnsAndCanBeRepeated() {
@@ -213,99 +203,25 @@ class TransferTest : public QObject {
     QCOMPARE(Channel16(desk.data).ChTag, "AGAIN");
   }
 
-  void RadioThatDoesNotFitIsRefused_data() {
-    QTest::addColumn<int>("address");
-    QTest::addColumn<int>("flipped");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("model") << 65 << 1 << "ModelType Error !!";
-    QTest::newRow("product") << int{image::kProductOffset} << 1 << "Product Error !!";
-    QTest::newRow("destination SEL1")
-        << int{image::kDestinationOffset} << 0x20 << "Destination Error !!";
-    QTest::newRow("destination SEL2")
-        << int{image::kDestinationOffset} << 0x10 << "Destination Error !!";
-  }
-  void RadioThatDoesNotFitIsRefused() {
-    QFETCH(int, address);
-    QFETCH(int, flipped);
-    QFETCH(QString, message);
-    for (const char* item : {kRead, kProgram}) {
-      CommandDesk desk;
-      desk.Start();
-      desk.radio.Memory()[static_cast<std::size_t>(address)] ^= static_cast<std::uint8_t>(flipped);
-      const core::RadioData before = desk.data;
-      QVERIFY(!desk.Transfer(item));
-      QCOMPARE(desk.Messages(), QStringList{message});
-      QVERIFY(desk.prompts.messages[0].icon == core::Icon::kCritical);
-      QCOMPARE(desk.Asked(ExchangeKind::kRead), 4);
-      QCOMPARE(desk.Asked(ExchangeKind::kWrite), 0);
-      if (item == kRead) QVERIFY(testing::SameContents(desk.data, before));
-    }
-  }
-
-  void DeadLinesEndInAMessageAndMayBeTriedAgain_data() {
-    QTest::addColumn<int>("fault");
-    QTest::newRow("radio silent") << static_cast<int>(link::FaultKind::kMissingReply);
-    QTest::newRow("cable without echo") << static_cast<int>(link::FaultKind::kMissingEcho);
-  }
-  void DeadLinesEndInAMessageAndMayBeTriedAgain() {
-    QFETCH(int, fault);
+  void SilentRadioEndsInAMessageAndMayBeTriedAgain() {
     CommandDesk desk;
+    desk.data.Flags.Debug = true;
     desk.Start();
-    desk.radio.SetFaults(Everywhere(static_cast<link::FaultKind>(fault)));
+    desk.radio.SetFaults(Everywhere(link::FaultKind::kMissingReply));
     desk.InWindowOf(kRead, [&](QDialog& dialog) {
+      const auto* monitor = Child<QLabel>("lblmon");  // in debug mode only
+      QVERIFY(monitor->isVisible());
+      QCOMPARE(monitor->text(), "starting at debug mode..");
       Child<QPushButton>("cmdOK")->click();
       QVERIFY(dialog.isVisible());
       QCOMPARE(desk.Messages(), QStringList{"Communication Error!!"});
+      QCOMPARE(monitor->text(), "can not syncing!!");
       QVERIFY(Child<QLabel>("lblState")->text().isEmpty());
       desk.radio.SetFaults({});
       Child<QPushButton>("cmdOK")->click();
       QVERIFY(!dialog.isVisible());
     });
     QCOMPARE(desk.Messages().last(), "Complete!!");
-  }
-
-  void UnpluggedWhileProgrammingSaysThatTheRadioIsPartlyWritten() {
-    CommandDesk desk;
-    desk.Start();
-    desk.radio.SetFaults(
-        link::FaultPlan({link::MakeFault(link::FaultKind::kUnplug, ExchangeKind::kWrite, 30)}));
-    desk.InWindowOf(kProgram, [&](QDialog& dialog) {
-      Child<QPushButton>("cmdOK")->click();
-      QVERIFY(dialog.isVisible() && Child<QLabel>("lblNote")->isVisible());
-    });
-    QCOMPARE(desk.prompts.messages[0].details, std::string(link::kPartlyWrittenNote));
-    QVERIFY(desk.window->isEnabled() && !desk.data.Flags.Busy);
-  }
-
-  void NoToTheNarrowbandQuestionSendsNothing() {
-    CommandDesk desk;
-    desk.Start();
-    desk.data.LmrPresent() = true;
-    core::ChannelRecord& channel = desk.data.EXP[1];
-    channel.Enable = true;
-    channel.LMR_EXP = -1;
-    channel.Rxfreq = channel.Txfreq = 155;
-    channel.Narrow = false;
-    desk.prompts.answers = {Answer::kNo};
-    QVERIFY(desk.Transfer(kProgram));
-    QCOMPARE(desk.prompts.messages.size(), std::size_t{1});
-    QVERIFY(desk.prompts.messages[0].buttons == core::Buttons::kYesNo);
-    QCOMPARE(desk.Asked(ExchangeKind::kRead) + desk.Asked(ExchangeKind::kWrite), 0);
-    QVERIFY(desk.data.EXP[1].Narrow);  // converted all the same
-  }
-
-  void DebugModeShowsEachStep() {
-    CommandDesk desk;
-    desk.data.Flags.Debug = true;
-    desk.Start();
-    desk.radio.SetFaults(Everywhere(link::FaultKind::kMissingReply));
-    desk.InWindowOf(kRead, [](QDialog& /*dialog*/) {
-      const auto* monitor = Child<QLabel>("lblmon");
-      QVERIFY(monitor->isVisible());
-      QCOMPARE(monitor->text(), "starting at debug mode..");
-      Child<QPushButton>("cmdOK")->click();
-      QCOMPARE(monitor->text(), "can not syncing!!");
-    });
   }
 
   // With the program's own clock and event loop: the echo wait under way would last 100 seconds.
