@@ -6,6 +6,7 @@
 #include "core/model_profile.h"
 #include "image/codec.h"
 #include "support/fakes.h"
+#include "support/image_fixtures.h"
 #include "support/radio_data_compare.h"
 
 namespace orvane::files {
@@ -18,11 +19,9 @@ constexpr int kProductByte = 16370;
 
 class ImageFile : public ::testing::Test {
  protected:
-  RadioData Fresh(std::int16_t model) const {
-    RadioData data;
-    data.MODELTYPE = model;
+  static RadioData Fresh(int model) {
+    RadioData data = testing::NewData(model);
     data.ProgramTitle = core::kProgramTitle;
-    image::ResetToDefaults(data, clock.today);
     return data;
   }
   /// A saved image as a radio of the model would hold it.
