@@ -83,15 +83,6 @@ TEST(ReadBlock, StoresAWholeRightReplyAndNothingElse) {
   }
 }
 
-TEST(ReadBlock, AWrongEchoOfTheClosingLineIsAFailure) {
-  Bench bench;
-  bench.port.replies = {{kOk + BuildFrame("#WJDDT", "0000", "01", "AA")}};
-  bench.port.spoil_echo = [](const std::string& s) { return s == kOk ? "#CMDxx\r\n" : s; };
-  std::vector<std::uint8_t> target(1);
-  EXPECT_FALSE(bench.protocol.ReadBlock(target, 0, 1));
-  EXPECT_TRUE(bench.data.Flags.Error);
-}
-
 TEST(WriteBlock, SendsTheImageAndCountsOnlyAcknowledgedAndEchoed) {
   Bench bench;
   bench.data.Image[0x42] = 0x0F;

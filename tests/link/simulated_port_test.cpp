@@ -54,15 +54,6 @@ TEST(SimulatedPort, BytesTakeTheirTimeOnOneWire) {
   EXPECT_NEAR(bytes_since_start(), 19, 1e-6);
 }
 
-TEST(SimulatedPort, WithoutALineSpeedEverythingIsThereAtOnce) {
-  Bench bench(0);
-  const double start = bench.clock.now;
-  bench.Write("P0#CMDSY\r\n");
-  EXPECT_EQ(bench.port.Waiting(), 19U);
-  EXPECT_EQ(bench.Read(19), "PP0#CMDSY\r\n#CMDOK\r\n");
-  EXPECT_EQ(bench.clock.now, start);
-}
-
 TEST(SimulatedPort, ALateReplyLeavesTheWireFreeMeanwhile) {
   Bench bench(9600, {MakeFault(FaultKind::kLateReply, ExchangeKind::kSync, 1)});
   const double start = bench.clock.now;

@@ -109,14 +109,12 @@ class RecordingView : public link::TransferView {
   void BlockDone(int /*address*/, std::size_t so_far, std::size_t total) override {
     bytes_so_far = so_far;
     bytes_total = total;
-    if (on_block) on_block();
   }
 
   std::vector<std::string> monitor;
   std::vector<int> percents;
   std::size_t bytes_so_far = 0;
   std::size_t bytes_total = 0;
-  std::function<void()> on_block;
 };
 
 /// A link over a scripted port. The user presses Cancel at a time of the script's choosing.
