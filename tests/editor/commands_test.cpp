@@ -1,7 +1,9 @@
 #include <QAction>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QToolButton>
@@ -11,6 +13,7 @@
 #include "files/text_report.h"
 #include "image/codec.h"
 #include "support/radio_data_compare.h"
+#include "support/row.h"
 
 using namespace orvane;
 using core::Answer;
@@ -20,6 +23,7 @@ using testing::CommandDesk;
 namespace {
 
 constexpr const char* kReport = "mnuFilePrintFile";
+const core::SystemError kDiskFull = {28, "No space left on device"};
 
 void Choose(const QDialog& window, const char* item) {
   window.findChild<QAction*>(QLatin1String(item))->trigger();
@@ -39,6 +43,18 @@ void InReport(CommandDesk& desk, const std::function<void(QDialog&)>& work) {
 
 void PressDebugKey(CommandDesk& desk, Qt::Key key) {
   QTest::keyClick(&desk.Tree(), key, Qt::ControlModifier);
+}
+
+/// A file is dragged onto the window and let go; true when the window took it.
+bool Drop(const CommandDesk& desk, const QString& path) {
+  QMimeData dropped;
+  dropped.setUrls({QUrl::fromLocalFile(path)});
+  QDragEnterEvent enter({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(desk.window.get(), &enter);
+  QDropEvent drop({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(desk.window.get(), &drop);
+  QCoreApplication::processEvents();  // whoever dropped it is not kept waiting
+  return enter.isAccepted();
 }
 
 std::string HexBytes(const core::RadioData& data) {
@@ -75,31 +91,24 @@ class CommandsTest : public QObject {
     });
   }
 
-  void ReportIsSavedWithOneMoreLineEnd() {
+  void ReportIsSavedWithOneMoreLineEndOrElseSetsTheFlags() {
     CommandDesk desk;
     desk.Start();
     desk.data.Usable[0].Status_name = "\xA0\xC4";  // a blank that must not break, and an umlaut
-    desk.dialogs.paths = {"/out/report.txt"};
+    desk.files.failing["/full/r.txt"] = kDiskFull;
     InReport(desk, [&](QDialog& window) {
+      desk.dialogs.paths = {"/out/report.txt"};
       Choose(window, "mnuFileSave");
-      QVERIFY(window.isVisible() && window.isEnabled());
-    });
-    QCOMPARE(desk.files.files["/out/report.txt"], files::BuildTextReport(desk.data) + "\r\n");
-    QCOMPARE(desk.dialogs.requests[0].filter, "Text files(*.txt)|*.txt|All files(*.*)|*.*");
-    QVERIFY(!desk.data.Flags.Error && !desk.data.Flags.Cancel);
-  }
-
-  void UnsavedReportStaysAndSetsTheFlags() {
-    CommandDesk desk;
-    desk.Start();
-    desk.files.failing["/full/r.txt"] = {28, "No space left on device"};
-    InReport(desk, [&](QDialog& window) {
+      QCOMPARE(desk.files.files["/out/report.txt"], files::BuildTextReport(desk.data) + "\r\n");
+      QCOMPARE(desk.dialogs.requests[0].filter, "Text files(*.txt)|*.txt|All files(*.*)|*.*");
+      QVERIFY(!desk.data.Flags.Error && !desk.data.Flags.Cancel);
       Choose(window, "mnuFileSave");  // the dialog is cancelled
       QVERIFY(desk.data.Flags.Cancel && desk.prompts.messages.empty());
       desk.data.Flags.Cancel = false;
       desk.dialogs.paths = {"/full/r.txt"};
       Choose(window, "mnuFileSave");
-      QVERIFY(window.isVisible() && Text(window).toPlainText().contains("#####"));
+      QVERIFY(window.isVisible() && window.isEnabled());
+      QVERIFY(Text(window).toPlainText().contains("#####"));
     });
     QCOMPARE(desk.Messages(), QStringList{"No space left on device"});
     QCOMPARE(desk.prompts.messages[0].title, "KT740 PC Program for KT740 Series");
@@ -166,7 +175,7 @@ class CommandsTest : public QObject {
     desk.Item("mnuFilePrint").trigger();
     QVERIFY(desk.files.files.empty());
     desk.dialogs.paths = {"/out/radio.pdf", "/full/radio.pdf"};
-    desk.files.failing["/full/radio.pdf"] = {28, "No space left on device"};
+    desk.files.failing["/full/radio.pdf"] = kDiskFull;
     desk.Item("mnuFilePrint").trigger();
     const std::string& pdf = desk.files.files["/out/radio.pdf"];
     QVERIFY(pdf.starts_with("%PDF-"));
@@ -222,42 +231,19 @@ class CommandsTest : public QObject {
     QVERIFY(!desk.data.Flags.DataChanged && !desk.data.Flags.Busy && !desk.data.Flags.Cancel);
   }
 
-  void ImageFileThatDoesNotFitChangesNothing_data() {
-    QTest::addColumn<int>("flipped");  // -1: one byte is missing
-    QTest::addColumn<QStringList>("messages");
-    QTest::newRow("length") << -1 << QStringList{"bad file!!"};
-    QTest::newRow("model") << 65 << QStringList{"ModelType Error !!"};
-    QTest::newRow("product") << 0x3FF2 << QStringList{"ProductType Error !!"};
-  }
-  void ImageFileThatDoesNotFitChangesNothing() {
-    QFETCH(int, flipped);
-    QFETCH(QStringList, messages);
+  void ImageFileThatCannotBeReadOrWrittenIsTold() {
     CommandDesk desk;
     desk.data.Flags.Debug = true;
     desk.Start();
-    std::string bytes = HexBytes(desk.sample);
-    if (flipped < 0) {
-      bytes.pop_back();
-    } else {
-      bytes[static_cast<std::size_t>(flipped)] ^= 1;
-    }
-    desk.files.files["/in/other.hex"] = bytes;
-    desk.dialogs.paths = {"/in/other.hex"};
+    desk.files.files["/in/short.hex"] = HexBytes(desk.sample).substr(1);
+    desk.files.failing["/full/a.hex"] = kDiskFull;
+    desk.dialogs.paths = {"/in/short.hex", "/full/a.hex"};
     const core::RadioData before = desk.data;
     PressDebugKey(desk, Qt::Key_F2);
-    QCOMPARE(desk.Messages(), messages);
     QVERIFY(testing::SameContents(desk.data, before));
     QVERIFY(desk.window->isEnabled() && !desk.data.Flags.Busy);
-  }
-
-  void ImageFileThatCannotBeWrittenIsTold() {
-    CommandDesk desk;
-    desk.data.Flags.Debug = true;
-    desk.Start();
-    desk.files.failing["/full/a.hex"] = {28, "No space left on device"};
-    desk.dialogs.paths = {"/full/a.hex"};
     PressDebugKey(desk, Qt::Key_F3);
-    QCOMPARE(desk.Messages(), QStringList{"FileSave Error!!"});
+    QCOMPARE(desk.Messages(), QStringList({"bad file!!", "FileSave Error!!"}));
     QVERIFY(desk.data.Flags.Cancel && !desk.data.Flags.Busy && desk.window->isEnabled());
   }
 
@@ -278,25 +264,87 @@ class CommandsTest : public QObject {
   void HelpFollowsTheFocusAndClosesWithTheWindow() {
     CommandDesk desk;
     desk.Start();
-    desk.Tree().setProperty(editor::kHelpContextProperty, 1028);
-    QTest::keyClick(&desk.Tree(), Qt::Key_F1);
+    desk.Item("mnuHelpContents").trigger();
+    desk.window->SelectNode("Common");
     desk.help.failure = "The help file is damaged.";
-    QTest::keyClick(&desk.Tree(), Qt::Key_F1);
+    QTest::keyClick(desk.Find<QWidget>("cmbCommonScan"), Qt::Key_F1);
     QCOMPARE(desk.Messages(), QStringList{"The help file is damaged."});
     QVERIFY(desk.window->close());
-    QCOMPARE(desk.help.opened, QStringList({"frmMain 1028", "frmMain 1028", "closed"}));
+    QCOMPARE(desk.help.opened, QStringList({"frmMain 1000", "frmMain 1002", "closed"}));
   }
 
-  void HelpContentsOpenTheFirstPageOrSayThatThereIsNoHelp() {
+  void WithoutHelpOnlyTheContentsSaySo() {
     CommandDesk desk;
     desk.Start();
-    desk.Item("mnuHelpContents").trigger();
-    QCOMPARE(desk.help.opened, QStringList{"frmMain 1000"});
     desk.help.has_help = false;
     desk.Item("mnuHelpContents").trigger();
     QTest::keyClick(&desk.Tree(), Qt::Key_F1);
     QCOMPARE(desk.Messages(), QStringList{help::kNoHelpText});
-    QCOMPARE(desk.help.opened, QStringList{"frmMain 1000"});
+    QVERIFY(desk.help.opened.isEmpty());
+  }
+
+  void DroppedFileOpens() {
+    CommandDesk desk;
+    desk.Start();
+    desk.dialogs.paths = {"/out/boat.dat"};
+    desk.Item("mnuFileSaveAs").trigger();
+    desk.TriggerAndWait("mnuFileNew");
+    QVERIFY(Drop(desk, "/out/boat.dat"));
+    QVERIFY(desk.window->windowTitle().endsWith(" - boat.dat"));
+  }
+
+  void BadPageStopsEveryCommandAndStaysOnShow() {
+    // A frequency outside the band, and none at all on a channel in use.
+    for (const char* frequency : {"120", ""}) {
+      CommandDesk desk;
+      desk.data.Flags.Debug = true;
+      desk.Start();
+      desk.data.EXP = desk.sample.EXP;
+      desk.data.LmrPresent() = true;
+      desk.window->RebuildTree();
+      desk.window->SelectNode("L1");
+      auto* box = desk.Find<QLineEdit>("txtCRF");
+      box->setFocus();
+      QTest::keyClick(box, Qt::Key_Delete);
+      QTest::keyClicks(box, frequency);
+      QVERIFY(!desk.window->CheckPage());
+      const core::RadioData before = desk.data;
+      QTimer closer;
+      QWidget* opened = nullptr;
+      closer.callOnTimeout([&opened] {
+        if (QWidget* modal = QApplication::activeModalWidget()) (opened = modal)->close();
+      });
+      closer.start(0);
+      const auto stopped = [&](const char* way) {
+        const testing::Row row(frequency, way);
+        QVERIFY(desk.prompts.messages.back().text.starts_with("Data Error!!"));
+        desk.prompts.messages = {{}};
+        QCOMPARE(desk.Tree().CurrentKey(), "L1");
+        QCOMPARE(desk.PageName(), "pictC");
+        QVERIFY(testing::SameContents(desk.data, before) && desk.window->isVisible());
+        QVERIFY(desk.window->isEnabled() && desk.dialogs.requests.empty() && opened == nullptr);
+        QCOMPARE(desk.printer.printed, 0);
+      };
+      desk.Item("mnuEditModel_1").setEnabled(true);
+      for (const char* item :
+           {"mnuFileNew", "mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFilePrint",
+            "mnuFileExit", "mnuTransferRead", "mnuTransferProgram", "mnuEditModel_1"}) {
+        desk.Item(item).trigger();
+        stopped(item);
+      }
+      PressDebugKey(desk, Qt::Key_F3);
+      stopped("image file");
+      QVERIFY(Drop(desk, "/out/boat.dat"));
+      stopped("dropped file");
+      desk.Tree().scrollToTop();
+      QTest::mouseClick(desk.Tree().viewport(), Qt::LeftButton, {},
+                        desk.Tree().visualRect(desk.Tree().model()->index(0, 0)).center());
+      QCoreApplication::processEvents();
+      stopped("another node");
+      desk.prompts.answers = {Answer::kYes};
+      QVERIFY(!desk.window->close());
+      stopped("closing");
+    }
   }
 };
 

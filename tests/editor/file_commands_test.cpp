@@ -1,8 +1,8 @@
-#include <QDropEvent>
-#include <QMimeData>
+#include <tuple>
 
 #include "core/app_settings.h"
 #include "image/codec.h"
+#include "support/row.h"
 #include "window_desk.h"
 
 using namespace orvane;
@@ -11,6 +11,7 @@ using testing::WindowDesk;
 
 namespace {
 
+const core::SystemError kDiskFull = {28, "No space left on device"};
 constexpr const char* kTitle = "Orvane  PC Program for KT740 Series";
 
 core::ChannelRecord& Channel16(WindowDesk& desk) {
@@ -50,7 +51,10 @@ class FileCommandsTest : public QObject {
     Channel16(desk).ChTag = "X";
     desk.window->DataChanged();
     desk.window->SelectNode("PU32");
+    desk.Find<QWidget>("txtCTag")->setFocus();
     desk.TriggerAndWait("mnuFileNew");
+    const QWidget* focus = QApplication::focusWidget();
+    QVERIFY(focus != nullptr && focus->isVisible() && focus->isEnabled());
     QVERIFY(desk.prompts.messages.empty());
     QCOMPARE(Channel16(desk).ChTag, "DISTRESS");
     QVERIFY(!desk.data.Flags.DataChanged);
@@ -90,7 +94,7 @@ class FileCommandsTest : public QObject {
   void FailedSaveIsToldAndLogged() {
     WindowDesk desk;
     desk.Start();
-    desk.files.failing["/full/a.dat"] = {28, "No space left on device"};
+    desk.files.failing["/full/a.dat"] = kDiskFull;
     SaveAs(desk, "/full/a.dat");
     QCOMPARE(desk.Messages(), QStringList{"FileSave Error!!"});
     QVERIFY(desk.prompts.messages[0].icon == core::Icon::kExclamation);
@@ -108,17 +112,21 @@ class FileCommandsTest : public QObject {
     image::SetDestinationBits(desk.data.Image, false, false);
     SaveAs(desk, "/out/Boat.dat");
     desk.TriggerAndWait("mnuFileNew");
-    desk.window->SelectNode("PI3");
+    const auto* scrambler = desk.Find<QWidget>("cmbScramble");
+    desk.window->SelectNode("PI18");
+    QVERIFY(scrambler->isEnabled());
     desk.dialogs.paths = {"/out/Boat.dat"};
     desk.Item("mnuFileOpen").trigger();
     QCOMPARE(Channel16(desk).ChTag, "HARBOUR");
-    QVERIFY(!desk.Tree().Contains("PI3"));
+    QVERIFY(!desk.Tree().Contains("PI18"));
     QCOMPARE(desk.Tree().CurrentKey(), "General");
     QCOMPARE(desk.PageName(), "pictGeneral");
     QCOMPARE(desk.window->windowTitle(), QString(kTitle) + " - boat.dat");
     QCOMPARE(desk.Model(), "KT520");
     QVERIFY(desk.Item("mnuDestination_1").isChecked());  // KT520-usa, by the SEL1 bit
     QVERIFY(!desk.data.Flags.Cancel);
+    desk.window->SelectNode("PU18");
+    QVERIFY(!scrambler->isEnabled());
   }
 
   void FileOfAnotherModelIsRefused() {
@@ -135,61 +143,33 @@ class FileCommandsTest : public QObject {
     QVERIFY(desk.data.Flags.Cancel);
   }
 
-  void DroppedFileOpens() {
-    WindowDesk desk;
-    desk.Start();
-    SaveAs(desk, "/out/drop.dat");
-    desk.TriggerAndWait("mnuFileNew");
-    QMimeData dropped;
-    dropped.setUrls({QUrl::fromLocalFile("/out/drop.dat")});
-    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(desk.window.get(), &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(desk.window.get(), &drop);
-    QTRY_COMPARE(desk.window->windowTitle(), QString(kTitle) + " - drop.dat");
-  }
-
-  void ClosingAsksAboutChangedData_data() {
-    QTest::addColumn<bool>("changed");
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<bool>("closes");
-    const auto yes = static_cast<int>(Answer::kYes);
-    QTest::newRow("unchanged") << false << yes << "" << true;
-    QTest::newRow("cancel") << true << static_cast<int>(Answer::kCancel) << "" << false;
-    QTest::newRow("no") << true << static_cast<int>(Answer::kNo) << "" << true;
-    QTest::newRow("yes, saved") << true << yes << "/out/a.dat" << true;
-    QTest::newRow("yes, dialog cancelled") << true << yes << "" << false;
-    QTest::newRow("yes, disk full") << true << yes << "/full/a.dat" << false;
-  }
   void ClosingAsksAboutChangedData() {
-    QFETCH(bool, changed);
-    QFETCH(int, answer);
-    QFETCH(QString, path);
-    WindowDesk desk;
-    desk.Start();
-    desk.files.failing["/full/a.dat"] = {28, "No space left on device"};
-    if (changed) desk.window->DataChanged();
-    desk.prompts.answers = {static_cast<Answer>(answer)};
-    if (!path.isEmpty()) desk.dialogs.paths = {path.toStdString()};
-    QTEST(desk.window->close(), "closes");
-    QCOMPARE(desk.commands.ran, QStringList{"CloseHelp"});
-    QCOMPARE(desk.prompts.messages.empty(), !changed);
-    if (changed) {
-      QCOMPARE(desk.Messages()[0], "KIV data has changed.\r\nDo you want to save changes?");
-      QVERIFY(desk.prompts.messages[0].buttons == core::Buttons::kYesNoCancel);
+    const std::tuple<bool, Answer, const char*, bool> rows[] = {
+        {false, Answer::kYes, "", true},
+        {true, Answer::kCancel, "", false},
+        {true, Answer::kNo, "", true},
+        {true, Answer::kYes, "/out/a.dat", true},
+        {true, Answer::kYes, "", false},  // the dialog is cancelled
+        {true, Answer::kYes, "/full/a.dat", false}};
+    for (const auto& [changed, answer, path, closes] : rows) {
+      const testing::Row row(changed, static_cast<int>(answer), path);
+      WindowDesk desk;
+      desk.Start();
+      desk.files.failing["/full/a.dat"] = kDiskFull;
+      if (changed) desk.window->DataChanged();
+      if (changed) SaveAs(desk, "/out/a.dat");  // silences no question
+      desk.prompts.answers = {answer};
+      desk.dialogs.paths = {path};
+      desk.data.CurrentFileName.clear();
+      QCOMPARE(desk.window->close(), closes);
+      QCOMPARE(desk.commands.ran, QStringList{"CloseHelp"});
+      QCOMPARE(desk.prompts.messages.empty(), !changed);
+      if (changed) {
+        QCOMPARE(desk.Messages()[0], "KIV data has changed.\r\nDo you want to save changes?");
+        QVERIFY(desk.prompts.messages[0].buttons == core::Buttons::kYesNoCancel);
+      }
+      QCOMPARE(core::AppSettings(desk.settings).MainWindow().has_value(), closes);
     }
-    QTEST(core::AppSettings(desk.settings).MainWindow().has_value(), "closes");
-  }
-
-  void SavingDoesNotSilenceTheQuestion() {
-    WindowDesk desk;
-    desk.Start();
-    desk.window->DataChanged();
-    SaveAs(desk, "/out/a.dat");
-    desk.prompts.answers = {Answer::kCancel};
-    QVERIFY(!desk.window->close());
   }
 
   void WindowStaysWhileACommandWorks() {
