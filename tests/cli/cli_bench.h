@@ -14,30 +14,6 @@
 
 namespace orvane::cli {
 
-/// Lends a port that somebody else owns.
-class LentPort : public link::SerialPort {
- public:
-  explicit LentPort(link::SerialPort& port) : port_(port) {}
-  [[nodiscard]] std::optional<core::SystemError> Open() override { return port_.Open(); }
-  void Close() override { port_.Close(); }
-  [[nodiscard]] bool IsOpen() const override { return port_.IsOpen(); }
-  [[nodiscard]] std::size_t Waiting() override { return port_.Waiting(); }
-  [[nodiscard]] std::optional<std::uint8_t> ReadByte() override { return port_.ReadByte(); }
-  void DiscardInput() override { port_.DiscardInput(); }
-  [[nodiscard]] std::optional<core::SystemError> Write(
-      std::span<const std::uint8_t> bytes) override {
-    return port_.Write(bytes);
-  }
-  void SetDtr(bool on) override { port_.SetDtr(on); }
-  void SetRts(bool on) override { port_.SetRts(on); }
-  [[nodiscard]] std::optional<core::SystemError> Failure() const override {
-    return port_.Failure();
-  }
-
- private:
-  link::SerialPort& port_;
-};
-
 class OnePort : public link::PortFinder {
  public:
   [[nodiscard]] std::vector<link::FoundPort> FindPorts() override { return ports; }
@@ -70,6 +46,16 @@ class CliBench : public ::testing::Test {
     return err_.find(text) != std::string::npos;
   }
 
+  /// A port to the radio, which the clock follows from now on.
+  std::unique_ptr<link::SerialPort> MakePort(const std::string& device) {
+    opened.push_back(device);
+    auto port = std::make_unique<link::SimulatedPort>(bench.radio, bench.clock, 0);
+    bench.pump.on_wait = [cable = port.get()](double deadline) {
+      return cable->NextWake(deadline);
+    };
+    return port;
+  }
+
   core::RadioData sample = image::MakeSampleRadio(5, testing::ManualClock().Today());
   testing::SimulatedBench bench{link::RadioMemory(core::ProfileOf(5), sample.Image.Used())};
   testing::MemoryFiles files;
@@ -84,10 +70,7 @@ class CliBench : public ::testing::Test {
                     log,
                     ports,
                     interrupts,
-                    [this](const std::string& device) -> std::unique_ptr<link::SerialPort> {
-                      opened.push_back(device);
-                      return std::make_unique<LentPort>(bench.port);
-                    },
+                    [this](const std::string& device) { return MakePort(device); },
                     [this](const core::RadioData&) { return pdf; },
                     {}};
   std::string out_;

@@ -14,16 +14,12 @@ class TransferCommands : public CliBench {
   TransferCommands() {
     files.files["radio.hex"] = std::string(sample.Image.Used().begin(), sample.Image.Used().end());
   }
-  // Presses Ctrl-C once the radio has answered so many exchanges of the kind.
-  void InterruptAfter(ExchangeKind kind, int count) {
-    bench.radio.SetObserver([this, kind, count](const link::Exchange& exchange) {
-      bench.asked.push_back(exchange);
-      if (Count(kind) == count && exchange.kind == kind) interrupts.press();
-    });
-  }
   [[nodiscard]] long Count(ExchangeKind kind) const {
     return std::count_if(bench.asked.begin(), bench.asked.end(),
                          [=](const link::Exchange& exchange) { return exchange.kind == kind; });
+  }
+  void Fault(const char* text) {
+    bench.radio.SetFaults(link::FaultPlan({*link::ParseFault(text).fault}));
   }
   [[nodiscard]] std::string Memory() const {
     return {bench.radio.Memory().begin(), bench.radio.Memory().end()};
@@ -75,9 +71,8 @@ TEST_F(TransferCommands, EverythingIsCheckedBeforeThePortIsTouched) {
 }
 
 TEST_F(TransferCommands, APortThatCannotBeOpenedIsToldWithTheReason) {
-  const std::uint8_t byte = 'P';
-  bench.radio.SetFaults(link::FaultPlan({link::MakeFault(link::FaultKind::kUnplug, 1)}));
-  static_cast<void>(bench.radio.Receive(byte, 0));
+  Fault("unplug@1");
+  static_cast<void>(bench.radio.Receive('P', 0));
   ASSERT_FALSE(bench.radio.Plugged());
   EXPECT_EQ(Run(read_), kFailed);
   EXPECT_TRUE(err_.starts_with("Read from Radio: port inicialize error!!\n")) << err_;
@@ -85,7 +80,12 @@ TEST_F(TransferCommands, APortThatCannotBeOpenedIsToldWithTheReason) {
 }
 
 TEST_F(TransferCommands, CtrlCDuringAReadSendsCancelAndWritesNothing) {
-  InterruptAfter(ExchangeKind::kRead, 20);
+  bench.radio.SetObserver([this](const link::Exchange& exchange) {
+    bench.asked.push_back(exchange);
+    if (Count(ExchangeKind::kRead) == 20 && exchange.kind == ExchangeKind::kRead) {
+      interrupts.press();
+    }
+  });
   EXPECT_EQ(Run(read_), kFailed);
   EXPECT_EQ(err_, "Read from Radio: cancelled\n");
   EXPECT_EQ(Count(ExchangeKind::kCancel), 1);
@@ -103,16 +103,8 @@ TEST_F(TransferCommands, ProgramWritesTheFileIntoTheRadio) {
   EXPECT_NE(out_.find("    16: enable on name \"HARBOUR\""), std::string::npos);
 }
 
-TEST_F(TransferCommands, ACancelledProgramRunSaysThatTheRadioIsPartlyWritten) {
-  InterruptAfter(ExchangeKind::kWrite, 30);
-  EXPECT_EQ(Run({"--yes", "program", "--port", "16", "radio.hex"}), kFailed);
-  EXPECT_TRUE(ErrHas("Program to Radio: cancelled\nThe radio now holds a partly written image."))
-      << err_;
-}
-
 TEST_F(TransferCommands, ARadioThatRefusesForEverEndsTheRunEvenWithYes) {
-  bench.radio.SetFaults(
-      link::FaultPlan({link::MakeFault(link::FaultKind::kRefusal, ExchangeKind::kRead, 0)}));
+  Fault("refusal@read");
   Words words = read_;
   words.insert(words.begin(), "--yes");
   EXPECT_EQ(Run(words), kFailed);
@@ -122,8 +114,7 @@ TEST_F(TransferCommands, ARadioThatRefusesForEverEndsTheRunEvenWithYes) {
 }
 
 TEST_F(TransferCommands, ARadioThatCannotBeSynchronisedIsToldOf) {
-  bench.radio.SetFaults(
-      link::FaultPlan({link::MakeFault(link::FaultKind::kMissingReply, ExchangeKind::kSync, 2)}));
+  Fault("missing-reply@sync:2");
   EXPECT_EQ(Run(read_), kFailed);
   EXPECT_EQ(err_, "Read from Radio: the radio does not answer\n");
 }
@@ -139,16 +130,13 @@ TEST_F(TransferCommands, ProgressShowsOnATerminalOnly) {
 TEST_F(TransferCommands, DebugShowsTheStepsAndKeepsTheLog) {
   Words words = read_;
   words.emplace_back("--debug");
-  bench.radio.SetFaults(
-      link::FaultPlan({link::MakeFault(link::FaultKind::kUnplug, ExchangeKind::kRead, 1)}));
+  Fault("unplug@read:1");
   EXPECT_EQ(Run(words), kFailed);
   EXPECT_TRUE(err_.starts_with("startsync...\n")) << err_;
   EXPECT_TRUE(ErrHas("\nmodel check...\n"));
   ASSERT_EQ(log.lines.size(), 1U);
   EXPECT_TRUE(log.lines[0].starts_with("frmRadio102.ReadDataChkModel -> ")) << log.lines[0];
   log.lines.clear();
-  bench.radio.PlugIn();
-  files.failing["got.hex"] = {5, "x"};
   EXPECT_EQ(Run({"convert", "missing.hex", "x.dat"}), kFailed);
   EXPECT_TRUE(log.lines.empty()) << "outside debug mode nothing is logged";
 }
