@@ -1,3 +1,6 @@
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalSpy>
 #include <QToolButton>
 
 #include "core/app_settings.h"
@@ -10,38 +13,20 @@ using testing::WindowDesk;
 
 namespace {
 
-/// Puts a destination's template file beside the program.
-void PutTemplate(WindowDesk& desk, const std::string& name, std::int16_t model_type, bool sel1) {
-  const core::MemoryImage image =
-      image::MakeDestinationTemplate(model_type, sel1, desk.clock.today);
-  desk.files.files["/share/" + core::DestinationFileName(name, model_type)] =
-      std::string(image.Used().begin(), image.Used().end());
-}
+constexpr const char* kDestinations = "mnuDestination";
+constexpr const char* kPorts = "mnuOptionsSerialPort";
 
-QString ItemName(const char* name, int index) {
-  return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index);
-}
-
-QStringList VisibleItems(const WindowDesk& desk, const char* name, int count,
-                         bool checked_only = false) {
+/// The captions of the items on show in a menu, or of the checked ones alone.
+QStringList Captions(const WindowDesk& desk, const char* menu, bool checked_only = false) {
   QStringList texts;
-  for (int i = 0; i < count; ++i) {
-    const QAction& item = desk.Item(qPrintable(ItemName(name, i)));
-    if (item.isVisible() && (item.isChecked() || !checked_only)) texts << item.text();
+  for (const QAction* item : desk.Find<QMenu>(menu)->actions()) {
+    const bool shown = item->isVisible() && !item->isSeparator();
+    if (shown && (item->isChecked() || !checked_only)) texts << item->text();
   }
   return texts;
 }
-QStringList Destinations(const WindowDesk& desk) {
-  return VisibleItems(desk, "mnuDestination", 11);
-}
-QStringList CheckedDestinations(const WindowDesk& desk) {
-  return VisibleItems(desk, "mnuDestination", 11, true);
-}
-QStringList Ports(const WindowDesk& desk) {
-  return VisibleItems(desk, "mnuOptionsSerialPort1", 64);
-}
-QStringList CheckedPorts(const WindowDesk& desk) {
-  return VisibleItems(desk, "mnuOptionsSerialPort1", 64, true);
+QStringList Checked(const WindowDesk& desk, const char* menu) {
+  return Captions(desk, menu, true);
 }
 
 }  // namespace
@@ -53,26 +38,17 @@ class MenusTest : public QObject {
   void CaptionsAreTheSystemsOwn() {
     WindowDesk desk;
     desk.Start();
-    const std::pair<const char*, const char*> items[] = {
-        {"mnuFileNew", "&New"},
-        {"mnuFileOpen", "&Open"},
-        {"mnuFileSave", "&Save"},
-        {"mnuFileSaveAs", "Save &As..."},
-        {"mnuFilePrint", "&Print"},
-        {"mnuFilePrintFile", "P&rint to File"},
-        {"mnuFileExit", "E&xit"},
-        {"mnuEditModel_0", "&KT740 Series"},
-        {"mnuTransferProgram", "&Program to Radio"},
-        {"mnuTransferRead", "&Read from Radio"},
-        {"mnuOptionsSerialPortNone", "(not exist)"},
-        {"mnuHelpAbout", "&About KIV Version"}};
-    for (const auto& [name, caption] : items) QCOMPARE(desk.Item(name).text(), caption);
     QStringList menus;
     for (const QAction* menu : desk.window->menuBar()->actions()) menus << menu->text();
     QCOMPARE(menus,
              QStringList({"&File", "&Edit", "&Transfer", "&Destination", "&Options", "&Help"}));
+    QCOMPARE(Captions(desk, "mnuFile"), QStringList({"&New", "&Open", "&Save", "Save &As...",
+                                                     "&Print", "P&rint to File", "E&xit"}));
+    QCOMPARE(Captions(desk, "mnuEditModel"), QStringList({"&KT740 Series"}));
+    QCOMPARE(Captions(desk, "mnuTransfer"), QStringList({"&Program to Radio", "&Read from Radio"}));
+    QCOMPARE(Captions(desk, "mnuHelp"), QStringList({"&Contents", "&About KIV Version"}));
     for (const char* hidden : {"mnuEditModel_1", "mnuEditModel_2", "mnuEditModel_3"}) {
-      QVERIFY(!desk.Item(hidden).isVisible() && !desk.Item(hidden).isEnabled());
+      QVERIFY(!desk.Item(hidden).isEnabled());
     }
   }
 
@@ -98,45 +74,66 @@ class MenusTest : public QObject {
     QVERIFY(desk.commands.ran.isEmpty());
   }
 
-  void ImageKeysWorkInDebugModeOnly() {
-    for (const bool debug : {false, true}) {
-      WindowDesk desk;
-      desk.data.Flags.Debug = debug;
-      desk.Start();
-      QTest::keyClick(&desk.Tree(), Qt::Key_F3, Qt::ControlModifier);
-      QTest::keyClick(&desk.Tree(), Qt::Key_F2, Qt::ControlModifier);
-      QCOMPARE(desk.commands.ran, debug ? QStringList({"SaveHex", "LoadHex"}) : QStringList());
-    }
-  }
-
   void F1OpensTheHelpOfTheFocusedControl() {
     WindowDesk desk;
     desk.Start();
+    desk.data.LmrPresent() = true;
+    desk.window->RebuildTree();
     QTest::keyClick(&desk.Tree(), Qt::Key_F1);
-    desk.Tree().setProperty(editor::kHelpContextProperty, 2502);
-    QTest::keyClick(&desk.Tree(), Qt::Key_F1);
-    desk.Tree().setProperty(editor::kHelpContextProperty, 0);
-    QTest::keyClick(&desk.Tree(), Qt::Key_F1);
-    QCOMPARE(desk.commands.ran, QStringList({"Help 1000", "Help 2502"}));
+    for (const char* key : {"L1", "PU32"}) {
+      desk.window->SelectNode(key);
+      for (const char* name : {"chkCEnable", "txtCN_0", "txtCRF", "txtCTF"}) {
+        QTest::keyClick(desk.Find<QWidget>(name), Qt::Key_F1);
+      }
+    }
+    QCOMPARE(desk.commands.ran, QStringList({"Help 1000", "Help 2500", "Help 2501", "Help 2502",
+                                             "Help 2503", "Help 1028"}));
+  }
+
+  void AccessKeysOfMenusAndOtherWindowsWorkWhileAFrequencyIsWrong() {
+    WindowDesk desk;
+    desk.Start();
+    desk.data.LmrPresent() = desk.data.EXP[1].Enable = true;
+    desk.data.EXP[1].LMR_EXP = -1;
+    desk.window->RebuildTree();
+    desk.window->SelectNode("L1");
+    auto* box = desk.Find<QWidget>("txtCRF");
+    box->setFocus();
+    QTest::keyClicks(box, "120");
+    QDialog other(desk.window.get());
+    QPushButton button("&Yes", &other);
+    QSignalSpy clicked(&button, &QPushButton::clicked);
+    other.open();
+    QTRY_COMPARE(QApplication::activeWindow(), &other);
+    QTest::keyClick(&button, Qt::Key_Y, Qt::AltModifier);
+    QTRY_COMPARE(clicked.count(), 1);
+    other.close();
+    desk.window->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), desk.window.get());
+    QVERIFY(desk.prompts.messages.empty());
+    QTest::keyClick(box, Qt::Key_M, Qt::AltModifier);  // one of the page's own
+    QTRY_COMPARE(desk.Messages(), QStringList{"Data Error!!"});
+    QVERIFY(box->hasFocus() && !desk.data.EXP[1].ScanMemory);
+    QTest::keyClick(box, Qt::Key_F, Qt::AltModifier);
+    QVERIFY(desk.Find<QMenu>("mnuFile")->isVisible());
+    QCOMPARE(desk.Messages().size(), 1);
   }
 
   void PortMenuIsFreshEachTimeItOpens() {
     WindowDesk desk;
     desk.Start();
-    auto* menu = desk.Find<QMenu>("mnuOptionsSerialPort");
-    QVERIFY(desk.Item("mnuOptionsSerialPortNone").isVisible());
-    QCOMPARE(Ports(desk), QStringList());
+    QCOMPARE(Captions(desk, kPorts), QStringList{"(not exist)"});
     desk.ports.Add(12, "USB & Serial");
     desk.ports.Add(2, "Communications Port");
-    emit menu->aboutToShow();
-    QCOMPARE(Ports(desk), QStringList({"COM2 Communications Port ", "COM12 USB && Serial "}));
-    QVERIFY(!desk.Item("mnuOptionsSerialPortNone").isVisible());
+    emit desk.Find<QMenu>(kPorts)->aboutToShow();
+    QCOMPARE(Captions(desk, kPorts),
+             QStringList({"COM2 Communications Port ", "COM12 USB && Serial "}));
     desk.Item("mnuOptionsSerialPort1_1").trigger();
-    QCOMPARE(CheckedPorts(desk), QStringList({"COM12 USB && Serial "}));
+    QCOMPARE(Checked(desk, kPorts), QStringList({"COM12 USB && Serial "}));
     QCOMPARE(core::AppSettings(desk.settings).PortNumber(), 12);
     QCOMPARE(desk.window->PortNumber(), 12);
     desk.Item("mnuOptionsSerialPort1_1").trigger();  // picking it again keeps it
-    QCOMPARE(CheckedPorts(desk).size(), 1);
+    QCOMPARE(Checked(desk, kPorts).size(), 1);
   }
 
   void StoredPortIsUsedEvenWhenItIsGone() {
@@ -144,28 +141,33 @@ class MenusTest : public QObject {
     core::AppSettings(desk.settings).SetPortNumber(3);
     desk.ports.Add(1, "Built in");
     desk.Start();
-    QCOMPARE(CheckedPorts(desk), QStringList());
+    QCOMPARE(Checked(desk, kPorts), QStringList());
     QCOMPARE(desk.window->PortNumber(), 3);
   }
 
-  void BuiltInDestinationsNeedNoFile() {
+  void DestinationIsAskedForAndMayHaveNoFile() {
     WindowDesk desk;
     desk.Start();
-    QCOMPARE(Destinations(desk), QStringList({"KT740-usa", "KT520-usa"}));
-    QCOMPARE(CheckedDestinations(desk), QStringList({"KT740-usa"}));
-    desk.prompts.messages.clear();
+    QCOMPARE(Captions(desk, kDestinations), QStringList({"KT740-usa", "KT520-usa"}));
+    QCOMPARE(Checked(desk, kDestinations), QStringList({"KT740-usa"}));
+    desk.window->DataChanged();
+    desk.prompts.answers = {core::Answer::kCancel, core::Answer::kOk};
     desk.Item("mnuDestination_1").trigger();
-    QCOMPARE(desk.Messages(),
-             QStringList({"Do yo want to change to KT520-usa?", "IniFileRead Error!!"}));
-    QVERIFY(desk.prompts.messages[1].icon == core::Icon::kExclamation);
-    QCOMPARE(CheckedDestinations(desk), QStringList({"KT740-usa"}));
+    QVERIFY(desk.data.Flags.DataChanged);
+    desk.Item("mnuDestination_1").trigger();
+    const QString question = "Do yo want to change to KT520-usa?";
+    QCOMPARE(desk.Messages(), QStringList({question, question, "IniFileRead Error!!"}));
+    QVERIFY(desk.prompts.messages[2].icon == core::Icon::kExclamation);
+    QCOMPARE(Checked(desk, kDestinations), QStringList({"KT740-usa"}));
   }
 
   void DestinationReplacesTheDataSet() {
     WindowDesk desk;
-    PutTemplate(desk, "KT520-usa", 5, false);
+    const core::MemoryImage image = image::MakeDestinationTemplate(5, false, desk.clock.today);
+    desk.files.files["/share/" + core::DestinationFileName("KT520-usa", 5)] =
+        std::string(image.Used().begin(), image.Used().end());
     desk.Start();
-    QCOMPARE(Destinations(desk), QStringList({"KT520-usa", "KT740-usa"}));
+    QCOMPARE(Captions(desk, kDestinations), QStringList({"KT520-usa", "KT740-usa"}));
     desk.window->DataChanged();
     desk.data.CurrentFileName = "/boat.dat";
     desk.window->SelectNode("Common");
@@ -177,22 +179,12 @@ class MenusTest : public QObject {
     QVERIFY(!desk.data.Flags.DataChanged);
     QVERIFY(desk.data.CurrentFileName.empty());
     QCOMPARE(desk.PageName(), "pictGeneral");
-    QCOMPARE(CheckedDestinations(desk), QStringList({"KT520-usa"}));
+    QCOMPARE(Checked(desk, kDestinations), QStringList({"KT520-usa"}));
     QCOMPARE(core::AppSettings(desk.settings).Destination(5), "KT520-usa");
 
     desk.Item("mnuDestination_0").trigger();  // checked already: nothing is asked
     QCOMPARE(desk.Messages().size(), 1);
-    QCOMPARE(CheckedDestinations(desk), QStringList({"KT520-usa"}));
-  }
-
-  void DecliningADestinationKeepsEverything() {
-    WindowDesk desk;
-    desk.Start();
-    desk.window->DataChanged();
-    desk.prompts.answers = {core::Answer::kCancel};
-    desk.Item("mnuDestination_1").trigger();
-    QVERIFY(desk.data.Flags.DataChanged);
-    QCOMPARE(CheckedDestinations(desk), QStringList({"KT740-usa"}));
+    QCOMPARE(Checked(desk, kDestinations), QStringList({"KT520-usa"}));
   }
 
   void ModelCommandStartsAFreshDataSetOfTheModel() {
@@ -215,23 +207,17 @@ class MenusTest : public QObject {
     QCOMPARE(desk.prompts.messages.size(), asked);
   }
 
-  void EachModelCommandSelectsItsModel_data() {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("model_type");
-    const std::pair<int, int> rows[] = {{0, 4}, {1, 1}, {2, 0}, {3, 3}};
-    for (const auto& [index, model_type] : rows) {
-      QTest::addRow("command %d", index) << index << model_type;
-    }
-  }
   void EachModelCommandSelectsItsModel() {
-    QFETCH(int, index);
-    WindowDesk desk;
-    core::AppSettings(desk.settings).SetModelType(2);
-    desk.Start();
-    const QByteArray name = ItemName("mnuEditModel", index).toLatin1();
-    desk.Item(name.constData()).setEnabled(true);
-    desk.TriggerAndWait(name.constData());
-    QTEST(int{desk.data.MODELTYPE}, "model_type");
+    const std::pair<const char*, int> rows[] = {
+        {"mnuEditModel_0", 4}, {"mnuEditModel_1", 1}, {"mnuEditModel_2", 0}, {"mnuEditModel_3", 3}};
+    for (const auto& [name, model_type] : rows) {
+      WindowDesk desk;
+      core::AppSettings(desk.settings).SetModelType(2);
+      desk.Start();
+      desk.Item(name).setEnabled(true);
+      desk.TriggerAndWait(name);
+      QCOMPARE(int{desk.data.MODELTYPE}, model_type);
+    }
   }
 };
 
