@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QDialog>
+#include <QDirIterator>
 #include <QFile>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
@@ -42,46 +43,37 @@ constexpr int kContexts[] = {kProgramContext,
                              2502,
                              2503};
 
-// What message boxes say, without what is filled in.
-constexpr const char* kMessages[] = {
-    "port inicialize error!!",
-    "Communication Error!!",
-    "ACMD Command error!!",
-    "time out!!",
-    "cancel!!",
-    "address error!!",
-    "data error!!",
-    "confirm the synchronization of the communication",
-    "Radio is busy!!",
-    "Radio not ready!!",
-    "ModelType Error !!",
-    "Product Error !!",
-    "Destination Error !!",
-    "Complete!!",
+// Messages with a name filled in, and those that end unlike any other.
+constexpr const char* kOtherMessages[] = {
     "The radio now holds a partly written image. Do not use it until it has been programmed again.",
-    "different model!!",
-    "FileRead Error!!",
-    "FileSave Error!!",
-    "bad file!!",
-    "ProductType Error !!",
-    "IniFileRead Error!!",
-    "KIV data has changed. Do you want to save changes?",
-    "Print Error!!",
-    "This computer has no printer. Do you want to save the printout as a PDF file?",
-    "Data Error!! Please input correct data.",
     "Do yo want to program the KT520 series?",
     "Do yo want to change to KT740-usa?",
-    "FCC Rule Caution! Your Data includes some Wide bandwidth CHs in 150 - 174 MHz band. After "
-    "Jan.1, 2013, You must change their CHs to Narrow bandwidth. Your Data was changed Wide CHs to "
-    "Narrow, and Do you start downloading them?",
-    "Do you change their CHs to Narrow bandwidth automatically, and start Do you start downloading "
-    "them? Yes : It will be change the bandwidth into Narrow and start downloading. No : It will "
-    "start downloading (w/o changing the bandwidth)",
-    "FCC Rule Caution! After Jan.1, 2013, You must change some Wide CHs to Narrow in the 150 - 174 "
-    "MHz band. Your Data was changed Wide CHs to Narrow.",
+    "Your Data was changed Wide CHs to Narrow.",
+    "No : It will start downloading (w/o changing the bandwidth)",
     kNoHelpText,
     "(not exist)",
 };
+
+/// The texts in the source files that end as messages do, in "!!" or a question mark. Texts that
+/// only a line break parts are one text; line breaks in them are blanks.
+QStringList MessagesInSources() {
+  static const QRegularExpression kComment("^\\s*//.*$", QRegularExpression::MultilineOption);
+  static const QRegularExpression kSeam("\"\\s*\n\\s*\"");
+  static const QRegularExpression kText("\"((?:[^\"\\\\\n]|\\\\.)*(?:!!|[^\"]\\?))\"");
+  QStringList messages;
+  QDirIterator files(ORVANE_SOURCES, {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    QFile file(files.next());
+    if (!file.open(QIODevice::ReadOnly)) continue;
+    QString source = QString::fromUtf8(file.readAll());
+    source.remove(kComment).remove(kSeam);
+    auto texts = kText.globalMatch(source);
+    while (texts.hasNext()) {
+      messages += texts.next().captured(1).replace("\\r", " ").replace("\\n", " ").simplified();
+    }
+  }
+  return messages;
+}
 
 class Pages {
  public:
@@ -178,7 +170,12 @@ class HelpTest : public QObject {
     QTextDocument document;
     document.setHtml(pages.Html(QUrl("qthelp://orvane/help/messages.html")));
     const QString text = document.toPlainText().simplified();
-    for (const char* message : kMessages) QVERIFY2(text.contains(QLatin1String(message)), message);
+    QStringList messages = MessagesInSources();
+    QVERIFY2(messages.contains("Communication Error!!"), "the source files are not found");
+    for (const char* message : kOtherMessages) messages += message;
+    for (const QString& message : messages) {
+      QVERIFY2(text.contains(message), qPrintable(message));
+    }
   }
 
   void SearchFindsPagesByTheirWords() {

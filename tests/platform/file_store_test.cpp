@@ -1,12 +1,9 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <cerrno>
-#include <csignal>
-#include <optional>
 
 #include "platform/ansi_text.h"
 #include "platform/qt_file_store.h"
@@ -25,26 +22,6 @@ class FileStore : public ::testing::Test {
   QtFileStore store_;
 };
 
-// While it lives, no file of this process grows beyond the size.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : old_handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit limit{bytes, old_.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-  ~FileSizeLimit() {
-    ::setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, old_handler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*old_handler_)(int);
-};
-
 TEST_F(FileStore, KeepsAllBytesUnderNamesOutsideAscii) {
   const std::string path = Path("B\u00F6otchen \u03A9.dat");
   const std::string bytes("a\0\r\n\xFF", 5);
@@ -53,20 +30,6 @@ TEST_F(FileStore, KeepsAllBytesUnderNamesOutsideAscii) {
   EXPECT_EQ(store_.FileSize(path), 5U);
   EXPECT_EQ(store_.ListFolder(ToUtf8(folder_.path())),
             std::vector<std::string>{"B\u00F6otchen \u03A9.dat"});
-}
-
-TEST_F(FileStore, AWriteThatTheDiskCannotTakeLeavesTheOldFileAndNothingElse) {
-  const std::string path = Path("boat.dat");
-  ASSERT_FALSE(store_.WriteFile(path, "old"));
-  {
-    const FileSizeLimit limit(65536);
-    const auto failure = store_.WriteFile(path, std::string(262144, 'n'));
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->number, EFBIG);
-    EXPECT_FALSE(failure->description.empty());
-  }
-  EXPECT_EQ(store_.ReadFile(path).bytes, "old");
-  EXPECT_EQ(Names(), QStringList{"boat.dat"});
 }
 
 TEST_F(FileStore, TellsBeforehandWhatCannotBeWrittenAndChangesNothing) {

@@ -9,10 +9,11 @@
 
 namespace orvane::platform {
 
-/// A pseudo-terminal: the device a program opens as its serial port, and the far end of the cable.
+/// A pseudo-terminal: the device a program opens as its serial port, and the far end of the cable,
+/// which programs that a test starts do not inherit.
 class Pty {
  public:
-  Pty() : far_end_(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK)) {
+  Pty() : far_end_(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {
     ::grantpt(far_end_);
     ::unlockpt(far_end_);
     std::array<char, 64> name{};
