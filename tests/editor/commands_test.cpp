@@ -336,10 +336,7 @@ class CommandsTest : public QObject {
       stopped("image file");
       QVERIFY(Drop(desk, "/out/boat.dat"));
       stopped("dropped file");
-      desk.Tree().scrollToTop();
-      QTest::mouseClick(desk.Tree().viewport(), Qt::LeftButton, {},
-                        desk.Tree().visualRect(desk.Tree().model()->index(0, 0)).center());
-      QCoreApplication::processEvents();
+      desk.window->SelectNode("General");
       stopped("another node");
       desk.prompts.answers = {Answer::kYes};
       QVERIFY(!desk.window->close());

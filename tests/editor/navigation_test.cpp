@@ -1,12 +1,15 @@
+#include <QLayout>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QScrollBar>
+#include <QSet>
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QTableView>
-#include <QVBoxLayout>
 
+#include "core/app_settings.h"
 #include "editor/navigator.h"
-#include "image/codec.h"
+#include "support/row.h"
 #include "window_desk.h"
 
 using namespace orvane;
@@ -14,63 +17,74 @@ using testing::WindowDesk;
 
 namespace {
 
-/// Counts how often it is filled and checked; refuses to be left when told to.
-class StubbornPage : public editor::Page {
- public:
-  explicit StubbornPage(editor::PageServices services) : Page(services) {
-    (new QVBoxLayout(this))->addWidget(new QLineEdit(this));
-  }
-  void Fill(const editor::NodeRef& node) override { filled << editor::KeyOf(node); }
-  [[nodiscard]] bool Check() override {
-    ++checks;
-    return passes;
-  }
-  QStringList filled;
-  int checks = 0;
-  bool passes = true;
-};
+const editor::TreeModel& Model(const WindowDesk& desk) {
+  return *qobject_cast<editor::TreeModel*>(desk.Tree().model());
+}
 
-class HintHost : public editor::PageHost {
- public:
-  void DataChanged() override {}
-  void RebuildTree() override {}
-  void RefreshMarks() override {}
-  void ShowHint(const QString& text) override { hint = text; }
-  void SelectNode(const QString& /*key*/) override {}
-  QString hint;
-};
+void Click(const WindowDesk& desk, const QString& key) {
+  const QModelIndex index = Model(desk).IndexOfKey(key);
+  desk.Tree().scrollTo(index);
+  QTest::mouseClick(desk.Tree().viewport(), Qt::LeftButton, {},
+                    desk.Tree().visualRect(index).center());
+}
 
-/// Tree and page area alone, every node shown by the same page.
-struct Sides {
-  core::RadioData data;
-  testing::ScriptedPrompts prompts;
-  testing::ManualClock clock;
-  HintHost host;
-  std::unique_ptr<editor::TreeModel> model;
-  std::unique_ptr<editor::NavTree> tree;
-  editor::PageArea area;
-  StubbornPage* page;
-  std::unique_ptr<editor::Navigator> navigator;
+/// Shows a channel in use without a frequency: each page check shows a message and fails.
+void ShowIncompleteChannel(WindowDesk& desk) {
+  desk.data.LmrPresent() = true;
+  desk.data.EXP[1].Enable = true;
+  desk.data.EXP[1].LMR_EXP = -1;
+  desk.window->RebuildTree();
+  desk.window->SelectNode("L1");
+}
 
-  Sides() {
-    image::ResetToDefaults(data, clock.today);
-    model = std::make_unique<editor::TreeModel>(data);
-    tree = std::make_unique<editor::NavTree>(*model);
-    page = new StubbornPage({data, prompts, clock, host});
-    area.Add(page);
-    navigator = std::make_unique<editor::Navigator>(
-        *tree, area, editor::Navigator::Pages{page, page, page, page, page, page, page}, host);
-    tree->expandAll();
-    tree->resize(200, 300);
-    tree->show();
-    area.show();
-    navigator->Select("Common");
+void ShowAllGroups(WindowDesk& desk) {
+  desk.data.LmrPresent() = true;
+  desk.data.ExpPresent = true;
+  desk.window->RebuildTree();
+}
+
+/// The controls that the Tab key reaches when all are enabled, in its order.
+QList<const QWidget*> FocusChain(const QWidget& window) {
+  QList<const QWidget*> chain;
+  for (const QWidget* control = window.nextInFocusChain(); control != &window;
+       control = control->nextInFocusChain()) {
+    if ((control->focusPolicy() & Qt::TabFocus) != 0 && control->isVisible()) chain << control;
   }
-  void Click(const QString& key) const {
-    const QModelIndex index = model->IndexOfKey(key);
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(index).center());
+  return chain;
+}
+
+/// Those of the menu bar and of the page on show.
+QStringList AccessKeys(const QMainWindow& window) {
+  QStringList keys;
+  const auto add = [&keys](const QKeySequence& key) {
+    if (!key.isEmpty()) keys << key.toString();
+  };
+  for (const QAction* menu : window.menuBar()->actions()) add(QKeySequence::mnemonic(menu->text()));
+  for (const auto* button : window.findChildren<QAbstractButton*>()) {
+    if (button->isVisible()) add(button->shortcut());
   }
-};
+  for (const auto* label : window.findChildren<QLabel*>()) {
+    if (label->isVisible() && label->buddy()) add(QKeySequence::mnemonic(label->text()));
+  }
+  return keys;
+}
+
+const QLayout* LayoutOf(const QWidget& control) {
+  for (const auto* layout : control.parentWidget()->findChildren<QLayout*>()) {
+    if (layout->indexOf(&control) >= 0) return layout;
+  }
+  return nullptr;
+}
+
+/// Further down, or to the right. Above only in a column of its own.
+bool ReadsAfter(const QWidget& before, const QWidget& after) {
+  const auto place = [](const QWidget& control) {
+    return QRect(control.mapTo(control.window(), QPoint()), control.size());
+  };
+  if (place(after).top() > place(before).bottom()) return true;
+  if (place(after).left() <= place(before).right()) return false;
+  return place(after).bottom() >= place(before).top() || LayoutOf(before) != LayoutOf(after);
+}
 
 }  // namespace
 
@@ -79,130 +93,139 @@ class NavigationTest : public QObject {
 
  private slots:
   void ClickAndKeyShowTheNodesPage() {
-    Sides sides;
-    sides.Click("PU1");
-    QTest::keyClick(sides.tree.get(), Qt::Key_Down);
-    QCOMPARE(sides.page->filled, QStringList({"Common", "PU1", "PU2"}));
-    QCOMPARE(sides.host.hint, QLatin1String(editor::kTreeHint));
+    WindowDesk desk;
+    desk.Start();
+    Click(desk, "Common");
+    QCOMPARE(desk.PageName(), "pictCommon");
+    QTest::keyClick(&desk.Tree(), Qt::Key_Down);
+    QCOMPARE(desk.PageName(), "pictGrey");
+    QCOMPARE(desk.Hint(), QLatin1String(editor::kTreeHint));
   }
 
-  void BadPageKeepsItsNodeWhateverTheWayOut_data() {
-    QTest::addColumn<QString>("way");
-    for (const char* way : {"click", "key", "jump"}) QTest::addRow("%s", way) << way;
-  }
   void BadPageKeepsItsNodeWhateverTheWayOut() {
-    QFETCH(QString, way);
-    Sides sides;
-    sides.page->passes = false;
-    if (way == "click") sides.Click("PU1");
-    if (way == "key") QTest::keyClick(sides.tree.get(), Qt::Key_Down);
-    if (way == "jump") sides.navigator->Select("PU5");
-    QCOMPARE(sides.page->checks, 1);
-    QCOMPARE(sides.tree->CurrentKey(), "Common");
-    QCOMPARE(sides.tree->selectionModel()->selectedIndexes(),
-             QModelIndexList{sides.model->IndexOfKey("Common")});
-    QCOMPARE(sides.page->filled, QStringList{"Common"});
+    for (const QString way : {"click", "key", "jump"}) {
+      const testing::Row row(way);
+      WindowDesk desk;
+      desk.Start();
+      ShowIncompleteChannel(desk);
+      if (way == "click") Click(desk, "General");
+      if (way == "key") QTest::keyClick(&desk.Tree(), Qt::Key_Down);
+      if (way == "jump") desk.window->SelectNode("PU5");
+      QCOMPARE(desk.Messages().size(), 1);
+      QCOMPARE(desk.Tree().CurrentKey(), "L1");
+      QCOMPARE(desk.Tree().selectionModel()->selectedIndexes(),
+               QModelIndexList{Model(desk).IndexOfKey("L1")});
+      QCOMPARE(desk.PageName(), "pictC");
+      QCOMPARE(desk.Find<QLineEdit>("txtCRF")->text(), "---.----");
+    }
   }
 
-  void ClickOnTheNodeOnShowChecksNothing() {
-    Sides sides;
-    sides.host.hint.clear();
-    sides.Click("Common");
-    QCOMPARE(sides.page->checks, 0);
-    QCOMPARE(sides.host.hint, QLatin1String(editor::kTreeHint));
-  }
-
-  void UnknownKeyChangesNothing() {
-    Sides sides;
-    sides.navigator->Select("L3");  // the group is switched off
-    sides.navigator->Select("nonsense");
-    QCOMPARE(sides.navigator->CurrentKey(), "Common");
-    QCOMPARE(sides.page->checks, 0);
+  void NodeOnShowAndUnknownNodesCheckNothing() {
+    WindowDesk desk;
+    desk.Start();
+    ShowIncompleteChannel(desk);
+    desk.window->ShowHint({});
+    Click(desk, "L1");
+    QCOMPARE(desk.Hint(), QLatin1String(editor::kTreeHint));
+    for (const char* key : {"E3", "nonsense"}) desk.window->SelectNode(key);
+    QVERIFY(desk.prompts.messages.empty());
+    QCOMPARE(desk.Tree().CurrentKey(), "L1");
   }
 
   void RebuildKeepsExpansionSelectionAndScroll() {
-    Sides sides;
-    sides.tree->collapse(sides.model->IndexOfKey("PI"));
-    sides.navigator->Select("PU100");
-    sides.tree->verticalScrollBar()->setValue(60);
-    const QString top = sides.tree->indexAt({0, 0}).data(editor::TreeModel::kKeyRole).toString();
-    sides.data.ExpPresent = true;
-    sides.data.Usable[2].Enable = false;
-    sides.tree->Rebuild();
-    QVERIFY(sides.tree->isExpanded(sides.model->IndexOfKey("PU")));
-    QVERIFY(!sides.tree->isExpanded(sides.model->IndexOfKey("PI")));
-    QCOMPARE(sides.tree->CurrentKey(), "PU100");
-    QCOMPARE(sides.tree->indexAt({0, 0}).data(editor::TreeModel::kKeyRole).toString(), top);
-    QCOMPARE(sides.page->filled, QStringList({"Common", "PU100"}));
+    WindowDesk desk;
+    desk.Start();
+    editor::NavTree& tree = desk.Tree();
+    tree.expandAll();
+    tree.collapse(Model(desk).IndexOfKey("PI"));
+    desk.window->SelectNode("PU100");
+    tree.verticalScrollBar()->setValue(60);
+    const QString top = tree.indexAt({0, 0}).data(editor::TreeModel::kKeyRole).toString();
+    desk.data.ExpPresent = true;
+    desk.data.Usable[2].Enable = false;
+    tree.Rebuild();
+    QVERIFY(tree.isExpanded(Model(desk).IndexOfKey("PU")));
+    QVERIFY(!tree.isExpanded(Model(desk).IndexOfKey("PI")));
+    QCOMPARE(tree.CurrentKey(), "PU100");
+    QCOMPARE(tree.indexAt({0, 0}).data(editor::TreeModel::kKeyRole).toString(), top);
   }
 
-  void EachKindOfNodeShowsItsPageAndOnlyThatIsEnabled_data() {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("page");
+  void EachKindOfNodeShowsItsPageAndOnlyThatIsEnabled() {
+    WindowDesk desk;
+    desk.Start();
+    ShowAllGroups(desk);
     const std::pair<const char*, const char*> rows[] = {
         {"General", "pictGeneral"}, {"Program", "pictGrey"}, {"Usable", "pictUsable"},
         {"Common", "pictCommon"},   {"PU", "pictB"},         {"PC", "pictB"},
         {"LMRChannel", "pictB"},    {"ExpChannel", "pictB"}, {"PI37", "pictC"},
-        {"L40", "pictC"},           {"E1", "pictC"},         {"PW", "pictD"}};
-    for (const auto& [key, page] : rows) QTest::addRow("%s", key) << key << page;
-  }
-  void EachKindOfNodeShowsItsPageAndOnlyThatIsEnabled() {
-    WindowDesk desk;
-    desk.Start();
-    desk.data.LmrPresent() = true;
-    desk.data.ExpPresent = true;
-    desk.window->RebuildTree();
-    QFETCH(QString, key);
-    desk.window->SelectNode(key);
-    QTEST(desk.PageName(), "page");
-    int enabled = 0;
-    for (const editor::Page* page : desk.window->findChild<editor::PageArea*>()->Pages()) {
-      enabled += page->isEnabled() ? 1 : 0;
+        {"L40", "pictC"},           {"PW", "pictD"}};
+    for (const auto& [key, page] : rows) {
+      const testing::Row row(key);
+      desk.window->SelectNode(key);
+      QCOMPARE(desk.PageName(), page);
+      int enabled = 0;
+      for (const editor::Page* other : desk.window->findChild<editor::PageArea*>()->Pages()) {
+        enabled += other->isEnabled() ? 1 : 0;
+      }
+      QCOMPARE(enabled, 1);
     }
-    QCOMPARE(enabled, 1);
     QVERIFY(!desk.data.Flags.DataChanged);
   }
 
-  void EnterDoesNothingInTheTree() {
+  void EveryPageCanBeWorkedByKeyboardAndIsNamed() {
+    for (const std::int16_t model_type : {std::int16_t{1}, std::int16_t{5}}) {
+      WindowDesk desk;
+      core::AppSettings(desk.settings).SetModelType(model_type);
+      desk.Start();
+      ShowAllGroups(desk);
+      for (const char* key : {"Usable", "Common", "PU", "PU32", "L1", "PW", "E1"}) {
+        const testing::Row row(model_type, key);
+        desk.window->SelectNode(key);
+        QCOMPARE(desk.Tree().CurrentKey(), key);
+        QCoreApplication::processEvents();  // the layout is done
+        const QWidget* before = nullptr;
+        for (const QWidget* control : FocusChain(*desk.window)) {
+          const testing::Row at(control->objectName(), before);
+          QVERIFY(!control->objectName().isEmpty() && !control->accessibleName().isEmpty());
+          if (!desk.window->findChild<editor::PageArea*>()->isAncestorOf(control)) continue;
+          QVERIFY(before == nullptr || ReadsAfter(*before, *control));
+          before = control;
+        }
+        QVERIFY(before != nullptr);
+        const QStringList keys = AccessKeys(*desk.window);
+        QVERIFY2(QSet<QString>(keys.begin(), keys.end()).size() == keys.size(),
+                 qPrintable(keys.join(' ')));
+      }
+    }
+  }
+
+  void EnterActsInTheGridOnly() {
     WindowDesk desk;
     desk.Start();
     QSignalSpy activated(&desk.Tree(), &QAbstractItemView::activated);
     QTest::keyClick(&desk.Tree(), Qt::Key_Return);
     QTest::keyClick(&desk.Tree(), Qt::Key_Enter);
     QCOMPARE(activated.count(), 0);
-  }
-
-  void EnterInTheGridJumpsIntoTheChannelsPage() {
-    WindowDesk desk;
-    desk.Start();
     desk.window->SelectNode("PU");
     auto* grid = desk.Find<QTableView>("MSFlexGrid1");
     grid->setFocus();
     QTest::keyClick(grid, Qt::Key_Return);
     QCOMPARE(desk.Tree().CurrentKey(), "PU3");  // 01A, the first enabled channel
-    QCOMPARE(desk.PageName(), "pictC");
     QCOMPARE(QApplication::focusWidget()->objectName(), "chkCEnable");
     QCOMPARE(desk.Hint(), "[Space]:An effective and invalid change.");
   }
 
-  void F6MovesBetweenTreeAndPage() {
-    WindowDesk desk;
-    desk.Start();
-    desk.window->SelectNode("Common");
-    desk.Tree().setFocus();
-    QTest::keyClick(&desk.Tree(), Qt::Key_F6);
-    QWidget* inside = QApplication::focusWidget();
-    QVERIFY(desk.window->findChild<editor::PageArea*>()->isAncestorOf(inside));
-    QTest::keyClick(inside, Qt::Key_F6);
-    QCOMPARE(QApplication::focusWidget(), &desk.Tree());
-  }
-
-  void TypingFindsANode() {
+  void TypingFindsANodeAndF6MovesIntoItsPageAndBack() {
     WindowDesk desk;
     desk.Start();
     QTest::keyClicks(&desk.Tree(), "av");
     QCOMPARE(desk.Tree().CurrentKey(), "Usable");
     QCOMPARE(desk.PageName(), "pictUsable");
+    QTest::keyClick(&desk.Tree(), Qt::Key_F6);
+    QWidget* inside = QApplication::focusWidget();
+    QVERIFY(desk.window->findChild<editor::PageArea*>()->isAncestorOf(inside));
+    QTest::keyClick(inside, Qt::Key_F6);
+    QCOMPARE(QApplication::focusWidget(), &desk.Tree());
   }
 
   void TreeTakesThirtyPercentAndTheSplitterStopsAtItsEnds() {

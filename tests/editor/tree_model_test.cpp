@@ -1,9 +1,11 @@
 #include <QAbstractItemModelTester>
 #include <QTest>
+#include <tuple>
 
 #include "editor/tree_model.h"
 #include "image/codec.h"
 #include "support/fakes.h"
+#include "support/row.h"
 
 using orvane::core::RadioData;
 using orvane::editor::KeyOf;
@@ -11,6 +13,7 @@ using orvane::editor::NodeKind;
 using orvane::editor::NodeOfKey;
 using orvane::editor::NodeRef;
 using orvane::editor::TreeModel;
+using orvane::testing::Row;
 
 namespace {
 
@@ -84,63 +87,44 @@ class TreeModelTest : public QObject {
     QCOMPARE(ChildKeys(model, {}), QStringList({"General", "Program"}));
   }
 
-  void MarksFollowTheModel_data() {
-    QTest::addColumn<int>("model_type");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("lmr_root");
-    QTest::addColumn<QString>("lmr_channel");
-    QTest::addColumn<QString>("exp_channel");
-    for (const int model : {0, 1, 3}) {
-      QTest::addRow("model %d", model) << model << 0 << "EXP Channel"
-                                       << "EXP7[Enable]"
-                                       << "EXP7[Enable]";
-    }
-    for (const int model : {4, 6}) {
-      QTest::addRow("model %d", model) << model << 0 << "LMR Channel"
-                                       << "LMR7[Enable]"
-                                       << "EXP7[Enable]";
-    }
-    QTest::addRow("model 5, EXP entry") << 5 << 0 << "LMR Channel"
-                                        << "LMR7"
-                                        << "EXP7[Enable]";
-    QTest::addRow("model 5, LMR entry") << 5 << -1 << "LMR Channel"
-                                        << "LMR7[Enable]"
-                                        << "EXP7";
-  }
   void MarksFollowTheModel() {
-    QFETCH(int, model_type);
-    QFETCH(int, kind);
-    RadioData data = NewData(model_type);
-    data.EXP[7].Enable = true;
-    data.EXP[7].LMR_EXP = static_cast<std::int16_t>(kind);
-    data.EXP[8].Enable = false;
-    const TreeModel model(data);
-    QTEST(TextOf(model, "LMRChannel"), "lmr_root");
-    QTEST(TextOf(model, "L7"), "lmr_channel");
-    QTEST(TextOf(model, "E7"), "exp_channel");
-    QVERIFY(!TextOf(model, "L8").endsWith("[Enable]"));
-    QCOMPARE(TextOf(model, "ExpChannel"), "EXP Channel");
+    const std::tuple<int, int, const char*, const char*, const char*> rows[] = {
+        {0, 0, "EXP Channel", "EXP7[Enable]", "EXP7[Enable]"},
+        {1, 0, "EXP Channel", "EXP7[Enable]", "EXP7[Enable]"},
+        {3, 0, "EXP Channel", "EXP7[Enable]", "EXP7[Enable]"},
+        {4, 0, "LMR Channel", "LMR7[Enable]", "EXP7[Enable]"},
+        {6, 0, "LMR Channel", "LMR7[Enable]", "EXP7[Enable]"},
+        {5, 0, "LMR Channel", "LMR7", "EXP7[Enable]"},
+        {5, -1, "LMR Channel", "LMR7[Enable]", "EXP7"}};
+    for (const auto& [model_type, kind, lmr_root, lmr_channel, exp_channel] : rows) {
+      const Row row(model_type, kind);
+      RadioData data = NewData(model_type);
+      data.EXP[7].Enable = true;
+      data.EXP[7].LMR_EXP = static_cast<std::int16_t>(kind);
+      data.EXP[8].Enable = false;
+      const TreeModel model(data);
+      QCOMPARE(TextOf(model, "LMRChannel"), lmr_root);
+      QCOMPARE(TextOf(model, "L7"), lmr_channel);
+      QCOMPARE(TextOf(model, "E7"), exp_channel);
+      QVERIFY(!TextOf(model, "L8").endsWith("[Enable]"));
+      QCOMPARE(TextOf(model, "ExpChannel"), "EXP Channel");
+    }
   }
 
-  void StatusNameStandsInForAMissingIcon_data() {
-    QTest::addColumn<int>("model_type");
-    QTest::addColumn<bool>("icon");
-    QTest::addColumn<QString>("text");
-    QTest::addRow("icon off") << 5 << false << "USA(ABCD)";
-    QTest::addRow("icon on") << 5 << true << "USA";
-    QTest::addRow("model without names") << 1 << false << "USA";
-  }
   void StatusNameStandsInForAMissingIcon() {
-    QFETCH(int, model_type);
-    QFETCH(bool, icon);
-    RadioData data = NewData(model_type);
-    data.Usable[0].Status_name = "ABCD";
-    data.Usable[0].Status_Icon = icon;
-    data.Usable[3].Status_name = "\xC4";  // A with diaeresis in the radio's character set
-    data.Usable[3].Status_Icon = false;
-    const TreeModel model(data);
-    QTEST(TextOf(model, "PU"), "text");
-    QCOMPARE(TextOf(model, "LMRChannel").contains(QStringLiteral("(\u00C4)")), model_type != 1);
+    for (const auto& [model_type, icon, text] : {std::tuple(5, false, "USA(ABCD)"),
+                                                 {5, true, "USA"},
+                                                 {1, false, "USA"}}) {  // a model without names
+      const Row row(model_type, icon);
+      RadioData data = NewData(model_type);
+      data.Usable[0].Status_name = "ABCD";
+      data.Usable[0].Status_Icon = icon;
+      data.Usable[3].Status_name = "\xC4";  // A with diaeresis in the radio's character set
+      data.Usable[3].Status_Icon = false;
+      const TreeModel model(data);
+      QCOMPARE(TextOf(model, "PU"), text);
+      QCOMPARE(TextOf(model, "LMRChannel").contains(QStringLiteral("(\u00C4)")), model_type != 1);
+    }
   }
 
   void EveryChangeKeepsTheModelSound() {
