@@ -60,6 +60,11 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
  private:
   void BuildStatusBar();
   void BuildPages();
+  /// help_context: 0 stands for that of the window.
+  template <class PageType>
+  PageType* MakePage(int help_context);
+  template <class PageType>
+  [[nodiscard]] LazyPage PageLater(int help_context);
   void ConnectMenus();
   void ConnectCommands();
 

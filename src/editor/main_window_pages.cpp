@@ -8,27 +8,32 @@
 
 namespace orvane::editor {
 
+template <class PageType>
+PageType* MainWindow::MakePage(int help_context) {
+  auto* page = new PageType(PageServices{data_, services_.prompts, services_.clock, *this});
+  if (help_context != 0) page->setProperty(kHelpContextProperty, help_context);
+  page->ModelChanged();
+  area_->Add(page);
+  return page;
+}
+
+template <class PageType>
+LazyPage MainWindow::PageLater(int help_context) {
+  return {[this, help_context] { return MakePage<PageType>(help_context); }};
+}
+
 void MainWindow::BuildPages() {
-  const PageServices services{data_, services_.prompts, services_.clock, *this};
-  general_ = new GeneralPage(services);
-  const Navigator::Pages pages{.general = general_,
-                               .grey = new GreyPage(services),
-                               .usable = new UsablePage(services),
-                               .common = new CommonPage(services),
-                               .grid = new GridPage(services),
-                               .channel = new ChannelPage(services),
-                               .weather = new WeatherPage(services)};
-  for (Page* page : {pages.general, pages.grey, pages.usable, pages.common, pages.grid,
-                     pages.channel, pages.weather}) {
-    area_->Add(page);
-  }
   setProperty(kHelpContextProperty, help::kProgramContext);
-  pages.usable->setProperty(kHelpContextProperty, help::kGroupsPageContext);
-  pages.common->setProperty(kHelpContextProperty, help::kCommonPageContext);
-  pages.grid->setProperty(kHelpContextProperty, help::kTablePageContext);
-  pages.channel->setProperty(kHelpContextProperty, help::kChannelPageContext);
-  pages.weather->setProperty(kHelpContextProperty, help::kWeatherPageContext);
-  navigator_ = new Navigator(*tree_, *area_, pages, *this);
+  general_ = MakePage<GeneralPage>(0);
+  navigator_ = new Navigator(*tree_, *area_,
+                             {.general = general_,
+                              .grey = PageLater<GreyPage>(0),
+                              .usable = PageLater<UsablePage>(help::kGroupsPageContext),
+                              .common = PageLater<CommonPage>(help::kCommonPageContext),
+                              .grid = PageLater<GridPage>(help::kTablePageContext),
+                              .channel = PageLater<ChannelPage>(help::kChannelPageContext),
+                              .weather = PageLater<WeatherPage>(help::kWeatherPageContext)},
+                             *this);
   navigator_->setParent(this);
 }
 

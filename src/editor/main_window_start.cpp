@@ -37,8 +37,6 @@ void MainWindow::Load() {
   model_commands_.CaptionModels();
   data_.MODELTYPE = settings_.ModelType();
   ModelChanged();
-  port_menu_.UpdateComList();
-  port_menu_.SelectStoredPort();
   PlaceWindow();
   ResetData(true);
   tree_->setExpanded(tree_model_.IndexOf({.kind = NodeKind::kGeneral}), true);
@@ -68,6 +66,10 @@ void MainWindow::FinishStart() {
   const Working working(*this);
   SelectNode(KeyOf({}));
   Wait(kCommandPause);
+  // What takes long enough to be seen, and nobody needs before the window is painted.
+  navigator_->MakePages();
+  port_menu_.UpdateComList();
+  port_menu_.SelectStoredPort();
   data_.Flags.DataChanged = false;
 }
 

@@ -2,11 +2,18 @@
 
 namespace orvane::editor {
 
-Navigator::Navigator(NavTree& tree, PageArea& area, const Pages& pages, PageHost& host)
-    : tree_(tree), area_(area), pages_(pages), host_(host) {
+Navigator::Navigator(NavTree& tree, PageArea& area, Pages pages, PageHost& host)
+    : tree_(tree), area_(area), pages_(std::move(pages)), host_(host) {
   connect(&tree_, &NavTree::NodeChosen, this, &Navigator::Choose);
   connect(&tree_, &NavTree::FocusGained, this,
           [this] { host_.ShowHint(QLatin1String(kTreeHint)); });
+}
+
+void Navigator::MakePages() {
+  for (LazyPage* page : {&pages_.general, &pages_.grey, &pages_.usable, &pages_.common,
+                         &pages_.grid, &pages_.channel, &pages_.weather}) {
+    static_cast<void>(page->Get());
+  }
 }
 
 void Navigator::Select(const QString& key) {
@@ -25,7 +32,7 @@ void Navigator::SelectUnchecked(const QString& key) {
 void Navigator::ShowAgain() {
   const NodeRef node = NodeOfKey(current_key_).value_or(NodeRef{});
   host_.ShowHint(QLatin1String(kTreeHint));
-  area_.Show(PageOf(node.kind), node);
+  area_.Show(PageOf(node.kind).Get(), node);
 }
 
 bool Navigator::CheckPage() {
@@ -43,7 +50,7 @@ void Navigator::Choose(const QString& key) {
   ShowAgain();
 }
 
-Page* Navigator::PageOf(NodeKind kind) const {
+LazyPage& Navigator::PageOf(NodeKind kind) {
   switch (kind) {
     case NodeKind::kProgram:
       return pages_.grey;

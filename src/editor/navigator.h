@@ -2,7 +2,8 @@
 
 #include <QObject>
 #include <QString>
-#include <array>
+#include <functional>
+#include <utility>
 
 #include "editor/nav_tree.h"
 #include "editor/page_area.h"
@@ -12,6 +13,21 @@ namespace orvane::editor {
 /// Keyboard hint of the navigation tree.
 inline constexpr const char* kTreeHint = "[Up]/[Down]/[Left]/[Right]:Change of a Selection item.";
 
+/// A page that is made when it is first shown.
+class LazyPage {
+ public:
+  LazyPage(std::function<Page*()> make) : make_(std::move(make)) {}
+  LazyPage(Page* page) : page_(page) {}
+  [[nodiscard]] Page* Get() {
+    if (page_ == nullptr) page_ = make_();
+    return page_;
+  }
+
+ private:
+  std::function<Page*()> make_;
+  Page* page_ = nullptr;
+};
+
 /// Keeps tree and page area together: choosing a node shows its page, unless the page being left
 /// holds input that must not be left.
 class Navigator : public QObject {
@@ -19,15 +35,19 @@ class Navigator : public QObject {
 
  public:
   struct Pages {
-    Page* general;
-    Page* grey;
-    Page* usable;
-    Page* common;
-    Page* grid;
-    Page* channel;
-    Page* weather;
+    LazyPage general;
+    LazyPage grey;
+    LazyPage usable;
+    LazyPage common;
+    LazyPage grid;
+    LazyPage channel;
+    LazyPage weather;
   };
-  Navigator(NavTree& tree, PageArea& area, const Pages& pages, PageHost& host);
+  Navigator(NavTree& tree, PageArea& area, Pages pages, PageHost& host);
+
+  /// Makes the pages that were not shown yet, so that the first change to one is as quick as the
+  /// next.
+  void MakePages();
 
   /// As if the user had chosen the node. Nothing happens for a key that names no node.
   void Select(const QString& key);
@@ -41,7 +61,7 @@ class Navigator : public QObject {
 
  private:
   void Choose(const QString& key);
-  [[nodiscard]] Page* PageOf(NodeKind kind) const;
+  [[nodiscard]] LazyPage& PageOf(NodeKind kind);
 
   NavTree& tree_;
   PageArea& area_;

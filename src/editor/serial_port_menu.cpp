@@ -9,7 +9,7 @@ namespace orvane::editor {
 
 SerialPortMenu::SerialPortMenu(const Menus& menus, link::PortFinder& finder,
                                core::SettingsStore& settings)
-    : menus_(menus), list_(finder), settings_(settings) {
+    : menus_(menus), list_(finder), settings_(settings), port_number_(settings_.PortNumber()) {
   for (int index = 0; index < Menus::kPorts; ++index) {
     QAction* item = menus_.ports[static_cast<std::size_t>(index)];
     item->setCheckable(true);
@@ -32,7 +32,6 @@ void SerialPortMenu::UpdateComList() {
 }
 
 void SerialPortMenu::SelectStoredPort() {
-  port_number_ = settings_.PortNumber();
   if (port_number_ < INT16_MIN || port_number_ > INT16_MAX) return;
   const int index = list_.FindPortIndex(static_cast<std::int16_t>(port_number_));
   if (index >= 0) CheckOnly(index);

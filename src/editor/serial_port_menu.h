@@ -29,7 +29,7 @@ class SerialPortMenu : public QObject {
   const Menus menus_;
   link::CComList list_;
   core::AppSettings settings_;
-  int port_number_ = 1;
+  int port_number_;
 };
 
 }  // namespace orvane::editor
