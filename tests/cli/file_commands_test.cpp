@@ -31,16 +31,6 @@ TEST_F(FileCommands, NewSavesAFreshDataSetOfEveryModel) {
   EXPECT_TRUE(err_.empty());
 }
 
-TEST_F(FileCommands, ConvertingKeepsTheContentsOfARadioInUse) {
-  files::PrepareImageForSaving(sample, bench.clock.Today());
-  Keep("a.hex", sample);
-  ASSERT_EQ(Run({"convert", "a.hex", "again.hex"}), kDone) << err_;
-  EXPECT_EQ(files.files["again.hex"], files.files["a.hex"]);
-  ASSERT_EQ(Run({"convert", "a.hex", "a.dat"}), kDone) << err_;
-  ASSERT_EQ(Run({"convert", "a.dat", "b.dat"}), kDone) << err_;
-  EXPECT_EQ(files.files["b.dat"], files.files["a.dat"]);
-}
-
 TEST_F(FileCommands, ARefusedFileIsNamedInTheProgramsWordsAndNothingIsWritten) {
   Keep("good.hex", sample);
   const std::string good = files.files["good.hex"];

@@ -68,12 +68,6 @@ TEST(Rendering, ChannelDisplayFillsFourPlaces) {
   }
 }
 
-TEST(Rendering, BlankStatusNameIsDashed) {
-  EXPECT_EQ(StatusNameText(" USA"), " USA");
-  EXPECT_EQ(StatusNameText("   "), "----");
-  EXPECT_EQ(StatusNameText(""), "----");
-}
-
 TEST(Tones, InvertedCodesFollowTheNormalOnes) {
   const std::pair<int, std::string_view> cases[] = {
       {-1, ""}, {0, ""}, {1, "023N"}, {104, "754N"}, {105, "023I"}, {208, "754I"}, {209, ""}};

@@ -113,14 +113,6 @@ TEST_F(ImageFile, RefusedFilesChangeNothing) {
   EXPECT_TRUE(log.lines.empty());
 }
 
-TEST_F(ImageFile, AFreshImageIsRefusedByTheProductTestOfItsModel) {
-  RadioData data = Fresh(5);
-  PrepareImageForSaving(data, clock.today);
-  SaveHexFileAs(data, kPath, files, prompts, log);
-  Load(data);
-  EXPECT_EQ(prompts.Texts(), std::vector<std::string>{"ProductType Error !!"});
-}
-
 TEST_F(ImageFile, ATemplateWithoutSel1RenamesTheModel) {
   RadioData other = Fresh(5);
   other.Image[kProductByte] = 2;

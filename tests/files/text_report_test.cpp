@@ -88,19 +88,6 @@ TEST(TextReport, GroupsThatAreNotInUseHaveNoTable) {
   }
 }
 
-TEST(TextReport, ValuesOutsideTheirRangeReadAsTheirFallback) {
-  core::RadioData data = FullData(0);
-  EXPECT_EQ(LineOf(data, "Common Setup", "Offset Time:").substr(35), " 0:00");
-  data.Common.Offset_Time = 25;
-  data.Common.Resume_Time = 4;
-  data.Common.TX_Po_Display = -1;
-  data.Common.Weater = 1;
-  for (const std::string_view label :
-       {"Offset Time:", "Resume Time:", "TX Po Display:", "Weather Alert:"}) {
-    EXPECT_EQ(LineOf(data, "Common Setup", label), label);
-  }
-}
-
 TEST(TextReport, LongTextsAreCutToTheirCells) {
   core::RadioData data = FullData(0);
   data.Table(core::MarineGroup::kUsa)[32].ChTag = "ABCDEFGHIJKLMNOP";

@@ -132,7 +132,7 @@ std::set<std::size_t> Places(const std::vector<Exchange>& exchanges) {
 }
 
 class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
- protected:
+ public:
   static FaultRunner MakeRunner(SessionKind kind, bool all_groups) {
     return {Desk(GetParam(), all_groups), SampleMemory(GetParam()), kind};
   }
@@ -165,15 +165,10 @@ class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
       ASSERT_EQ(runner.Check(fault_case), "") << CaseText(fault_case);
     }
   }
-  void StrikeEverywhere(const FaultRunner& runner) {
+  using Act = void (FaultMatrix::*)(const FaultRunner& runner, std::size_t index);
+  void Everywhere(const FaultRunner& runner, Act act) {
     for (const std::size_t index : Places(runner.Exchanges())) {
-      StrikeAt(runner, index);
-      if (HasFatalFailure()) return;
-    }
-  }
-  void CancelEverywhere(const FaultRunner& runner) {
-    for (const std::size_t index : Places(runner.Exchanges())) {
-      CancelAt(runner, index);
+      (this->*act)(runner, index);
       if (HasFatalFailure()) return;
     }
   }
@@ -182,19 +177,19 @@ class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
 };
 
 TEST_P(FaultMatrix, AFaultyReadEndsInTimeAndChangesNothing) {
-  StrikeEverywhere(MakeRunner(SessionKind::kRead, true));
+  Everywhere(MakeRunner(SessionKind::kRead, true), &FaultMatrix::StrikeAt);
 }
 
 TEST_P(FaultMatrix, AFaultyProgramRunEndsInTimeAndCanBeRepeated) {
-  StrikeEverywhere(MakeRunner(SessionKind::kProgram, false));
+  Everywhere(MakeRunner(SessionKind::kProgram, false), &FaultMatrix::StrikeAt);
 }
 
 TEST_P(FaultMatrix, CancelEndsAReadAtAnyPlaceAndChangesNothing) {
-  CancelEverywhere(MakeRunner(SessionKind::kRead, true));
+  Everywhere(MakeRunner(SessionKind::kRead, true), &FaultMatrix::CancelAt);
 }
 
 TEST_P(FaultMatrix, CancelEndsAProgramRunAtAnyPlaceAndItCanBeRepeated) {
-  CancelEverywhere(MakeRunner(SessionKind::kProgram, false));
+  Everywhere(MakeRunner(SessionKind::kProgram, false), &FaultMatrix::CancelAt);
 }
 
 std::optional<std::uint64_t> NumberFromEnvironment(const char* name) {

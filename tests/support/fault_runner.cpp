@@ -1,7 +1,7 @@
 #include "support/fault_runner.h"
 
 #include <algorithm>
-#include <array>
+#include <span>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -58,20 +58,16 @@ class FaultPump : public core::EventPump {
   long calls_ = 0;
 };
 
-class UserPrompts : public core::Prompts {
+class UserPrompts : public ScriptedPrompts {
  public:
   explicit UserPrompts(bool agree) : agree_(agree) {}
   Answer Show(const core::Message& message) override {
-    messages.push_back(message);
-    const bool agree = agree_ && messages.size() <= kPatience;
-    if (message.buttons == core::Buttons::kRetryCancel) {
-      return agree ? Answer::kRetry : Answer::kCancel;
-    }
-    if (message.buttons == core::Buttons::kOkCancel) return agree ? Answer::kOk : Answer::kCancel;
-    return Answer::kOk;
+    const bool asks = message.buttons != core::Buttons::kOk;
+    const bool agrees = agree_ && messages.size() < kPatience;
+    const bool retry = message.buttons == core::Buttons::kRetryCancel;
+    fallback = asks && !agrees ? Answer::kCancel : (retry ? Answer::kRetry : Answer::kOk);
+    return ScriptedPrompts::Show(message);
   }
-
-  std::vector<core::Message> messages;
 
  private:
   bool agree_;
@@ -88,21 +84,13 @@ bool Contains(const std::vector<core::Message>& messages, std::string_view text)
 
 /// Messages that a session shows on its way or at its end, apart from success.
 bool IsKnownFailure(const core::Message& message, std::string_view title) {
-  static constexpr std::array<std::string_view, 9> kTexts = {"Communication Error!!",
-                                                             "Radio not ready!!",
-                                                             "ACMD Command error!!",
-                                                             "error!!",
-                                                             "port inicialize error!!",
-                                                             "time out!!",
-                                                             "cancel!!",
-                                                             "address error!!",
-                                                             "data error!!"};
+  static constexpr std::string_view kTexts =
+      "|Communication Error!!|Radio not ready!!|Radio is busy!!|ACMD Command error!!|error!!|"
+      "port inicialize error!!|time out!!|cancel!!|address error!!|data error!!|"
+      "confirm the synchronization of the communication|";
   if (message.title == "Orvane") return message.text == "5\r\rInput/output error";
-  if (message.title == "Model Check") return message.text == kTexts[0];
-  return message.title == title &&
-         (message.text == "Radio is busy!!" ||
-          message.text == "confirm the synchronization of the communication" ||
-          std::find(kTexts.begin(), kTexts.end(), message.text) != kTexts.end());
+  if (message.title == "Model Check") return message.text == "Communication Error!!";
+  return message.title == title && kTexts.find("|" + message.text + "|") != kTexts.npos;
 }
 
 int CountFaults(const std::vector<link::Exchange>& asked) {
@@ -110,7 +98,7 @@ int CountFaults(const std::vector<link::Exchange>& asked) {
                                         [](const auto& exchange) { return exchange.fault; }));
 }
 
-std::size_t CountOf(const std::vector<link::Exchange>& asked, ExchangeKind kind) {
+std::size_t CountOf(std::span<const link::Exchange> asked, ExchangeKind kind) {
   return static_cast<std::size_t>(std::count_if(
       asked.begin(), asked.end(), [&](const auto& exchange) { return exchange.kind == kind; }));
 }
@@ -180,8 +168,7 @@ FaultRunner::Run FaultRunner::RunOnce(const core::RadioData& data,
 }
 
 std::string FaultRunner::Check(const FaultCase& fault_case) const {
-  const Run run = RunOnce(desk_, radio_memory_, fault_case);
-  return BrokenPromises(run);
+  return BrokenPromises(RunOnce(desk_, radio_memory_, fault_case));
 }
 
 std::string FaultRunner::BrokenPromises(const Run& run) const {
@@ -205,9 +192,7 @@ std::string FaultRunner::CheckEnding(const Run& run) const {
   const bool silent = run.messages.empty() && !run.done && !run.cancelled;
   if (silent && CountOf(run.asked, ExchangeKind::kStatus) > 0) broken += "failed without a word; ";
   const double limit = ideal_.seconds + (CountFaults(run.asked) + kLongestRow) * kExchangeSeconds;
-  if (run.seconds > limit) {
-    broken += "took " + core::ShortestText(run.seconds) + " s; ";
-  }
+  if (run.seconds > limit) broken += "took " + core::ShortestText(run.seconds) + " s; ";
   return broken;
 }
 
@@ -250,8 +235,7 @@ std::string FaultRunner::CheckCancelled(const Run& run) const {
   std::string broken;
   if (CountFaults(run.asked) == 0 && run.seconds_after_cancel > 2) broken += "cancelled late; ";
   if (run.seconds_after_cancel > kExchangeSeconds) broken += "cancelling does not end; ";
-  const auto later = std::vector(
-      run.asked.begin() + static_cast<std::ptrdiff_t>(run.asked_before_cancel), run.asked.end());
+  const auto later = std::span(run.asked).subspan(run.asked_before_cancel);
   // One frame may be on its way when Cancel is pressed.
   if (CountOf(later, ExchangeKind::kWrite) > 1) broken += "wrote after Cancel; ";
   if (run.done || CountFaults(run.asked) > 0) return broken;
@@ -281,16 +265,13 @@ std::string FaultRunner::CheckRecovery(const Run& run) const {
 }
 
 FaultRunner::Phase FaultRunner::PhaseAt(std::size_t index) const {
-  const auto& asked = ideal_.asked;
-  const std::vector<link::Exchange> before(
-      asked.begin(),
-      asked.begin() + static_cast<std::ptrdiff_t>(std::min(index + 1, asked.size())));
+  const std::size_t count = std::min(index + 1, ideal_.asked.size());
+  const std::span<const link::Exchange> before = std::span(ideal_.asked).first(count);
   if (CountOf(before, ExchangeKind::kStatus) == 0) return Phase::kConnect;
   const std::size_t reads = CountOf(before, ExchangeKind::kRead);
   if (reads == 0) return Phase::kStatus;
   const bool has_product = image::kProductOffset <= desk_.Image.LastIndex();
-  const std::size_t check_reads = has_product ? 4 : 3;
-  if (reads <= check_reads) return Phase::kModelCheck;
+  if (reads <= (has_product ? 4U : 3U)) return Phase::kModelCheck;
   if (kind_ == SessionKind::kRead || CountOf(before, ExchangeKind::kWrite) > 0) {
     return Phase::kBlocks;
   }
@@ -345,13 +326,13 @@ std::string FaultRunner::CheckReason(const Run& run, const link::Fault& fault, P
   if (!last.empty() && (run.messages.empty() || Told(run.messages.back()) != last)) {
     broken += "does not end in " + last + "; ";
   }
-  static constexpr std::array<std::pair<FaultKind, std::string_view>, 5> kReasons = {{
+  static constexpr std::pair<FaultKind, std::string_view> kReasons[] = {
       {FaultKind::kWrongAddress, "address error!!"},
       {FaultKind::kWrongLength, "data error!!"},
       {FaultKind::kShortData, "data error!!"},
       {FaultKind::kBusy, "Radio is busy!!"},
       {FaultKind::kRefusal, "confirm the synchronization of the communication"},
-  }};
+  };
   for (const auto& [kind, reason] : kReasons) {
     if (fault.kind == kind && !Contains(run.messages, reason)) {
       broken += "does not say " + std::string(reason) + "; ";

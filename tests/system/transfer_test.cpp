@@ -41,15 +41,6 @@ TEST_F(Transfers, WhatIsReadChangedAndProgrammedIsWhatIsReadAgain) {
   EXPECT_TRUE(raw.substr(16304) == kept.substr(16304));
 }
 
-TEST_F(Transfers, AnUnpluggedCableEndsAReadWithoutAFile) {
-  StartRadio({"--fault", "unplug@read:50", "--replug", "3600"});
-  EXPECT_EQ(Read("boat.hex"), 1);
-  EXPECT_EQ(said_,
-            "Orvane: 5\n\nInput/output error\n"
-            "The port no longer answers. Check that the cable is plugged in.\n");
-  EXPECT_FALSE(Exists("boat.hex"));
-}
-
 TEST_F(Transfers, AKilledProgramLeavesTheOldFileAndAPortThatTheNextOneCanUse) {
   StartRadio({}, "9600");
   const Words read = {"read", "--model", "5", "--port", "16", "-o", Path("boat.hex")};
@@ -126,11 +117,16 @@ constexpr const char* kNoAnswer = "Read from Radio: Communication Error!!\n";
 constexpr const char* kNoPort =
     "Read from Radio: port inicialize error!!\nNo such file or directory\n";
 
+constexpr const char* kUnplugged =
+    "Orvane: 5\n\nInput/output error\n"
+    "The port no longer answers. Check that the cable is plugged in.\n";
+
 const Refusal kRefusals[] = {
     {"model", "", "read --model 4 --port 16 -o OUT", 1, "Read from Radio: ModelType Error !!\n"},
     {"busy", "--fault busy@status", kRead, 1, "Radio is busy!!"},
     {"silent", "--fault missing-reply@handshake", kRead, 1, kNoAnswer},
     {"checksum", "--fault wrong-checksum@read:100", kRead, 1, kNoAnswer},
+    {"unplugged", "--fault unplug@read:50 --replug 3600", kRead, 1, kUnplugged},
     {"no_port", "", "read --model 5 --port COM9 -o OUT", 1, kNoPort},
     {"no_device", "", "read --model 5 --port /dev/none -o OUT", 1, kNoPort},
     {"no_folder", "", "read --model 5 --port 16 -o /nowhere/boat.hex", 1, "FileSave Error!!"},
