@@ -78,7 +78,7 @@ class FileCommandsTest : public QObject {
     QCOMPARE(desk.window->windowTitle(), QString(kTitle) + " - b.dat");
   }
 
-  void CancelledDialogChangesNothing() {
+  void CancelledDialogsAndFailedSavesChangeNothing() {
     WindowDesk desk;
     desk.Start();
     for (const char* item : {"mnuFileOpen", "mnuFileSave", "mnuFileSaveAs"}) {
@@ -88,12 +88,8 @@ class FileCommandsTest : public QObject {
       QCOMPARE(desk.window->windowTitle(), kTitle);
       QVERIFY(desk.window->isEnabled());
     }
-    QVERIFY(desk.files.files.empty());
-  }
-
-  void FailedSaveIsToldAndLogged() {
-    WindowDesk desk;
-    desk.Start();
+    QVERIFY(desk.prompts.messages.empty() && desk.files.files.empty());
+    desk.data.Flags.Cancel = false;
     desk.files.failing["/full/a.dat"] = kDiskFull;
     SaveAs(desk, "/full/a.dat");
     QCOMPARE(desk.Messages(), QStringList{"FileSave Error!!"});

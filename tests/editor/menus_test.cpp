@@ -119,9 +119,11 @@ class MenusTest : public QObject {
     QCOMPARE(desk.Messages().size(), 1);
   }
 
-  void PortMenuIsFreshEachTimeItOpens() {
+  void PortMenuIsFreshEachTimeItOpensButTheStoredPortIsUsedAnyway() {
     WindowDesk desk;
+    core::AppSettings(desk.settings).SetPortNumber(3);
     desk.Start();
+    QCOMPARE(desk.window->PortNumber(), 3);
     QCOMPARE(Captions(desk, kPorts), QStringList{"(not exist)"});
     desk.ports.Add(12, "USB & Serial");
     desk.ports.Add(2, "Communications Port");
@@ -134,15 +136,6 @@ class MenusTest : public QObject {
     QCOMPARE(desk.window->PortNumber(), 12);
     desk.Item("mnuOptionsSerialPort1_1").trigger();  // picking it again keeps it
     QCOMPARE(Checked(desk, kPorts).size(), 1);
-  }
-
-  void StoredPortIsUsedEvenWhenItIsGone() {
-    WindowDesk desk;
-    core::AppSettings(desk.settings).SetPortNumber(3);
-    desk.ports.Add(1, "Built in");
-    desk.Start();
-    QCOMPARE(Checked(desk, kPorts), QStringList());
-    QCOMPARE(desk.window->PortNumber(), 3);
   }
 
   void DestinationIsAskedForAndMayHaveNoFile() {

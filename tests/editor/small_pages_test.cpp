@@ -193,6 +193,10 @@ class SmallPagesTest : public QObject {
     QVERIFY(desk.Checked("chkDScan_2") && !desk.Checked("chkDScan_3"));
     QCOMPARE(desk.Text("txtDTagName_2"), "AB-/,_. 9CDE");
     QCOMPARE(desk.Text("txtDTagName_9"), "-QRS");
+    const core::RadioData before = desk.data;
+    desk.data.Flags.Busy = true;
+    desk.WorkAll();
+    QVERIFY(testing::SameContents(desk.data, before) && desk.host.changes == 0);
   }
 
   void WeatherRowFollowsItsEnableBox() {
@@ -208,15 +212,6 @@ class SmallPagesTest : public QObject {
     QCOMPARE(desk.host.changes, 1);
   }
 
-  void BusyWeatherPageWritesNothing() {
-    PageDesk<editor::WeatherPage> desk(5, "PW");
-    const core::RadioData before = desk.data;
-    desk.data.Flags.Busy = true;
-    desk.WorkAll();
-    QVERIFY(testing::SameContents(desk.data, before));
-    QCOMPARE(desk.host.changes, 0);
-  }
-
   void HintsFollowTheFocus() {
     PageDesk<editor::WeatherPage> weather(5, "PW");
     QCOMPARE(weather.HintOf("chkDScan_0"), "[Space]:An effective and invalid change.");
@@ -229,6 +224,7 @@ class SmallPagesTest : public QObject {
 
   void GridShowsTheFormOfItsNode() {
     PageDesk<editor::GridPage> desk(5);
+    desk.data.EXP[9].INT_Group = false;
     QAbstractItemModel* rows = desk.Find<QTableView>("MSFlexGrid1")->model();
     const QAbstractItemModelTester tester(rows,
                                           QAbstractItemModelTester::FailureReportingMode::QtTest);
@@ -241,13 +237,6 @@ class SmallPagesTest : public QObject {
       QCOMPARE(rows->headerData(1, Qt::Horizontal).toString(), second);
       if (*key != 'P') QCOMPARE(rows->rowCount(), 40);
     }
-  }
-
-  void GridCells() {
-    PageDesk<editor::GridPage> desk(5);
-    desk.data.EXP[9].INT_Group = false;
-    desk.Open("ExpChannel");
-    const QAbstractItemModel* rows = desk.Find<QTableView>("MSFlexGrid1")->model();
     const auto state = [rows](int column) {
       return rows->index(8, column).data(Qt::CheckStateRole);
     };
