@@ -324,6 +324,9 @@ class ChannelPageTest : public QObject {
       desk.Open(key);
       QCOMPARE(desk.Checked("optCWide_1"), forced);
       QVERIFY(!channel.Narrow);  // showing is no change
+      desk.Type("txtCTF", "149");
+      QTest::keyClick(desk["txtCTF"], Qt::Key_Tab);
+      QVERIFY(desk.Checked("optCWide_0") && desk.On("optCWide_0") && !channel.Narrow);
     }
   }
 

@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
@@ -24,9 +25,6 @@ QStringList Captions(const WindowDesk& desk, const char* menu, bool checked_only
     if (shown && (item->isChecked() || !checked_only)) texts << item->text();
   }
   return texts;
-}
-QStringList Checked(const WindowDesk& desk, const char* menu) {
-  return Captions(desk, menu, true);
 }
 
 }  // namespace
@@ -111,9 +109,10 @@ class MenusTest : public QObject {
     desk.window->activateWindow();
     QTRY_COMPARE(QApplication::activeWindow(), desk.window.get());
     QVERIFY(desk.prompts.messages.empty());
+    QSignalSpy pressed(desk.Find<QCheckBox>("chkCScan"), &QCheckBox::pressed);
     QTest::keyClick(box, Qt::Key_M, Qt::AltModifier);  // one of the page's own
     QTRY_COMPARE(desk.Messages(), QStringList{"Data Error!!"});
-    QVERIFY(box->hasFocus() && !desk.data.EXP[1].ScanMemory);
+    QVERIFY(box->hasFocus() && pressed.isEmpty());
     QTest::keyClick(box, Qt::Key_F, Qt::AltModifier);
     QVERIFY(desk.Find<QMenu>("mnuFile")->isVisible());
     QCOMPARE(desk.Messages().size(), 1);
@@ -131,18 +130,18 @@ class MenusTest : public QObject {
     QCOMPARE(Captions(desk, kPorts),
              QStringList({"COM2 Communications Port ", "COM12 USB && Serial "}));
     desk.Item("mnuOptionsSerialPort1_1").trigger();
-    QCOMPARE(Checked(desk, kPorts), QStringList({"COM12 USB && Serial "}));
+    QCOMPARE(Captions(desk, kPorts, true), QStringList({"COM12 USB && Serial "}));
     QCOMPARE(core::AppSettings(desk.settings).PortNumber(), 12);
     QCOMPARE(desk.window->PortNumber(), 12);
     desk.Item("mnuOptionsSerialPort1_1").trigger();  // picking it again keeps it
-    QCOMPARE(Checked(desk, kPorts).size(), 1);
+    QCOMPARE(Captions(desk, kPorts, true).size(), 1);
   }
 
   void DestinationIsAskedForAndMayHaveNoFile() {
     WindowDesk desk;
     desk.Start();
     QCOMPARE(Captions(desk, kDestinations), QStringList({"KT740-usa", "KT520-usa"}));
-    QCOMPARE(Checked(desk, kDestinations), QStringList({"KT740-usa"}));
+    QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT740-usa"}));
     desk.window->DataChanged();
     desk.prompts.answers = {core::Answer::kCancel, core::Answer::kOk};
     desk.Item("mnuDestination_1").trigger();
@@ -151,7 +150,7 @@ class MenusTest : public QObject {
     const QString question = "Do yo want to change to KT520-usa?";
     QCOMPARE(desk.Messages(), QStringList({question, question, "IniFileRead Error!!"}));
     QVERIFY(desk.prompts.messages[2].icon == core::Icon::kExclamation);
-    QCOMPARE(Checked(desk, kDestinations), QStringList({"KT740-usa"}));
+    QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT740-usa"}));
   }
 
   void DestinationReplacesTheDataSet() {
@@ -172,12 +171,12 @@ class MenusTest : public QObject {
     QVERIFY(!desk.data.Flags.DataChanged);
     QVERIFY(desk.data.CurrentFileName.empty());
     QCOMPARE(desk.PageName(), "pictGeneral");
-    QCOMPARE(Checked(desk, kDestinations), QStringList({"KT520-usa"}));
+    QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT520-usa"}));
     QCOMPARE(core::AppSettings(desk.settings).Destination(5), "KT520-usa");
 
     desk.Item("mnuDestination_0").trigger();  // checked already: nothing is asked
     QCOMPARE(desk.Messages().size(), 1);
-    QCOMPARE(Checked(desk, kDestinations), QStringList({"KT520-usa"}));
+    QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT520-usa"}));
   }
 
   void ModelCommandStartsAFreshDataSetOfTheModel() {

@@ -43,16 +43,6 @@ void ShowAllGroups(WindowDesk& desk) {
   desk.window->RebuildTree();
 }
 
-/// The controls that the Tab key reaches when all are enabled, in its order.
-QList<const QWidget*> FocusChain(const QWidget& window) {
-  QList<const QWidget*> chain;
-  for (const QWidget* control = window.nextInFocusChain(); control != &window;
-       control = control->nextInFocusChain()) {
-    if ((control->focusPolicy() & Qt::TabFocus) != 0 && control->isVisible()) chain << control;
-  }
-  return chain;
-}
-
 /// Those of the menu bar and of the page on show.
 QStringList AccessKeys(const QMainWindow& window) {
   QStringList keys;
@@ -184,7 +174,9 @@ class NavigationTest : public QObject {
         QCOMPARE(desk.Tree().CurrentKey(), key);
         QCoreApplication::processEvents();  // the layout is done
         const QWidget* before = nullptr;
-        for (const QWidget* control : FocusChain(*desk.window)) {
+        for (const QWidget* control = desk.window->nextInFocusChain(); control != desk.window.get();
+             control = control->nextInFocusChain()) {
+          if ((control->focusPolicy() & Qt::TabFocus) == 0 || !control->isVisible()) continue;
           const testing::Row at(control->objectName(), before);
           QVERIFY(!control->objectName().isEmpty() && !control->accessibleName().isEmpty());
           if (!desk.window->findChild<editor::PageArea*>()->isAncestorOf(control)) continue;

@@ -49,7 +49,14 @@ struct PageDesk {
     (void)QTest::qWaitForWindowActive(page.get());
     Open(key);
   }
+  /// Nothing that the page shows then stems from what it showed before.
   void Open(const char* key) {
+    for (auto* control : page->template findChildren<QWidget*>()) {
+      const QSignalBlocker quiet(control);
+      if (auto* list = qobject_cast<QComboBox*>(control)) list->setCurrentIndex(-1);
+      if (auto* box = qobject_cast<QLineEdit*>(control)) box->clear();
+      if (auto* button = qobject_cast<QAbstractButton*>(control)) button->toggle();
+    }
     page->Fill(*editor::NodeOfKey(QLatin1String(key)));
     host = {};
   }

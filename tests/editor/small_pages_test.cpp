@@ -126,6 +126,8 @@ class SmallPagesTest : public QObject {
     QVERIFY(!desk.On("cmbUsableTot_3"));
     QVERIFY(!desk.data.ExpPresent && !desk.data.LmrPresent());
     QCOMPARE(desk.host.rebuilds, 3);
+    desk.Open("Usable");
+    QVERIFY(!desk.Checked("chkUsable_0") && !desk.Checked("chkUsableEXP"));
     desk.page->setEnabled(false);
     desk.Find<QCheckBox>("chkUsable_1")->click();
     QVERIFY(desk.data.Usable[1].Enable);
