@@ -19,14 +19,14 @@ PageType* MainWindow::MakePage(int help_context) {
 
 template <class PageType>
 LazyPage MainWindow::PageLater(int help_context) {
-  return {[this, help_context] { return MakePage<PageType>(help_context); }};
+  return LazyPage([this, help_context] { return MakePage<PageType>(help_context); });
 }
 
 void MainWindow::BuildPages() {
   setProperty(kHelpContextProperty, help::kProgramContext);
   general_ = MakePage<GeneralPage>(0);
   navigator_ = new Navigator(*tree_, *area_,
-                             {.general = general_,
+                             {.general = LazyPage(general_),
                               .grey = PageLater<GreyPage>(0),
                               .usable = PageLater<UsablePage>(help::kGroupsPageContext),
                               .common = PageLater<CommonPage>(help::kCommonPageContext),

@@ -42,7 +42,9 @@ void NavTree::Rebuild() {
   QStringList expanded;
   ExpandedKeys(*this, {}, expanded);
   const QString current = CurrentKey();
-  const QString top = indexAt(QPoint(0, 0)).data(TreeModel::kKeyRole).toString();
+  // Before the tree is shown there is no place to keep, and asking for it would lay it out.
+  const QString top =
+      isVisible() ? indexAt(QPoint(0, 0)).data(TreeModel::kKeyRole).toString() : QString();
   const int sideways = horizontalScrollBar()->value();
 
   const QScopedValueRollback<bool> quiet(quiet_, true);
@@ -51,6 +53,7 @@ void NavTree::Rebuild() {
   if (const QModelIndex index = model_.IndexOfKey(current); index.isValid()) {
     setCurrentIndex(index);
   }
+  if (top.isEmpty()) return;
   executeDelayedItemsLayout();
   if (const QModelIndex index = model_.IndexOfKey(top); index.isValid()) {
     scrollTo(index, PositionAtTop);

@@ -16,8 +16,8 @@ inline constexpr const char* kTreeHint = "[Up]/[Down]/[Left]/[Right]:Change of a
 /// A page that is made when it is first shown.
 class LazyPage {
  public:
-  LazyPage(std::function<Page*()> make) : make_(std::move(make)) {}
-  LazyPage(Page* page) : page_(page) {}
+  explicit LazyPage(std::function<Page*()> make) : make_(std::move(make)) {}
+  explicit LazyPage(Page* page) : page_(page) {}
   [[nodiscard]] Page* Get() {
     if (page_ == nullptr) page_ = make_();
     return page_;

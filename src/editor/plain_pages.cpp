@@ -1,17 +1,33 @@
 #include "editor/plain_pages.h"
 
+#include <QPainter>
 #include <QPixmap>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace orvane::editor {
+namespace {
+
+/// A picture that looks the same while the window takes no input: greying it would only flicker.
+class Logo : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    style()->drawItemPixmap(&painter, contentsRect(), Qt::AlignCenter, pixmap());
+  }
+};
+
+}  // namespace
 
 GeneralPage::GeneralPage(PageServices services, QWidget* parent)
-    : Page(services, parent), logo_(new QLabel(this)) {
+    : Page(services, parent), logo_(new Logo(this)) {
   setObjectName(QStringLiteral("pictGeneral"));
   setAccessibleName(tr("General"));
   logo_->setObjectName(QStringLiteral("pictLogo"));
   logo_->setAccessibleName(tr("Logo"));
-  logo_->setAlignment(Qt::AlignCenter);
   logo_->hide();
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(logo_);
