@@ -104,6 +104,10 @@ void AppSettings::SetMainWindow(const WindowGeometry& geometry) {
   }
 }
 
+std::string_view BuiltInDestination(bool sel1) {
+  return kBuiltInDestinations[sel1 ? 0 : 1];
+}
+
 std::string DestinationFileName(std::string_view name, std::int16_t model_type) {
   return std::string(name) + TemplateEnding(model_type);
 }

@@ -41,6 +41,9 @@ class AppSettings {
   SettingsStore& store_;
 };
 
+/// The destination that needs no template file and stands for a SEL1 bit.
+[[nodiscard]] std::string_view BuiltInDestination(bool sel1);
+
 /// Name of the template file of a destination: name, "_", four hexadecimal digits of the model
 /// code, ".ini".
 [[nodiscard]] std::string DestinationFileName(std::string_view name, std::int16_t model_type);

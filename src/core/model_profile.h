@@ -56,6 +56,8 @@ struct ModelProfile {
 };
 
 inline constexpr std::int16_t kDefaultModelType = 5;
+/// Highest EXP/LMR frequency of every model, MHz, inclusive.
+inline constexpr double kMaxFrequency = 174.0;
 
 /// All models, in MODELTYPE order.
 [[nodiscard]] const std::array<ModelProfile, 7>& ModelProfiles();

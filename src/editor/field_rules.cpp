@@ -10,7 +10,6 @@
 namespace orvane::editor {
 namespace {
 
-constexpr double kBandEnd = 174.0;              // MHz, inclusive
 constexpr double kUnitsPerMegahertz = 10000.0;  // 100 Hz, the radio's own unit
 constexpr double kRaster = 250.0;               // 25 kHz in these units
 
@@ -97,7 +96,7 @@ QString SweptText(const FieldRule& rule, const QString& text) {
 std::optional<double> FrequencyOf(const QString& text, const core::ModelProfile& profile) {
   if (text.isEmpty()) return 0.0;
   const double mhz = core::LeadingNumber(text.toStdString());
-  if (!(mhz >= profile.min_frequency && mhz <= kBandEnd)) return std::nullopt;
+  if (!(mhz >= profile.min_frequency && mhz <= core::kMaxFrequency)) return std::nullopt;
   const double units = core::RoundHalfEven(mhz * kUnitsPerMegahertz);
   if (profile.raster_25khz && std::fmod(units, kRaster) != 0) return std::nullopt;
   return mhz;

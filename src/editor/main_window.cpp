@@ -7,6 +7,7 @@
 #include <QStatusBar>
 #include <QUrl>
 
+#include "core/app_settings.h"
 #include "core/model_profile.h"
 #include "editor/splitter.h"
 #include "editor/tool_bar.h"
@@ -168,7 +169,7 @@ void MainWindow::ResetData(bool rebuild_destinations) {
 }
 
 void MainWindow::CheckDestinationOfImage() {
-  destination_menu_.Check(image::Sel1(data_.Image) ? "KT740-usa" : "KT520-usa");
+  destination_menu_.Check(core::BuiltInDestination(image::Sel1(data_.Image)));
 }
 
 void MainWindow::RefreshTitle() {

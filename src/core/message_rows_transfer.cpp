@@ -1,0 +1,167 @@
+#include "core/message_rows.h"
+
+namespace orvane::core {
+namespace {
+
+using enum MessageGroup;
+using enum MessageId;
+
+constexpr std::string_view kChooseModel =
+    "Set the program to {name|that model} first: in the window under Edit, "
+    "[Model](window.html#models); a model that is not offered there is served by the "
+    "[command line](cli.html), {option|--model}.";
+
+constexpr std::array kRows = {
+    MessageRow{.id = kPortFailed,
+               .group = kTransfer,
+               .text = {"port inicialize error!!"},
+               .meaning = "{port|The serial port} cannot be opened: {reason|the system's reason "
+                          "stands here}",
+               .remedy =
+                   "Choose the cable's [port](connect.html#port) under Options, SerialPort; see "
+                   "[Serial port trouble](serial.html) in the help."},
+    MessageRow{.id = kNoAnswer,
+               .group = kTransfer,
+               .text = {"Communication Error!!"},
+               .where = "right after OK",
+               .meaning =
+                   "The radio did not answer on {port|the chosen port} in three tries: it is off "
+                   "or not in clone mode, the cable is not plugged in, or the port is another one.",
+               .remedy = "Check cable and [port](connect.html#port), put the radio into "
+                         "[clone mode](connect.html) and repeat the transfer."},
+    MessageRow{.id = kExchangeFailed,
+               .group = kTransfer,
+               .text = {"Communication Error!!"},
+               .where = "Model Check, or while reading",
+               .meaning = "An answer of the radio was wrong, missing or late{place|}. Nothing was "
+                          "taken over from the radio.",
+               .remedy = "Check the plugs, put the radio into [clone mode](connect.html) again and "
+                         "repeat the transfer. If it fails at the same place, try another adapter "
+                         "or USB socket."},
+    MessageRow{.id = kWritingFailed,
+               .group = kTransfer,
+               .text = {"Communication Error!!"},
+               .where = "while programming",
+               .meaning = "An answer of the radio was wrong, missing or late{place|}. {note|The "
+                          "radio is partly written.}",
+               .remedy = "Check the plugs, put the radio into [clone mode](connect.html) again and "
+                         "[program it again](program.html#partly), whole. If it fails at the same "
+                         "place, try another adapter or USB socket."},
+    MessageRow{.id = kModeRefused,
+               .group = kTransfer,
+               .text = {"ACMD Command error!!"},
+               .meaning = "The radio refused to enter clone mode.",
+               .remedy = "Switch it off, hold [PRESET]+[DOWN]+[SQL] while switching it on, and "
+                         "repeat the transfer."},
+    MessageRow{.id = kModeUnknown,
+               .group = kTransfer,
+               .text = {"error!!"},
+               .meaning = "The radio gave an unknown answer to the request for clone mode.",
+               .remedy = "Switch it off, hold [PRESET]+[DOWN]+[SQL] while switching it on, and "
+                         "repeat the transfer. If it stays, the radio is none of the models this "
+                         "program knows."},
+    MessageRow{.id = kTimeOut,
+               .group = kTransfer,
+               .text = {"time out!!"},
+               .meaning = "The radio took up a command but sent no data within 10 seconds.",
+               .remedy = kStartAgain},
+    MessageRow{.id = kCancelled,
+               .group = kTransfer,
+               .text = {"cancel!!"},
+               .meaning = "You cancelled while the program waited for the radio's data.",
+               .remedy = "Nothing is to be done."},
+    MessageRow{.id = kWrongAddress,
+               .group = kTransfer,
+               .text = {"address error!!"},
+               .meaning = "The radio sent another part of its memory than was asked for.",
+               .remedy = kStartAgain},
+    MessageRow{.id = kWrongLength,
+               .group = kTransfer,
+               .text = {"data error!!"},
+               .meaning = "The radio sent more or fewer bytes than were asked for, or bytes that "
+                          "are none.",
+               .remedy = kStartAgain},
+    MessageRow{.id = kConfirmSync,
+               .group = kTransfer,
+               .text = {"confirm the synchronization of the communication"},
+               .icon = Icon::kQuestion,
+               .buttons = Buttons::kOkCancel,
+               .meaning = "The radio refused a command.",
+               .remedy = "OK agrees anew with the radio and tries once more; Cancel gives up."},
+    MessageRow{.id = kRadioBusy,
+               .group = kTransfer,
+               .text = {"Radio is busy!!"},
+               .icon = Icon::kExclamation,
+               .buttons = Buttons::kRetryCancel,
+               .meaning = "The radio is busy with something else.",
+               .remedy = "Wait a moment, then Retry asks it again; Cancel gives up."},
+    MessageRow{.id = kRadioNotReady,
+               .group = kTransfer,
+               .text = {"Radio not ready!!"},
+               .meaning = "The radio answered, but did not say that it is ready. Nothing was read "
+                          "or written.",
+               .remedy = kStartAgain},
+    MessageRow{.id = kModelOfRadio,
+               .group = kTransfer,
+               .text = {"ModelType Error !!"},
+               .meaning = "The radio's model is {theirs|another one}; the program is set to "
+                          "{ours|the model of its data}. Nothing was read or written.",
+               .remedy = kChooseModel},
+    MessageRow{.id = kUnknownRadio,
+               .group = kTransfer,
+               .text = {"ModelType Error !!"},
+               .meaning = "The radio names {theirs|a model that this program does not know, or two "
+                          "models at once}; the program is set to {ours|the model of its data}. "
+                          "Nothing was read or written.",
+               .remedy = "Connect a radio of a model that this program knows. A radio that names "
+                         "two models at once is damaged."},
+    MessageRow{.id = kProductOfRadio,
+               .group = kTransfer,
+               .text = {"Product Error !!"},
+               .meaning = "The product byte of {ours|KT740} is {wanted|2}, the radio's is {theirs|"
+                          "another}: it is another product. Nothing was read or written.",
+               .remedy = "Connect another radio; this one can be neither read nor programmed as "
+                         "{ours|KT740}."},
+    MessageRow{.id = kDestinationOfRadio,
+               .group = kTransfer,
+               .text = {"Destination Error !!"},
+               .meaning = "The radio's destination is {theirs|one}, the data's is {ours|another}. "
+                          "Nothing was read or written.",
+               .remedy = "Choose {name|the radio's [destination](window.html#models)} from the "
+                         "Destination menu (it replaces the data, so save it first), or open a "
+                         "file of that destination. On the command line give a file of that "
+                         "destination, for reading with --base."},
+    MessageRow{.id = kComplete,
+               .group = kTransfer,
+               .text = {"Complete!!"},
+               .icon = Icon::kInformation,
+               .meaning = "The transfer has reached its end and every block was confirmed.",
+               .remedy = "After programming: switch the radio off and on, and check it.",
+               .explained = false},
+    MessageRow{.id = kPartlyWritten,
+               .group = kTransfer,
+               .text = {"The radio now holds a partly written image. Do not use it until it has "
+                        "been programmed again."},
+               .icon = Icon::kNone,
+               .where = "Program to Radio",
+               .meaning = "Programming failed or was cancelled after it had begun to write.",
+               .remedy = "[Program the radio again](program.html#partly), whole.",
+               .explained = false},
+    MessageRow{.id = kUnexpectedFailure,
+               .group = kTransfer,
+               .text = {"{failure|A number and a description}"},
+               .where = "titled Orvane",
+               .meaning = "{port|The port} failed in the middle of the transfer, for instance "
+                          "because the adapter was pulled out. {note|If it was programming, the "
+                          "radio may be partly written.}",
+               .remedy = "Plug the adapter in again, choose its [port](connect.html#port), put the "
+                         "radio into [clone mode](connect.html) and repeat the transfer."},
+};
+
+}  // namespace
+
+std::span<const MessageRow> TransferMessageRows() {
+  return kRows;
+}
+
+}  // namespace orvane::core
