@@ -26,5 +26,14 @@ function(orvane_test name)
   target_include_directories(${name}_test PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_compile_definitions(${name}_test PRIVATE
     ORVANE_GOLDEN_DIR="${PROJECT_SOURCE_DIR}/tests/golden")
+  if(CMAKE_CROSSCOMPILING)
+    # Half a second to start a program under the emulator: two halves instead of a test each.
+    foreach(half 0 1)
+      add_test(NAME ${name}.half_${half} COMMAND ${name}_test --gtest_brief=1)
+      set_tests_properties(${name}.half_${half} PROPERTIES
+        ENVIRONMENT "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${half}")
+    endforeach()
+    return()
+  endif()
   gtest_discover_tests(${name}_test TEST_PREFIX "${name}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60)
 endfunction()

@@ -6,7 +6,8 @@ build_packages="g++ make cmake ninja-build ccache git ca-certificates
   qt6-documentation-tools libqt6sql6-sqlite libgl-dev
   libcli11-dev nlohmann-json3-dev libgtest-dev libbenchmark-dev
   fonts-dejavu-core"
-check_packages="clang clang-format clang-tidy libclang-rt-14-dev"
+check_packages="clang clang-format clang-tidy libclang-rt-14-dev
+  g++-mingw-w64-x86-64-posix googletest wine64"
 
 say() { printf '\n== %s\n' "$*"; }
 
