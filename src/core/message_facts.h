@@ -38,6 +38,8 @@ struct CodePair {
 struct DestinationBits {
   bool sel1 = false;
   bool sel2 = false;
+
+  bool operator==(const DestinationBits&) const = default;
 };
 [[nodiscard]] Facts DestinationFacts(DestinationBits theirs, DestinationBits ours);
 

@@ -140,8 +140,7 @@ constexpr std::array kRows = {
                .explained = false},
     MessageRow{.id = kPartlyWritten,
                .group = kTransfer,
-               .text = {"The radio now holds a partly written image. Do not use it until it has "
-                        "been programmed again."},
+               .text = {kPartlyWrittenText},
                .icon = Icon::kNone,
                .where = "Program to Radio",
                .meaning = "Programming failed or was cancelled after it had begun to write.",

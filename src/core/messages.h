@@ -87,6 +87,10 @@ struct MessageRow {
   bool explained = true;
 };
 
+/// Also shown by itself, for as long as it is true.
+inline constexpr std::string_view kPartlyWrittenText =
+    "The radio now holds a partly written image. Do not use it until it has been programmed again.";
+
 /// In the order of MessageId, which is that of the page of messages.
 [[nodiscard]] std::span<const MessageRow> MessageRows();
 [[nodiscard]] const MessageRow& RowOf(MessageId id);

@@ -13,8 +13,7 @@ namespace orvane::link {
 namespace {
 
 using core::Answer;
-using core::Buttons;
-using core::Icon;
+using core::MessageId;
 
 constexpr double kReplySeconds = 10;
 constexpr double kHandshakeSeconds = 1;
@@ -61,14 +60,12 @@ CloneProtocol::CloneProtocol(SerialLink& link, core::Prompts& prompts, std::stri
       title_(std::move(title)),
       retry_count_(retry_count) {}
 
-void CloneProtocol::Tell(std::string_view text, std::string details) {
-  core::Message message{title_, std::string(text), Icon::kCritical};
-  message.details = std::move(details);
-  prompts_.Show(message);
+void CloneProtocol::Tell(MessageId id, const core::Facts& facts) {
+  prompts_.Show(core::MakeMessage(id, title_, facts));
 }
 
 bool CloneProtocol::PortFailed() {
-  Tell("port inicialize error!!", link_.OpenFailure().description);
+  Tell(MessageId::kPortFailed, {{"reason", link_.OpenFailure().description}});
   return false;
 }
 
@@ -96,7 +93,7 @@ bool CloneProtocol::Handshake() {
   }
   if (!link_.CancelRequested()) {
     link_.Monitor("sync failed!!");
-    Tell("Communication Error!!");
+    Tell(MessageId::kNoAnswer);
   }
   link_.PortClose();
   return false;
@@ -119,7 +116,7 @@ bool CloneProtocol::RequestMode() {
     case WaitStatus::kTimedOut:
       return true;  // a radio that needs no mode request does not answer it
     case WaitStatus::kMismatch:
-      Tell("error!!");
+      Tell(MessageId::kModeUnknown);
       return true;
     case WaitStatus::kArrived:
       break;
@@ -127,7 +124,7 @@ bool CloneProtocol::RequestMode() {
       return false;
   }
   if (reply.text == "OK" || reply.text == kCommandUnknown) return true;
-  Tell(reply.text == kRefusal ? "ACMD Command error!!" : "error!!");
+  Tell(reply.text == kRefusal ? MessageId::kModeRefused : MessageId::kModeUnknown);
   return false;
 }
 
@@ -177,8 +174,7 @@ WaitStatus CloneProtocol::SyncPass(int pass) {
 // after a quick answer it may still be on the wire; it must not be taken for the echo of what is
 // sent next.
 bool CloneProtocol::Resynchronise() {
-  const core::Message question{title_, "confirm the synchronization of the communication",
-                               Icon::kQuestion, Buttons::kOkCancel};
+  const core::Message question = core::MakeMessage(MessageId::kConfirmSync, title_);
   if (prompts_.Show(question) != Answer::kOk) return false;
   static_cast<void>(link_.WaitCrLf());
   link_.FlushInput();
@@ -225,8 +221,8 @@ bool CloneProtocol::WriteBlock(int address, int length) {
 
 ReceivedText CloneProtocol::ReadHeader() {
   ReceivedText header = link_.ReadText(kCommandData.size(), kReplySeconds);
-  if (header.status == WaitStatus::kCancelled) Tell("cancel!!");
-  if (header.status == WaitStatus::kTimedOut) Tell("time out!!");
+  if (header.status == WaitStatus::kCancelled) Tell(MessageId::kCancelled);
+  if (header.status == WaitStatus::kTimedOut) Tell(MessageId::kTimeOut);
   return header;
 }
 
@@ -245,7 +241,7 @@ void CloneProtocol::ReceiveDataReply(std::span<std::uint8_t> target, int address
 
 void CloneProtocol::ParseDataReply(std::span<std::uint8_t> target, int address, int length) {
   const ReceivedText rest = link_.ReadLine(kReplySeconds);
-  if (rest.status == WaitStatus::kTimedOut) Tell("time out!!");
+  if (rest.status == WaitStatus::kTimedOut) Tell(MessageId::kTimeOut);
   if (rest.status != WaitStatus::kArrived) return;
   if (!VerifyLineChecksum(std::string(kCommandData) + rest.text)) {
     link_.SendLine(kCommandChecksumWrong);
@@ -253,12 +249,12 @@ void CloneProtocol::ParseDataReply(std::span<std::uint8_t> target, int address, 
     return;
   }
   const std::vector<std::string_view> fields = core::Split(rest.text, static_cast<char>(kTab));
-  if (!FieldIs(FieldAt(fields, kAddressAt), address)) return Tell("address error!!");
-  if (!FieldIs(FieldAt(fields, kLengthAt), length)) return Tell("data error!!");
+  if (!FieldIs(FieldAt(fields, kAddressAt), address)) return Tell(MessageId::kWrongAddress);
+  if (!FieldIs(FieldAt(fields, kLengthAt), length)) return Tell(MessageId::kWrongLength);
   // An empty data field is left out with its TAB; the checksum in its place is no data.
   const bool has_data = fields.size() > kChecksumAt;
   const auto bytes = ParseHexData(has_data ? FieldAt(fields, kDataAt) : "", length);
-  if (!bytes) return Tell("data error!!");
+  if (!bytes) return Tell(MessageId::kWrongLength);
   std::copy(bytes->begin(), bytes->end(), target.begin() + address);
   link_.SendLine(kCommandOk);  // its echo decides the error flag
 }
@@ -268,7 +264,7 @@ bool CloneProtocol::StatusCheck() {
   while (status == Status::kBusy) {
     status = AskStatus();
     if (status != Status::kBusy) break;
-    core::Message busy{title_, "Radio is busy!!", Icon::kExclamation, Buttons::kRetryCancel};
+    core::Message busy = core::MakeMessage(MessageId::kRadioBusy, title_);
     busy.default_answer = Answer::kCancel;
     if (prompts_.Show(busy) != Answer::kRetry) {
       link_.Monitor("status check.. NG!!");
@@ -298,8 +294,8 @@ CloneProtocol::Status CloneProtocol::ReadStatusReply() {
     return Status::kFailed;
   }
   const ReceivedText rest = link_.ReadLine(kReplySeconds);
-  if (rest.status == WaitStatus::kCancelled) Tell("cancel!!");
-  if (rest.status == WaitStatus::kTimedOut) Tell("time out!!");
+  if (rest.status == WaitStatus::kCancelled) Tell(MessageId::kCancelled);
+  if (rest.status == WaitStatus::kTimedOut) Tell(MessageId::kTimeOut);
   if (rest.status != WaitStatus::kArrived) return Status::kFailed;
   if (!VerifyLineChecksum(std::string(kCommandStatusReply) + rest.text)) {
     link_.SendLine(kCommandChecksumWrong);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/services.h"
+#include "core/messages.h"
 #include "link/serial_link.h"
 
 namespace orvane::link {
@@ -49,7 +49,7 @@ class CloneProtocol {
   void LetLineRunDry();
   bool RequestMode();
   bool PortFailed();
-  void Tell(std::string_view text, std::string details = {});
+  void Tell(core::MessageId id, const core::Facts& facts = {});
   /// Sends and awaits "#CMDOK". An acknowledgement after a wrong echo does not count.
   template <class Send>
   WaitStatus Exchange(Send send);

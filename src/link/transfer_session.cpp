@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "core/message_facts.h"
 #include "core/model_profile.h"
 #include "core/narrowband.h"
 #include "image/codec.h"
@@ -13,11 +14,10 @@
 namespace orvane::link {
 namespace {
 
-using core::Icon;
+using core::MessageId;
 
 constexpr std::string_view kRead = "Read from Radio";
 constexpr std::string_view kProgram = "Program to Radio";
-constexpr std::string_view kCommunicationError = "Communication Error!!";
 
 constexpr double kEndOfRunPause = 0.500;
 constexpr double kBeforeWritingPause = 0.010;
@@ -82,10 +82,10 @@ TransferSession::End TransferSession::Run(SessionKind kind) {
 
 void TransferSession::ReportUnexpected(const core::SystemError& error) {
   link_.WriteErrLog(routine_, error);
-  core::Message message{data_.ProductName,
-                        std::to_string(error.number) + "\r\r" + error.description, Icon::kCritical};
-  if (writing_begun_) message.details = kPartlyWrittenNote;
-  prompts_.Show(message);
+  prompts_.Show(
+      core::MakeMessage(MessageId::kUnexpectedFailure, data_.ProductName,
+                        {{"failure", std::to_string(error.number) + "\r\r" + error.description},
+                         {"note", std::string(writing_begun_ ? kPartlyWrittenNote : "")}}));
   data_.Flags.Error = true;
   data_.Flags.Cancel = true;
 }
@@ -121,7 +121,7 @@ TransferSession::End TransferSession::RunSession(SessionKind kind, CloneProtocol
 
 bool TransferSession::RadioIsReady(CloneProtocol& protocol) {
   if (!protocol.StatusCheck()) {
-    Refuse("Radio not ready!!", ModeTitle(kind_));
+    Refuse(MessageId::kRadioNotReady, ModeTitle(kind_));
     return false;
   }
   ReadDataChkModel(protocol, ModelCheckTitle(kind_));
@@ -162,21 +162,18 @@ bool TransferSession::Cancelled() {
 void TransferSession::Complete() {
   transfer_done_ = true;
   link_.Monitor("");
-  prompts_.Show({std::string(ModeTitle(kind_)), "Complete!!", Icon::kInformation});
+  prompts_.Show(core::MakeMessage(MessageId::kComplete, ModeTitle(kind_)));
 }
 
-void TransferSession::Refuse(std::string_view text, std::string_view title) {
+void TransferSession::Refuse(MessageId id, std::string_view title, const core::Facts& facts) {
   data_.Flags.Error = true;
-  prompts_.Show({std::string(title), std::string(text), Icon::kCritical});
+  prompts_.Show(core::MakeMessage(id, title, facts));
 }
 
 bool TransferSession::OpenForBlocks(std::string_view routine) {
   routine_ = routine;
   if (link_.PortOpen()) return true;
-  data_.Flags.Error = true;
-  core::Message message{std::string(ModeTitle(kind_)), "port inicialize error!!", Icon::kCritical};
-  message.details = link_.OpenFailure().description;
-  prompts_.Show(message);
+  Refuse(MessageId::kPortFailed, ModeTitle(kind_), {{"reason", link_.OpenFailure().description}});
   return false;
 }
 
@@ -194,24 +191,27 @@ void TransferSession::ReadDataChkModel(CloneProtocol& protocol, std::string_view
       (!has_product || protocol.ReadBlock(scratch.All(), image::kProductOffset, 1)) &&
       protocol.ReadBlock(scratch.All(), image::kDestinationOffset, 1);
   if (Cancelled()) return;
-  if (!complete) return Refuse(kCommunicationError, "Model Check");
+  if (!complete) return Refuse(MessageId::kExchangeFailed, "Model Check");
   CompareRadio(scratch, first_code, second_code, title);
 }
 
 void TransferSession::CompareRadio(const core::MemoryImage& scratch, int first_code,
                                    int second_code, std::string_view title) {
   const core::ModelProfile& profile = core::ProfileOf(data_);
-  if (!core::ModelCodeMatches(profile, BigEndian16(scratch, first_code),
-                              BigEndian16(scratch, second_code))) {
-    Refuse("ModelType Error !!", title);
+  const core::CodePair codes{BigEndian16(scratch, first_code), BigEndian16(scratch, second_code)};
+  if (!core::ModelCodeMatches(profile, codes.first, codes.second)) {
+    const core::MessageCase other = core::OtherModelOfRadio(codes, profile);
+    Refuse(other.id, title, other.facts);
   }
-  if (!core::ProductMatches(profile, scratch[image::kProductOffset])) {
-    Refuse("Product Error !!", title);
+  const std::uint8_t product = scratch[image::kProductOffset];
+  if (!core::ProductMatches(profile, product)) {
+    Refuse(MessageId::kProductOfRadio, title, core::ProductFacts(product, profile));
   }
   if (data_.Flags.Error) return;
-  if (image::Sel1(scratch) != image::Sel1(data_.Image) ||
-      image::Sel2(scratch) != image::Sel2(data_.Image)) {
-    Refuse("Destination Error !!", title);
+  const core::DestinationBits theirs{image::Sel1(scratch), image::Sel2(scratch)};
+  const core::DestinationBits ours{image::Sel1(data_.Image), image::Sel2(data_.Image)};
+  if (theirs != ours) {
+    Refuse(MessageId::kDestinationOfRadio, title, core::DestinationFacts(theirs, ours));
   }
 }
 
@@ -232,7 +232,7 @@ void TransferSession::ReadData(CloneProtocol& protocol, core::MemoryImage& buffe
   if (cancelled) protocol.AbortTransfer();
   link_.PortClose();
   if (cancelled) return;
-  if (data_.Flags.Error) return Refuse(kCommunicationError, kRead);
+  if (data_.Flags.Error) return Refuse(MessageId::kExchangeFailed, kRead);
   services_.clock.Pause(kEndOfRunPause);
 }
 
@@ -268,9 +268,7 @@ void TransferSession::WriteData(CloneProtocol& protocol) {
     return;
   }
   if (!data_.Flags.Error) return services_.clock.Pause(kEndOfRunPause);
-  core::Message message{std::string(kProgram), std::string(kCommunicationError), Icon::kCritical};
-  message.details = kPartlyWrittenNote;
-  prompts_.Show(message);
+  Refuse(MessageId::kWritingFailed, kProgram, {{"note", std::string(kPartlyWrittenNote)}});
 }
 
 // A byte that fails does not stop the row, but the next one's success must not hide it.

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/memory_image.h"
+#include "core/messages.h"
 #include "core/radio_data.h"
 #include "core/services.h"
 #include "link/clone_protocol.h"
@@ -17,8 +18,7 @@ enum class SessionKind { kRead = 0, kProgram = 1, kClear = 2 };
 [[nodiscard]] std::string_view ModeTitle(SessionKind kind);
 
 /// What to tell the user whose program run did not end in "Complete!!".
-inline constexpr std::string_view kPartlyWrittenNote =
-    "The radio now holds a partly written image. Do not use it until it has been programmed again.";
+inline constexpr std::string_view kPartlyWrittenNote = core::kPartlyWrittenText;
 
 /// One press of OK in the transfer dialog: connect, check that the radio is ready and is the
 /// data's model, product and destination, then read, program or clear.
@@ -54,7 +54,7 @@ class TransferSession {
   [[nodiscard]] bool HasStopped() const { return data_.Flags.Error || data_.Flags.Cancel; }
   [[nodiscard]] bool Cancelled();
   void Complete();
-  void Refuse(std::string_view text, std::string_view title);
+  void Refuse(core::MessageId id, std::string_view title, const core::Facts& facts = {});
 
   void ReadDataChkModel(CloneProtocol& protocol, std::string_view title);
   void CompareRadio(const core::MemoryImage& scratch, int first_code, int second_code,
