@@ -7,6 +7,8 @@
 #include <QSvgRenderer>
 #include <utility>
 
+#include "editor/contrast.h"
+
 // The resources of a static library are there only once this ran; it must be outside any namespace.
 static void LoadEditorResources() {
   Q_INIT_RESOURCE(editor);
@@ -25,15 +27,20 @@ struct Colours {
 };
 
 Colours ColoursOf(const QPalette& palette, QIcon::Mode mode) {
-  const auto name = [&](QPalette::ColorGroup group, QPalette::ColorRole role) {
-    return palette.color(group, role).name().toLatin1();
-  };
   if (mode == QIcon::Disabled) {
-    const QByteArray faint = name(QPalette::Disabled, QPalette::ButtonText);
+    const QByteArray faint =
+        palette.color(QPalette::Disabled, QPalette::ButtonText).name().toLatin1();
     return {faint, faint};
   }
-  return {name(QPalette::Active, QPalette::ButtonText),
-          name(QPalette::Active, QPalette::Highlight)};
+  const auto active = [&](QPalette::ColorRole role) {
+    return palette.color(QPalette::Active, role);
+  };
+  // A drawing stands on the window, or on a button while the mouse is over it.
+  const auto grounds = {active(QPalette::Window), active(QPalette::Button)};
+  const QColor line =
+      StandingOut(active(QPalette::ButtonText), active(QPalette::WindowText), grounds);
+  const QColor accent = StandingOut(active(QPalette::Highlight), line, grounds);
+  return {line.name().toLatin1(), accent.name().toLatin1()};
 }
 
 QByteArray Coloured(QByteArray svg, const Colours& colours) {
