@@ -1,6 +1,7 @@
 #include "platform/message_box_prompts.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <array>
@@ -96,6 +97,19 @@ QString Lines(const std::string& text) {
   return FromUtf8(text).replace("\r\n", "\n").replace('\r', '\n');
 }
 
+/// The box counts neither the bold face of a frame's title nor the buttons beside it.
+void FitTitle(QMessageBox& box) {
+  constexpr int kFrameButtons = 4;
+  QFont font = box.font();
+  font.setBold(true);
+  const QFontMetrics metrics(font);
+  const int width =
+      metrics.horizontalAdvance(box.windowTitle()) + kFrameButtons * 2 * metrics.height();
+  if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+  }
+}
+
 QWidget* FrontWindow() {
   QWidget* const modal = QApplication::activeModalWidget();
   return modal != nullptr ? modal : QApplication::activeWindow();
@@ -113,6 +127,7 @@ core::Answer MessageBoxPrompts::Show(const core::Message& message) {
   box.setIcon(IconOf(message.icon));
   box.setStandardButtons(ButtonsOf(message.buttons));
   box.setDefaultButton(ButtonOf(message.default_answer.value_or(FirstAnswer(message.buttons))));
+  FitTitle(box);
   const std::optional<core::Answer> answer = AnswerOf(box.exec());
   return answer.value_or(ClosedAnswer(message.buttons));
 }

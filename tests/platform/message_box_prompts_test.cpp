@@ -52,13 +52,17 @@ TEST(MessageBoxPrompts, EnterPressesTheDefaultButtonAndClosingCancels) {
 }
 
 TEST(MessageBoxPrompts, ShowsTheTextAsWrittenAndTheReasonBelow) {
-  core::Message message{"PC Program", "<b>1</b>\r\n2\r\r3", core::Icon::kCritical};
+  core::Message message{"KT740 PC Program for KT740 Series", "<b>1</b>\r\n2\r\r3", core::Icon::kCritical};
   message.details = "No such device\r\nConnect it.";
   ShowAnd(message, [](QMessageBox& box) {
     EXPECT_EQ(box.text(), "<b>1</b>\n2\n\n3");
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
     EXPECT_EQ(box.informativeText(), "No such device\nConnect it.");
     EXPECT_EQ(box.icon(), QMessageBox::Critical);
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int title = QFontMetrics(bold).horizontalAdvance(box.windowTitle());
+    EXPECT_GE(box.width(), title + 100) << "the title and the buttons of a frame";
     box.accept();
   });
 }
