@@ -52,6 +52,8 @@ class Commands {
   /// The help from its first page.
   virtual void HelpContents(CommandHost& host) = 0;
   virtual void CloseHelp() = 0;
+  /// The help as it was before CloseHelp().
+  virtual void ReopenHelp() = 0;
   virtual void About(CommandHost& host) = 0;
 };
 

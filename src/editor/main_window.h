@@ -72,6 +72,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void PlaceWindow();
   void FinishStart();
   void StoreGeometry();
+  /// Over the whole screen, maximized or more.
+  [[nodiscard]] bool IsSpread() const;
 
   /// True when the key was meant for the window; the control must not see it then.
   [[nodiscard]] bool TakeKey(QWidget& target, const QKeyEvent& event);
@@ -93,6 +95,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   QLabel* hint_ = nullptr;
   QLabel* model_name_ = nullptr;
   QTimer* start_timer_;
+  QPoint frame_;  ///< left and upper width of the frame that the window manager draws
 
   SerialPortMenu port_menu_;
   DestinationMenu destination_menu_;

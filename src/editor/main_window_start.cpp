@@ -66,6 +66,7 @@ void MainWindow::FinishStart() {
   const Working working(*this);
   SelectNode(KeyOf({}));
   Wait(kCommandPause);
+  if (!IsSpread()) frame_ = geometry().topLeft() - pos();
   // What takes long enough to be seen, and nobody needs before the window is painted.
   navigator_->MakePages();
   port_menu_.UpdateComList();
@@ -81,6 +82,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   }
   if (services_.commands != nullptr) services_.commands->CloseHelp();
   if (!file_commands_.AskBeforeClosing()) {
+    if (services_.commands != nullptr) services_.commands->ReopenHelp();
     event->ignore();
     return;
   }
@@ -91,9 +93,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
+bool MainWindow::IsSpread() const {
+  return isMaximized() || isFullScreen();
+}
+
+// What is kept is the place of the window with its frame, and its size without.
 void MainWindow::StoreGeometry() {
   if (isMinimized()) return;
-  const QRect place = isMaximized() || isFullScreen() ? normalGeometry() : QRect(pos(), size());
+  const QRect place = IsSpread() ? normalGeometry().translated(-frame_) : QRect(pos(), size());
   settings_.SetMainWindow({.left = place.left() * kTwipsPerPixel,
                            .top = place.top() * kTwipsPerPixel,
                            .width = place.width() * kTwipsPerPixel,

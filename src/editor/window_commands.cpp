@@ -156,6 +156,10 @@ void WindowCommands::CloseHelp() {
   if (devices_.help != nullptr) devices_.help->Close();
 }
 
+void WindowCommands::ReopenHelp() {
+  if (devices_.help != nullptr) devices_.help->Reopen();
+}
+
 void WindowCommands::About(CommandHost& host) {
   AboutBox(data_, &host.Widget()).exec();
 }

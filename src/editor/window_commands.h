@@ -32,6 +32,7 @@ class WindowCommands : public Commands {
   void Help(CommandHost& host, int context) override;
   void HelpContents(CommandHost& host) override;
   void CloseHelp() override;
+  void ReopenHelp() override;
   void About(CommandHost& host) override;
 
  private:

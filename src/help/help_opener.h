@@ -17,6 +17,8 @@ class HelpOpener {
   [[nodiscard]] virtual std::optional<std::string> Open(QWidget& owner, int context) = 0;
   /// Closes every help window.
   virtual void Close() = 0;
+  /// Brings back what Close() closed, at the page that was open, without taking the focus.
+  virtual void Reopen() = 0;
 };
 
 /// What a request for help is answered with where HasHelp() is false.

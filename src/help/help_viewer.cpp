@@ -42,7 +42,15 @@ std::optional<std::string> HelpViewer::MakeWindow() {
 }
 
 void HelpViewer::Close() {
-  delete window_.data();
+  closed_open_ = window_ != nullptr && window_->isVisible();
+  if (closed_open_) window_->hide();
+}
+
+void HelpViewer::Reopen() {
+  if (!closed_open_ || window_ == nullptr) return;
+  window_->setAttribute(Qt::WA_ShowWithoutActivating);
+  window_->show();
+  window_->setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
 }  // namespace orvane::help

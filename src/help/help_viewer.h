@@ -22,12 +22,14 @@ class HelpViewer : public HelpOpener {
   /// Context 0 stands for no help and opens nothing. The help of a modal owner closes with it.
   [[nodiscard]] std::optional<std::string> Open(QWidget& owner, int context) override;
   void Close() override;
+  void Reopen() override;
 
  private:
   [[nodiscard]] std::optional<std::string> MakeWindow();
 
   const QString help_file_;
   QPointer<HelpWindow> window_;  ///< null before the first request and after its owner has gone
+  bool closed_open_ = false;     ///< Close() found the window open
 };
 
 }  // namespace orvane::help

@@ -36,6 +36,7 @@ class RecordingHelp : public help::HelpOpener {
     return failure;
   }
   void Close() override { opened << QStringLiteral("closed"); }
+  void Reopen() override { opened << QStringLiteral("reopened"); }
   bool has_help = true;
   std::optional<std::string> failure;
   QStringList opened;

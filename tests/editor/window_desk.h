@@ -68,6 +68,7 @@ class RecordingCommands : public editor::Commands {
   }
   void HelpContents(editor::CommandHost& /*host*/) override { ran << "HelpContents"; }
   void CloseHelp() override { ran << "CloseHelp"; }
+  void ReopenHelp() override { ran << "ReopenHelp"; }
   void About(editor::CommandHost& /*host*/) override { ran << "About"; }
   QStringList ran;
 };

@@ -220,8 +220,16 @@ class HelpTest : public QObject {
     QVERIFY(help.Find<QTextBrowser>("txtHelp") == nullptr);
     QCOMPARE(help.viewer.Open(help.owner, kTransferContext), std::nullopt);
     QVERIFY(help.Page().isVisible());
+    const QUrl page = help.Page().source();
     help.viewer.Close();
-    QVERIFY(help.Find<QTextBrowser>("txtHelp") == nullptr);
+    QVERIFY(!help.Page().isVisible());
+    help.viewer.Reopen();
+    QVERIFY(help.Page().isVisible());
+    QCOMPARE(help.Page().source(), page);
+    help.Page().window()->close();  // by the user: stays closed
+    help.viewer.Close();
+    help.viewer.Reopen();
+    QVERIFY(!help.Page().isVisible());
   }
 
   void NumberZeroOpensNothing() {
