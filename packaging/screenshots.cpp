@@ -1,5 +1,6 @@
-// screenshots [--dark] [--size WxH] FOLDER: one picture of each page of the real window, over the
-// contents of a radio in use. packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
+// screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of each page of the real
+// window, over the contents of a radio in use. packaging/screenshots.sh runs it; QT_SCALE_FACTOR
+// scales it.
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -61,6 +62,7 @@ int main(int argc, char** argv) {
   words.addPositionalArgument("folder", "where the pictures go");
   words.addOption({"dark", "in a dark palette"});
   words.addOption({"size", "of the window", "WxH", "900x600"});
+  words.addOption({"font", "size of the letters", "PERCENT", "100"});
   words.process(application);
   const auto size = ToSize(words.value("size"));
   if (words.positionalArguments().size() != 1 || !size) words.showHelp(2);
@@ -68,6 +70,9 @@ int main(int argc, char** argv) {
     QApplication::setStyle(QStyleFactory::create("fusion"));
     QApplication::setPalette(DarkPalette());
   }
+  QFont font = QApplication::font();
+  font.setPointSizeF(font.pointSizeF() * words.value("font").toDouble() / 100);
+  QApplication::setFont(font);
   orvane::testing::WindowDesk desk;
   editor::WindowServices services = desk.Services();
   services.data_folder = platform::ToUtf8(QApplication::applicationDirPath());  // the logo

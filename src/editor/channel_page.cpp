@@ -2,6 +2,7 @@
 
 #include "core/model_profile.h"
 #include "core/rendering.h"
+#include "editor/tool_tips.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -13,6 +14,7 @@ ChannelPage::ChannelPage(PageServices services, QWidget* parent)
   Build();
   Connect();
   ChannelPage::ModelChanged();
+  ExplainControls(*this);
 }
 
 void ChannelPage::ModelChanged() {

@@ -5,6 +5,7 @@
 
 #include "core/model_profile.h"
 #include "core/rendering.h"
+#include "editor/tool_tips.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -115,6 +116,7 @@ CommonPage::CommonPage(PageServices services, QWidget* parent)
   for (std::size_t i = 0; i < kSettings; ++i) BuildSetting(i);
   lists_[kRotary]->hide();
   captions_[kRotary]->hide();
+  ExplainControls(*this);
 }
 
 void CommonPage::BuildSetting(std::size_t index) {

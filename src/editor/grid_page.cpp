@@ -11,6 +11,7 @@
 #include <cstdlib>
 
 #include "editor/controls.h"
+#include "editor/tool_tips.h"
 
 namespace orvane::editor {
 namespace {
@@ -88,11 +89,24 @@ void ChannelGrid::keyPressEvent(QKeyEvent* event) {
   if (currentIndex().isValid()) emit JumpAsked(currentIndex().row());
 }
 
+bool ChannelGrid::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+  ShowItemToolTip(*this, static_cast<const QHelpEvent&>(*event));
+  return true;
+}
+
 // A wheel that tells less than a notch at a time is added up; one that was turned fast still
 // scrolls a single row.
 void ChannelGrid::wheelEvent(QWheelEvent* event) {
   const int turned = event->angleDelta().y();
-  if (turned == 0) return QTableView::wheelEvent(event);
+  if (turned == 0 || std::abs(event->angleDelta().x()) > std::abs(turned)) {
+    return QTableView::wheelEvent(event);
+  }
+  if ((event->modifiers() & Qt::ShiftModifier) != 0) {
+    QScrollBar& sideways = *horizontalScrollBar();
+    sideways.setValue(sideways.value() - sideways.singleStep() * turned / kNotch);
+    return event->accept();
+  }
   if ((turned > 0) != (wheel_rest_ > 0)) wheel_rest_ = 0;
   wheel_rest_ += turned;
   event->accept();

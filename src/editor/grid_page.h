@@ -7,7 +7,7 @@
 
 namespace orvane::editor {
 
-/// The table `MSFlexGrid1`. One wheel notch scrolls one row.
+/// The table `MSFlexGrid1`. One wheel notch scrolls one row, or with Shift about a column sideways.
 class ChannelGrid : public QTableView {
   Q_OBJECT
 
@@ -18,6 +18,7 @@ class ChannelGrid : public QTableView {
   void JumpAsked(int row);
 
  protected:
+  bool viewportEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 

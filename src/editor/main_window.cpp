@@ -11,6 +11,7 @@
 #include "core/model_profile.h"
 #include "editor/splitter.h"
 #include "editor/tool_bar.h"
+#include "editor/tool_tips.h"
 #include "image/codec.h"
 #include "platform/ansi_text.h"
 
@@ -68,7 +69,7 @@ void MainWindow::BuildStatusBar() {
   statusBar()->setObjectName(QStringLiteral("sbStatusBar"));
   statusBar()->setSizeGripEnabled(false);
   const auto add_panel = [this](const char* name, int stretch) {
-    auto* panel = new QLabel(this);
+    auto* panel = new CutLabel(this);
     panel->setObjectName(QLatin1String(name));
     panel->setMargin(2);
     statusBar()->addPermanentWidget(panel, stretch);

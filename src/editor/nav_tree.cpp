@@ -7,6 +7,8 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include "editor/tool_tips.h"
+
 namespace orvane::editor {
 namespace {
 
@@ -76,6 +78,12 @@ void NavTree::SetCurrentKey(const QString& key) {
 void NavTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTreeView::currentChanged(current, previous);
   if (!quiet_ && current.isValid()) emit NodeChosen(CurrentKey());
+}
+
+bool NavTree::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+  ShowItemToolTip(*this, static_cast<const QHelpEvent&>(*event));
+  return true;
 }
 
 void NavTree::mousePressEvent(QMouseEvent* event) {

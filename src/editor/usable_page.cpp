@@ -8,6 +8,7 @@
 #include "core/channel_plan.h"
 #include "core/model_profile.h"
 #include "core/rendering.h"
+#include "editor/tool_tips.h"
 #include "files/columns.h"
 #include "image/layout_places.h"
 #include "platform/ansi_text.h"
@@ -55,6 +56,7 @@ UsablePage::UsablePage(PageServices services, QWidget* parent)
   grid->setRowStretch(2, 1);
   connect(exp_, &QCheckBox::clicked, this, &UsablePage::SwitchExp);
   UsablePage::ModelChanged();
+  ExplainControls(*this);
 }
 
 void UsablePage::BuildGroup(std::size_t index, const QString& caption) {

@@ -6,6 +6,7 @@
 
 #include "core/channel_plan.h"
 #include "editor/controls.h"
+#include "editor/tool_tips.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -31,6 +32,7 @@ WeatherPage::WeatherPage(PageServices services, QWidget* parent) : Page(services
   for (int i = 0; i < core::kWxChannels; ++i) BuildRow(i);
   grid->setColumnStretch(kName + 1, 1);
   grid->setRowStretch(core::kWxChannels + 1, 1);
+  ExplainControls(*this);
 }
 
 void WeatherPage::BuildRow(int index) {
