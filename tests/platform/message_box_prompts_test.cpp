@@ -52,7 +52,8 @@ TEST(MessageBoxPrompts, EnterPressesTheDefaultButtonAndClosingCancels) {
 }
 
 TEST(MessageBoxPrompts, ShowsTheTextAsWrittenAndTheReasonBelow) {
-  core::Message message{"KT740 PC Program for KT740 Series", "<b>1</b>\r\n2\r\r3", core::Icon::kCritical};
+  core::Message message{"KT740 PC Program for KT740 Series", "<b>1</b>\r\n2\r\r3",
+                        core::Icon::kCritical};
   message.details = "No such device\r\nConnect it.";
   ShowAnd(message, [](QMessageBox& box) {
     EXPECT_EQ(box.text(), "<b>1</b>\n2\n\n3");
