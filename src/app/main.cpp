@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/app_settings.h"
+#include "core/product.h"
 #include "editor/main_window.h"
 #include "editor/window_commands.h"
 #include "help/help_viewer.h"

@@ -174,7 +174,7 @@ Json ChannelTree(const Json& label, const ChannelRecord& channel, Kind table,
   for (const Field<ChannelRecord>& field : kChannelFields) {
     if (HasField(field.kind, table, profile)) AddField(node, channel, field);
   }
-  if (table == Kind::kExtra) node["kind"] = profile.GroupWord(channel.LMR_EXP != 0);
+  if (table == Kind::kExtra) node["kind"] = profile.GroupWord(channel.IsLmr());
   return node;
 }
 

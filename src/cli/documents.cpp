@@ -1,9 +1,9 @@
 #include "cli/documents.h"
 
 #include "cli/options.h"
-#include "core/app_settings.h"
 #include "core/model_profile.h"
 #include "core/narrowband.h"
+#include "core/product.h"
 #include "files/image_file.h"
 #include "files/settings_file.h"
 #include "files/text_report.h"
@@ -34,10 +34,8 @@ core::RadioData Documents::Fresh(std::int16_t model_type) const {
 
 bool Documents::Load(const std::string& path, std::optional<std::int16_t> model_type,
                      core::RadioData& data) {
-  const bool loaded = Extension(path) == ".dat" ? LoadSettingFile(path, model_type, data)
-                                                : LoadImageFile(path, model_type, data);
-  if (loaded) data.CurrentFileName = path;
-  return loaded;
+  return Extension(path) == ".dat" ? LoadSettingFile(path, model_type, data)
+                                   : LoadImageFile(path, model_type, data);
 }
 
 // A file that cannot be read, or that names no model, goes on to the loader as if it were of the

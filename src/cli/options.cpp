@@ -6,7 +6,7 @@
 
 #include "core/model_profile.h"
 #include "core/text.h"
-#include "link/port_links.h"
+#include "link/port_name.h"
 
 namespace orvane::cli {
 namespace {
@@ -239,8 +239,8 @@ Parsed ParseWords(const std::vector<std::string>& words) {
 std::optional<PortChoice> ParsePort(const std::string& text) {
   if (text.find('/') != std::string::npos || text.starts_with("\\\\")) return text;
   const std::string upper = core::UpperCase(text);
-  for (int number = 1; number <= link::kLastPortNumber; ++number) {
-    if (upper == std::to_string(number) || upper == link::PortLinkName(number)) return number;
+  for (int number = link::kFirstPortNumber; number <= link::kLastPortNumber; ++number) {
+    if (upper == std::to_string(number) || upper == link::PortName(number)) return number;
   }
   return std::nullopt;
 }

@@ -74,7 +74,6 @@ bool RunRead(Workplace& place) {
   if (!options.base.empty() && !place.documents.Load(options.base, options.model, data)) {
     return false;
   }
-  data.CurrentFileName.clear();
   if (!Transfer(place, data, link::SessionKind::kRead)) return false;
   return options.raw ? place.documents.SaveImage(options.output, data)
                      : place.documents.Save(options.output, data);

@@ -13,9 +13,6 @@
 /// stand beside the program.
 namespace orvane::core {
 
-inline constexpr std::string_view kProductName = "Orvane";
-inline constexpr std::string_view kProgramTitle = "PC Program for KT740 Series";
-
 /// True when one of the words is "/D", in either letter case.
 [[nodiscard]] bool HasDebugSwitch(const std::vector<std::string>& words);
 

@@ -1,7 +1,5 @@
 #include "core/channel_plan.h"
 
-#include <algorithm>
-
 #include "core/channel_plan_rows.h"
 
 namespace orvane::core {
@@ -118,13 +116,6 @@ void ResetWxTable(WxTable& table) {
 std::string_view PlanLabel(int position) {
   if (position < 0 || position >= kMarineChannels) return {};
   return ChannelPlan()[static_cast<std::size_t>(position)].text;
-}
-
-std::string FindPlanLabel(std::string_view label) {
-  const auto& plan = ChannelPlan();
-  const auto* const found = std::find_if(
-      plan.begin(), plan.end(), [=](const ChannelPlanEntry& entry) { return entry.text == label; });
-  return found != plan.end() ? std::to_string(found - plan.begin()) : std::string();
 }
 
 std::string ChannelLabel(std::int32_t channel, std::string_view extra_word) {

@@ -26,6 +26,11 @@ struct ChannelPlanEntry {
 /// The ten weather channels.
 [[nodiscard]] const std::array<ChannelPlanEntry, kWxChannels>& WxPlan();
 
+/// Positions of the channels that have a part of their own.
+inline constexpr int kChannel09 = 18;   ///< calling
+inline constexpr int kChannel16 = 32;   ///< distress and calling
+inline constexpr int kChannel70 = 140;  ///< distress and calling by DSC
+
 /// Resets one marine table to the defaults of its plan.
 void ResetMarineTable(MarineGroup group, MarineTable& table);
 /// Resets the weather table to its ten defaults.
@@ -33,8 +38,6 @@ void ResetWxTable(WxTable& table);
 
 /// Label of a position ("16", "22A"); "" outside 0..239.
 [[nodiscard]] std::string_view PlanLabel(int position);
-/// Index of the plan entry with that label as decimal text, "" when there is none.
-[[nodiscard]] std::string FindPlanLabel(std::string_view label);
 /// Text of a combined channel number: "Off", a plan label, or the extra-channel word and number.
 /// Weather channels and everything above read "Off".
 [[nodiscard]] std::string ChannelLabel(std::int32_t channel, std::string_view extra_word);

@@ -3,7 +3,7 @@
 namespace orvane::core {
 
 bool OfKind(const ModelProfile& profile, const ChannelRecord& channel, bool lmr_root) {
-  return !profile.splits_lmr_and_exp || channel.LMR_EXP == Flag(lmr_root).Wire();
+  return !profile.splits_lmr_and_exp || (lmr_root ? channel.IsLmr() : channel.IsExp());
 }
 
 bool MarkedEnabled(const ModelProfile& profile, const ChannelRecord& channel, bool lmr_root) {

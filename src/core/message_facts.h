@@ -17,12 +17,6 @@ struct MessageCase {
   Facts facts;
 };
 
-/// The two copies of the model code that a radio or an image carries.
-struct CodePair {
-  std::uint16_t first = 0;
-  std::uint16_t second = 0;
-};
-
 /// The radio's codes are not those of the profile.
 [[nodiscard]] MessageCase OtherModelOfRadio(CodePair theirs, const ModelProfile& ours);
 /// The image's codes are not those of the profile, or of any model when there is no profile.

@@ -146,8 +146,8 @@ const ModelProfile* FindProfileByCode(std::uint16_t code) {
   return found != kProfiles.end() ? found : nullptr;
 }
 
-bool ModelCodeMatches(const ModelProfile& profile, std::uint16_t code1, std::uint16_t code2) {
-  return code1 == code2 && code1 == profile.code;
+bool ModelCodeMatches(const ModelProfile& profile, CodePair codes) {
+  return codes.first == codes.second && codes.first == profile.code;
 }
 
 bool ProductMatches(const ModelProfile& profile, std::uint8_t product) {

@@ -71,9 +71,14 @@ inline constexpr double kMaxFrequency = 174.0;
 /// The model whose code is given, or null.
 [[nodiscard]] const ModelProfile* FindProfileByCode(std::uint16_t code);
 
+/// The two copies of the model code that a radio or an image carries.
+struct CodePair {
+  std::uint16_t first = 0;
+  std::uint16_t second = 0;
+};
+
 /// True when both copies of the model code agree and are the model's own.
-[[nodiscard]] bool ModelCodeMatches(const ModelProfile& profile, std::uint16_t code1,
-                                    std::uint16_t code2);
+[[nodiscard]] bool ModelCodeMatches(const ModelProfile& profile, CodePair codes);
 [[nodiscard]] bool ProductMatches(const ModelProfile& profile, std::uint8_t product);
 [[nodiscard]] bool ImageLengthMatches(const ModelProfile& profile, std::uint64_t length);
 

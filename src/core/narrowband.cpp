@@ -11,7 +11,6 @@ namespace {
 constexpr double kBandLow = 150.0;   // MHz, inclusive
 constexpr double kBandHigh = 174.0;  // MHz, inclusive
 constexpr Date kCutOver{std::chrono::year{2013}, std::chrono::January, std::chrono::day{1}};
-constexpr std::int16_t kLmr = -1;
 
 constexpr std::string_view kCaution = "FCC Rule Caution!\r\n\r\n";
 constexpr std::string_view kIncludesWide =
@@ -67,7 +66,7 @@ void ConvertAndTell(RadioData& data, std::string_view title, Date today, Prompts
 
 WideState WideTest(const RadioData& data, const ChannelRecord& channel, Date today) {
   const bool in_band = channel.Txfreq >= kBandLow && channel.Txfreq <= kBandHigh;
-  if (!ProfileOf(data).narrowband_rule || channel.LMR_EXP != kLmr || !in_band) {
+  if (!ProfileOf(data).narrowband_rule || !channel.IsLmr() || !in_band) {
     return WideState::kNone;
   }
   return today < kCutOver ? WideState::kAllowed : WideState::kForbidden;

@@ -10,6 +10,10 @@
 /// a blank. All texts are 8-bit Windows-1252 bytes, as in files and in the radio.
 namespace orvane::core {
 
+/// The two kinds of extra channels, as the record marks them. Any other mark is of neither kind.
+inline constexpr std::int16_t kLmrMark = -1;
+inline constexpr std::int16_t kExpMark = 0;
+
 /// One channel of any table. Marine, weather and EXP/LMR channels share the record and use
 /// different fields of it.
 struct ChannelRecord {
@@ -38,10 +42,14 @@ struct ChannelRecord {
   double Txfreq = 0;          ///< MHz, 0 = none
   double Rxfreq = 0;          ///< MHz, 0 = none
   Flag SelectedPlan;          ///< marine: copy of the SEL1 destination bit
-  std::int16_t LMR_EXP = 0;   ///< -1 = an LMR entry, 0 = an EXP entry
-  Flag USA_Group;             ///< EXP/LMR: belongs to the USA channel group
-  Flag INT_Group;             ///< EXP/LMR: belongs to the INTL channel group
-  Flag CAN_Group;             ///< EXP/LMR: belongs to the Canada channel group
+  std::int16_t LMR_EXP = kExpMark;  ///< EXP/LMR: the kind, see IsLmr and IsExp
+  Flag USA_Group;                   ///< EXP/LMR: belongs to the USA channel group
+  Flag INT_Group;                   ///< EXP/LMR: belongs to the INTL channel group
+  Flag CAN_Group;                   ///< EXP/LMR: belongs to the Canada channel group
+
+  [[nodiscard]] bool IsLmr() const { return LMR_EXP == kLmrMark; }
+  [[nodiscard]] bool IsExp() const { return LMR_EXP == kExpMark; }
+  void SetLmr(bool lmr) { LMR_EXP = lmr ? kLmrMark : kExpMark; }
 
   bool operator==(const ChannelRecord&) const = default;
 };

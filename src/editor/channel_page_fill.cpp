@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/channel_plan.h"
 #include "core/extra_channel.h"
 #include "core/model_profile.h"
 #include "core/narrowband.h"
@@ -13,10 +14,6 @@ namespace {
 
 using core::ChannelRecord;
 
-// Calling and distress channel 16 and DSC channel 70 must stay in the clear.
-constexpr int kChannel16 = 32;
-constexpr int kChannel70 = 140;
-
 // Bits of a scrambler value.
 constexpr int kScramblerOn = 4;
 constexpr int kScramblerCode = 3;
@@ -27,7 +24,7 @@ QString DisplayHalf(std::string_view half) {
 
 /// An EXP channel is in use when it belongs to a group. Under the LMR root no group is offered.
 bool GroupRule(const ChannelRecord& channel, bool under_lmr_root) {
-  if (under_lmr_root || channel.LMR_EXP == core::Flag(true).Wire()) return channel.Enable;
+  if (under_lmr_root || channel.IsLmr()) return channel.Enable;
   return channel.USA_Group || channel.INT_Group || channel.CAN_Group;
 }
 
@@ -167,7 +164,8 @@ void ChannelPage::FollowNarrowbandRule() {
 bool ChannelPage::ScramblerAllowed() const {
   if (!IsMarine()) return image::Sel1(Data().Image);
   const int position = Channel().Position;
-  return Channel().SelectedPlan && position != kChannel16 && position != kChannel70;
+  // The distress channels must stay in the clear.
+  return Channel().SelectedPlan && position != core::kChannel16 && position != core::kChannel70;
 }
 
 bool ChannelPage::MustBeNarrow() const {

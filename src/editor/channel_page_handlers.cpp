@@ -104,7 +104,7 @@ void ChannelPage::SetChannelEnable(bool on) {
   ChannelRecord& channel = Channel();
   channel.Enable = on;
   if (on && !IsMarine()) {
-    channel.LMR_EXP = core::Flag(UnderLmrRoot()).Wire();
+    channel.SetLmr(UnderLmrRoot());
     StoreGroups();
   }
   FollowEnable();

@@ -53,7 +53,6 @@ class GreyableFrame : public QGroupBox {
  public:
   using QGroupBox::QGroupBox;
   void SetGrey(bool grey);
-  [[nodiscard]] bool IsGrey() const { return grey_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/product.h"
 #include "editor/main_window.h"
 #include "editor/working.h"
 

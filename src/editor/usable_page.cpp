@@ -34,7 +34,7 @@ void GiveFirstChannel(core::RadioData& data, std::size_t group) {
 /// EXP channels are in use when they belong to a channel group; LMR channels by their own flag.
 void EnableExpChannelsByGroup(core::ExtraTable& table) {
   for (core::ChannelRecord& channel : table) {
-    if (channel.LMR_EXP == core::Flag(true).Wire()) continue;
+    if (channel.IsLmr()) continue;
     channel.Enable = channel.USA_Group || channel.INT_Group || channel.CAN_Group;
   }
 }

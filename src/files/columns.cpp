@@ -365,7 +365,7 @@ std::vector<DirectoryColumn> StationGroupColumns() {
 }
 
 bool RowInLmrForm(const ModelProfile& profile, const ChannelRecord& channel) {
-  return !profile.splits_lmr_and_exp || channel.LMR_EXP != 0;
+  return !profile.splits_lmr_and_exp || channel.IsLmr();
 }
 
 }  // namespace orvane::files

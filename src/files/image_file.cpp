@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/app_settings.h"
 #include "core/model_profile.h"
+#include "core/product.h"
 #include "image/codec.h"
 #include "image/image_check.h"
 
@@ -17,8 +17,6 @@ namespace {
 constexpr std::string_view kBadFile = "bad file!!";
 constexpr std::string_view kModelTypeError = "ModelType Error !!";
 constexpr std::string_view kProductTypeError = "ProductType Error !!";
-/// Title of the messages that say whose image it is, wherever the image came from.
-constexpr std::string_view kReadTitle = "Read from Radio";
 
 std::vector<std::uint8_t> ToBytes(std::string_view text) {
   std::vector<std::uint8_t> bytes(text.size());
@@ -52,18 +50,14 @@ void Refuse(core::RadioData& data, core::Prompts& prompts, std::string_view titl
       {.title = std::string(title), .text = std::string(text), .icon = core::Icon::kCritical});
 }
 
-/// The model and the product test, both told. False when one of them failed.
+/// Tells every fault. False when there is one.
 bool BelongsToModel(core::RadioData& data, std::span<const std::uint8_t> bytes,
                     core::Prompts& prompts) {
-  const core::ModelProfile& profile = core::ProfileOf(data);
-  const image::ModelCodes codes = image::ReadModelCodes(bytes);
-  const bool model_ok = core::ModelCodeMatches(profile, codes.first, codes.second);
-  if (!model_ok) Refuse(data, prompts, kReadTitle, kModelTypeError);
-  // Images without that byte are of models without a product test.
-  const bool product_ok = bytes.size() <= std::size_t{image::kProductOffset} ||
-                          core::ProductMatches(profile, bytes[std::size_t{image::kProductOffset}]);
-  if (!product_ok) Refuse(data, prompts, kReadTitle, kProductTypeError);
-  return model_ok && product_ok;
+  const image::ImageFaults faults = image::CheckImage(bytes, core::ProfileOf(data));
+  if (faults.length) Refuse(data, prompts, data.ProgramTitle, kBadFile);
+  if (faults.model) Refuse(data, prompts, core::kReadFromRadio, kModelTypeError);
+  if (faults.product) Refuse(data, prompts, core::kReadFromRadio, kProductTypeError);
+  return !faults.Any();
 }
 
 void LoadTestedFile(core::RadioData& data, const std::string& path, core::FileStore& store,
@@ -79,10 +73,6 @@ void LoadTestedFile(core::RadioData& data, const std::string& path, core::FileSt
     data.Flags.Error = true;
     ReportFailure(data, *file.error, "frmMain.ReadHexFileAs", "FileRead Error!!", path, prompts,
                   log);
-    return;
-  }
-  if (!core::ImageLengthMatches(profile, file.bytes.size())) {  // it changed in between
-    Refuse(data, prompts, data.ProgramTitle, kBadFile);
     return;
   }
   const std::vector<std::uint8_t> bytes = ToBytes(file.bytes);
@@ -129,14 +119,12 @@ ImageModel DetectImageModel(std::string_view bytes) {
         return core::ImageLengthMatches(profile, bytes.size());
       });
   if (!known_length) return {std::nullopt, kBadFile, core::kProgramTitle};
-  const image::ModelCodes codes = image::ReadModelCodes(ToBytes(bytes));
-  const core::ModelProfile* const profile = core::FindProfileByCode(codes.first);
-  if (profile == nullptr) return {std::nullopt, kModelTypeError, kReadTitle};
-  if (!core::ImageLengthMatches(*profile, bytes.size()))
-    return {std::nullopt, kBadFile, core::kProgramTitle};
-  if (!core::ModelCodeMatches(*profile, codes.first, codes.second)) {
-    return {std::nullopt, kModelTypeError, kReadTitle};
-  }
+  const std::vector<std::uint8_t> image = ToBytes(bytes);
+  const core::ModelProfile* const profile = image::NamedModel(image);
+  if (profile == nullptr) return {std::nullopt, kModelTypeError, core::kReadFromRadio};
+  const image::ImageFaults faults = image::CheckImage(image, *profile);
+  if (faults.length) return {std::nullopt, kBadFile, core::kProgramTitle};
+  if (faults.model) return {std::nullopt, kModelTypeError, core::kReadFromRadio};
   return {profile->model_type, {}, {}};
 }
 

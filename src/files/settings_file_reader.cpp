@@ -129,7 +129,7 @@ class SettingReader {
     for (int number = 1; number <= core::kExtraChannels; ++number) {
       core::ChannelRecord& channel = data_.EXP[number];
       ReadChannel(table_.Find(Numbered(kExtraSection, number)), channel, &Tables::extra);
-      if (channel.Enable) (channel.LMR_EXP != 0 ? any_lmr : any_exp) = true;
+      if (channel.Enable) (channel.IsLmr() ? any_lmr : any_exp) = true;
     }
     data_.LmrPresent() = in_use && any_lmr;
     data_.ExpPresent = in_use && any_exp;

@@ -122,11 +122,9 @@ class SettingWriter {
     for (int number = 1; number <= core::kExtraChannels; ++number) {
       Section(Numbered(kExtraSection, number));
       core::ChannelRecord channel = data_.EXP[number];
-      const bool is_lmr = channel.LMR_EXP == core::Flag(true).Wire();
-      const bool is_exp = channel.LMR_EXP == core::Flag(false).Wire();
-      channel.Enable = channel.Enable && ((is_lmr && data_.LmrPresent()) ||  //
-                                          (is_exp && data_.ExpPresent));
-      WriteChannel(channel, &Tables::extra, !is_lmr && !is_exp);
+      channel.Enable = channel.Enable && ((channel.IsLmr() && data_.LmrPresent()) ||  //
+                                          (channel.IsExp() && data_.ExpPresent));
+      WriteChannel(channel, &Tables::extra, !channel.IsLmr() && !channel.IsExp());
     }
   }
 

@@ -1,31 +1,21 @@
 #pragma once
 
-#include <array>
-#include <cassert>
-#include <span>
+#include <vector>
 
 #include "image/row.h"
 
 namespace orvane::image {
 
 /// The rows of an area that a model uses in one direction, chosen once for all entries.
-template <class Record>
-class ChosenRows {
- public:
-  template <class Wanted>
-  ChosenRows(const Area<Record>& area, Wanted wanted) {
-    assert(area.rows.size() <= rows_.size());
-    for (const Row<Record>& row : area.rows) {
-      if (wanted(row)) rows_[count_++] = &row;
-    }
+template <class Record, class Wanted>
+std::vector<const Row<Record>*> ChosenRows(const Area<Record>& area, Wanted wanted) {
+  std::vector<const Row<Record>*> rows;
+  rows.reserve(area.rows.size());
+  for (const Row<Record>& row : area.rows) {
+    if (wanted(row)) rows.push_back(&row);
   }
-  auto begin() const { return rows_.begin(); }
-  auto end() const { return rows_.begin() + static_cast<std::ptrdiff_t>(count_); }
-
- private:
-  std::array<const Row<Record>*, 32> rows_{};
-  std::size_t count_ = 0;
-};
+  return rows;
+}
 
 /// Visitor that decodes the areas it is shown.
 struct AreaDecoder {
@@ -35,7 +25,7 @@ struct AreaDecoder {
   template <class Record>
   void operator()(const Area<Record>& area) const {
     if (!Has(profile, area.when)) return;
-    const ChosenRows<Record> rows(area, [this](const Row<Record>& row) {
+    const std::vector<const Row<Record>*> rows = ChosenRows(area, [this](const Row<Record>& row) {
       return row.decode != nullptr && Has(profile, row.read);
     });
     for (int i = 0; i < area.count; ++i) {
@@ -54,7 +44,7 @@ struct AreaEncoder {
   template <class Record>
   void operator()(const Area<Record>& area) const {
     if (!Has(context.profile, area.when)) return;
-    const ChosenRows<Record> rows(area, [this](const Row<Record>& row) {
+    const std::vector<const Row<Record>*> rows = ChosenRows(area, [this](const Row<Record>& row) {
       return row.encode != nullptr && Has(context.profile, row.written);
     });
     for (int i = 0; i < area.count; ++i) {

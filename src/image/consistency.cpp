@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/channel_plan.h"
 #include "core/model_profile.h"
 #include "image/codec.h"
 #include "image/forms.h"
@@ -15,8 +16,6 @@ constexpr int kGroups = 3;
 constexpr int kUsa = 0;
 constexpr int kIntl = 1;
 constexpr int kCanada = 2;
-constexpr std::int32_t kChannel16 = 32;
-constexpr std::int32_t kChannel09 = 18;
 
 // What the image itself says about groups and channels.
 class ImageState {
@@ -108,7 +107,7 @@ void RepairStoredChannels(const ImageState& state, core::MemoryImage& image) {
 
 // The distress and calling channels first, then what the user stored.
 std::int32_t PriorityCandidate(const ImageState& state, const core::MemoryImage& image, int group) {
-  for (const std::int32_t channel : {kChannel16, kChannel09}) {
+  for (const std::int32_t channel : {core::kChannel16, core::kChannel09}) {
     if (state.IsValidChannel(group, channel)) return channel;
   }
   for (int slot = 0; slot < kStoredChannelSlots; ++slot) {

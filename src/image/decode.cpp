@@ -23,14 +23,14 @@ void EndAtFirstEmptyEntry(Directory& directory) {
 // A kind of extra channels is in use when the group is switched on and the table holds at least
 // one enabled channel of that kind.
 void FindPresentKinds(core::RadioData& data) {
-  const auto any_enabled = [&data](std::int16_t lmr_exp) {
+  const auto any_enabled = [&data](bool (core::ChannelRecord::*of_kind)() const) {
     return std::any_of(data.EXP.begin(), data.EXP.end(), [=](const core::ChannelRecord& channel) {
-      return channel.Enable && channel.LMR_EXP == lmr_exp;
+      return channel.Enable && (channel.*of_kind)();
     });
   };
   const bool group_on = data.LmrPresent();
-  data.ExpPresent = group_on && any_enabled(0);
-  data.LmrPresent() = group_on && any_enabled(-1);
+  data.ExpPresent = group_on && any_enabled(&core::ChannelRecord::IsExp);
+  data.LmrPresent() = group_on && any_enabled(&core::ChannelRecord::IsLmr);
 }
 
 }  // namespace

@@ -182,8 +182,8 @@ void ExtraEnableForm::Write(std::uint8_t* base, const Place& place, const core::
                             const EncodeContext& context) {
   const auto in_use = [&context](const core::ChannelRecord& channel) {
     if (!context.profile.splits_lmr_and_exp) return true;
-    if (channel.LMR_EXP == -1) return bool{context.data.LmrPresent()};
-    return channel.LMR_EXP == 0 && context.data.ExpPresent;
+    if (channel.IsLmr()) return bool{context.data.LmrPresent()};
+    return channel.IsExp() && context.data.ExpPresent;
   };
   Bits bit{place.bits.first, 1};
   for (const core::ChannelRecord& channel : table) {

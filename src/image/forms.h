@@ -41,13 +41,13 @@ struct InvertedFlagForm {
   }
 };
 
-/// A set bit marks an LMR entry, kept as -1 in the record.
+/// A set bit marks an LMR entry.
 struct LmrMarkForm {
   static void Read(const std::uint8_t* base, const Place& place, std::int16_t& mark) {
-    mark = static_cast<std::int16_t>(ReadBits(base, place.bits) != 0 ? -1 : 0);
+    mark = ReadBits(base, place.bits) != 0 ? core::kLmrMark : core::kExpMark;
   }
   static void Write(std::uint8_t* base, const Place& place, const std::int16_t& mark) {
-    WriteBits(base, place.bits, static_cast<std::uint32_t>(mark));
+    WriteBits(base, place.bits, mark == core::kLmrMark ? 1 : 0);
   }
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "image/bits.h"
 
 /// Places that more than the field tables need: what the consistency pass, the checks of an image
@@ -24,6 +26,9 @@ inline constexpr Bits kMarineLmrChannel = BytesAt(82, 2);
 constexpr Bits PriorityChannel(int group) {
   return BytesAt(84 + 2 * group, 2);
 }
+/// A byte of beep settings that belongs to the radio: programming takes over the radio's value.
+inline constexpr Bits kRadioOwnByte = BytesAt(90, 1);
+inline constexpr Bits kRotaryBeep = BitAt(90, 0);
 constexpr Bits GroupEnable(int group) {
   return BitAt(93, 3 - group);
 }
@@ -41,12 +46,18 @@ inline constexpr Bits kMmsiCount = BytesAt(501, 1);
 
 inline constexpr Bits kSel1 = BitAt(168, 5);
 inline constexpr Bits kSel2 = BitAt(168, 4);
+/// Belongs to the radio, as kRadioOwnByte.
+inline constexpr Bits kRadioOwnBit = BitAt(168, 2);
 
 constexpr Bits MarineEnable(int group) {
   return {256 * 8 + 64 * 8 * group, 240};
 }
 inline constexpr Bits kWxEnable = {448 * 8, 10};
 inline constexpr Bits kExtraEnable = {450 * 8, 40};
+
+/// Every image that was programmed into a radio carries this mark.
+inline constexpr Bits kWrittenMark = BytesAt(504, 1);
+inline constexpr std::uint8_t kWrittenMarkValue = 0xA1;
 
 constexpr Bits AtisGroup(int group) {
   return BitAt(505, 7 - group);

@@ -72,7 +72,7 @@ inline constexpr std::array kCommonRows = {
     CommonField<ChannelNumberForm, &CommonSettings::Marine_LMR_CH>("Marine_LMR CH",
                                                                    places::kMarineLmrChannel),
     // Every radio with DSC takes the beep bit; only one with call signs gives it back.
-    CommonField<FlagForm, &CommonSettings::RotaryBeep>("Rotary Beep", BitAt(90, 0))
+    CommonField<FlagForm, &CommonSettings::RotaryBeep>("Rotary Beep", places::kRotaryBeep)
         .ReadWritten(When::kCallSigns, When::kDsc),
     CommonField<FlagForm, &CommonSettings::SCAN>("SCAN", BitAt(91, 7)),
     CommonField<FlagForm, &CommonSettings::PTT_SCAN_Clear>("PTT SCAN Clear", BitAt(91, 3)),

@@ -172,6 +172,7 @@ struct Area {
   When when = When::kAlways;
   Anchor anchor = Anchor::kStart;
 
+  [[nodiscard]] constexpr int Size() const { return stride * count; }  ///< bytes of all entries
   [[nodiscard]] constexpr int EntryOffset(const core::ModelProfile& profile, int index) const {
     int offset = base + stride * index;
     if (anchor == Anchor::kToneByte) offset += profile.tone_byte.value_or(0);

@@ -103,7 +103,7 @@ void AddExtraChannel(core::RadioData& data, int number) {
       profile.extra_word == "LMR" && (!profile.splits_lmr_and_exp || number < kFirstExpSample);
   core::ChannelRecord& channel = data.EXP[number];
   channel.Enable = true;
-  channel.LMR_EXP = core::Flag(is_lmr).Wire();
+  channel.SetLmr(is_lmr);
   channel.ChTag = sample.name;
   channel.Rxfreq = sample.receive;
   channel.Txfreq = sample.transmit;
@@ -126,7 +126,6 @@ void AddExtraChannels(core::RadioData& data) {
 }
 
 void AddMarineUse(core::RadioData& data) {
-  constexpr std::int32_t kChannel16 = 32;
   for (core::UsableGroup& group : data.Usable) group.Enable = true;
   for (core::MarineTable& table : data.Marine) {
     for (core::ChannelRecord& channel : table) {
@@ -138,8 +137,8 @@ void AddMarineUse(core::RadioData& data) {
   int number = 0;
   for (core::ChannelRecord& channel : data.WX) channel.ChTag = "WX-" + std::to_string(++number);
   data.Common.Last_CH_Group = static_cast<std::int16_t>(core::MarineGroup::kUsa);
-  data.Common.Last_Display_CH = kChannel16;
-  data.Common.Marine_LMR_CH = kChannel16;
+  data.Common.Last_Display_CH = core::kChannel16;
+  data.Common.Marine_LMR_CH = core::kChannel16;
   data.Common.SQL = 5;
 }
 

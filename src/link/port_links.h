@@ -8,15 +8,11 @@
 /// the user's configuration folder. A simulated radio adds one while it runs.
 namespace orvane::link {
 
-inline constexpr int kLastPortNumber = 16;
-
 /// The folder of the user's configuration files: XDG_CONFIG_HOME when it is an absolute path, else
 /// `.config` in the home folder; "" when neither is known.
 [[nodiscard]] std::string ConfigRoot(std::string_view xdg_config_home, std::string_view home);
 /// The folder of the links below a configuration folder.
 [[nodiscard]] std::string PortsFolder(std::string_view config_root);
-/// "COM16".
-[[nodiscard]] std::string PortLinkName(int number);
 /// The number 1..16 of a link, nothing for any other file name.
 [[nodiscard]] std::optional<int> ParsePortLinkName(std::string_view file_name);
 

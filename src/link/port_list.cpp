@@ -6,24 +6,14 @@
 #include <string_view>
 
 #include "core/text.h"
+#include "link/port_name.h"
 
 namespace orvane::link {
 namespace {
 
-constexpr std::string_view kPortWord = "COM";
-constexpr int kFirstNumber = 1;
-constexpr int kLastNumber = 16;
 constexpr std::size_t kMostNames = CComList::kCapacity - 1;
 // Sorts behind every port that is offered.
 constexpr std::int16_t kNotOffered = 32767;
-
-bool IsPortNumber(int number) {
-  return number >= kFirstNumber && number <= kLastNumber;
-}
-
-std::string PortName(int number) {
-  return std::string(kPortWord) + std::to_string(number);
-}
 
 // The text in a friendly name that says which port it is.
 std::string NameInParentheses(int number) {
@@ -101,7 +91,7 @@ std::int16_t CComList::FindPortIndex(std::int16_t number) const {
 
 std::vector<FoundPort> NumberDevices(const std::vector<FoundPort>& devices,
                                      const std::vector<PinnedPort>& pins) {
-  std::array<bool, kLastNumber + 1> taken{};
+  std::array<bool, kLastPortNumber + 1> taken{};
   std::vector<FoundPort> numbered;
   const auto add = [&](int number, const std::string& device, const std::string& description) {
     taken[static_cast<std::size_t>(number)] = true;
@@ -125,10 +115,10 @@ std::vector<FoundPort> NumberDevices(const std::vector<FoundPort>& devices,
   std::vector<FoundPort> free;
   std::copy_if(devices.begin(), devices.end(), std::back_inserter(free),
                [&](const FoundPort& device) { return !is_pinned(device); });
-  int number = kFirstNumber;
+  int number = kFirstPortNumber;
   for (const FoundPort& device : free) {
-    while (number <= kLastNumber && taken[static_cast<std::size_t>(number)]) ++number;
-    if (number > kLastNumber) break;
+    while (number <= kLastPortNumber && taken[static_cast<std::size_t>(number)]) ++number;
+    if (number > kLastPortNumber) break;
     add(number, device.device, device.friendly_name);
   }
   return numbered;

@@ -35,7 +35,6 @@ class CComList {
 
   explicit CComList(PortFinder& finder) : finder_(finder) {}
 
-  [[nodiscard]] std::int16_t ComCount() const { return count_; }
   /// Rebuilds the list; returns the new count.
   std::int16_t Create();
   /// "COM", number, blank, description; "" for an index without a valid entry.

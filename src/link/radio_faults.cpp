@@ -180,19 +180,6 @@ ParsedFault ParseFault(std::string_view text) {
   return {fault, {}};
 }
 
-std::string FaultText(const Fault& fault) {
-  const FaultInfo& info = InfoOf(fault.kind);
-  std::string text = std::string(info.name) + "@";
-  if (fault.exchange) {
-    text += ExchangeName(*fault.exchange);
-    if (fault.number != 0) text += ":" + std::to_string(fault.number);
-  } else {
-    text += fault.number != 0 ? std::to_string(fault.number) : "all";
-  }
-  if (fault.value != info.default_value) text += "=" + core::ShortestText(fault.value);
-  return text;
-}
-
 void FaultPlan::Scatter(std::uint64_t seed, double percent_of_exchanges) {
   seed_ = seed;
   percent_ = percent_of_exchanges;

@@ -86,7 +86,6 @@ struct ParsedFault {
 /// KIND@PLACE or KIND@PLACE=VALUE. The place is an exchange number ("12"), the n-th exchange of a
 /// kind ("write:3"), every one of a kind ("status") or "all".
 [[nodiscard]] ParsedFault ParseFault(std::string_view text);
-[[nodiscard]] std::string FaultText(const Fault& fault);
 
 /// The faults of one radio: listed ones, and ones that a seed scatters over the exchanges.
 class FaultPlan {

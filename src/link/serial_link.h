@@ -95,7 +95,6 @@ class SerialLink {
   void ForgetCancel();
 
   [[nodiscard]] core::RadioData& Data() { return data_; }
-  [[nodiscard]] LinkServices& Services() { return services_; }
 
  private:
   bool Reopen(std::string_view routine);

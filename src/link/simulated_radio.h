@@ -69,7 +69,6 @@ class SimulatedRadio {
   void SetObserver(std::function<void(const Exchange&)> observer) {
     observer_ = std::move(observer);
   }
-  [[nodiscard]] int ExchangeCount() const { return count_; }
 
   [[nodiscard]] bool Plugged() const { return plugged_; }
   /// Puts the cable back after it was unplugged. A new session must be opened.

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <optional>
 
 #include "core/number_text.h"
+#include "image/layout_channels.h"
 
 namespace orvane::link {
 namespace {
@@ -12,14 +14,12 @@ constexpr int kUnreadFirst = 13568;
 constexpr int kUnreadEnd = 16304;
 
 enum class Unit { kNothing, kBlock, kSingleBytes };
-/// Availability that a stretch depends on.
-enum class Group { kAlways, kUsa, kIntl, kCanada, kExtra };
 
 struct WriteRule {
   int first = 0;  ///< byte addresses, both inclusive
   int last = 0;
   Unit unit = Unit::kBlock;
-  Group group = Group::kAlways;
+  std::optional<std::size_t> group{};  ///< written only while this usable group is available
   std::uint16_t left_out = 0;  ///< single bytes: bit n is the byte at the block's address + n
 };
 
@@ -29,22 +29,33 @@ constexpr std::uint16_t LeavingOut(std::initializer_list<int> addresses) {
   return static_cast<std::uint16_t>(bits);
 }
 
+/// The blocks of a channel table.
+template <class Record>
+constexpr WriteRule ChannelsOf(const image::Area<Record>& area, std::size_t group) {
+  return {area.base, area.base + area.Size() - 1, Unit::kBlock, group};
+}
+
+constexpr auto kUsa = static_cast<std::size_t>(core::MarineGroup::kUsa);
+constexpr auto kIntl = static_cast<std::size_t>(core::MarineGroup::kIntl);
+constexpr auto kCanada = static_cast<std::size_t>(core::MarineGroup::kCanada);
+
+namespace layout = image::layout;
 // Blocks that no rule names are written whole. What is left out keeps the radio's own value; the
 // model code is among it, and everything in the last quarter.
 constexpr WriteRule kWriteTable[] = {
-    {64, 79, Unit::kSingleBytes, Group::kAlways, LeavingOut({64, 65, 74})},
-    {80, 95, Unit::kSingleBytes, Group::kAlways, LeavingOut({92})},
-    {160, 175, Unit::kSingleBytes, Group::kAlways, LeavingOut({169, 170, 171, 172, 174, 175})},
+    {64, 79, Unit::kSingleBytes, {}, LeavingOut({64, 65, 74})},
+    {80, 95, Unit::kSingleBytes, {}, LeavingOut({92})},
+    {160, 175, Unit::kSingleBytes, {}, LeavingOut({169, 170, 171, 172, 174, 175})},
     {176, 255, Unit::kNothing},
     {512, 767, Unit::kNothing},
-    {768, 1247, Unit::kBlock, Group::kUsa},
-    {1280, 1759, Unit::kBlock, Group::kIntl},
-    {1792, 2271, Unit::kBlock, Group::kCanada},
-    {2304, 2943, Unit::kBlock, Group::kExtra},
-    {3072, 5951, Unit::kBlock, Group::kUsa},
-    {5952, 8831, Unit::kBlock, Group::kIntl},
-    {8832, 11711, Unit::kBlock, Group::kCanada},
-    {11840, 12319, Unit::kBlock, Group::kExtra},
+    ChannelsOf(layout::kMarineFlags[kUsa], kUsa),
+    ChannelsOf(layout::kMarineFlags[kIntl], kIntl),
+    ChannelsOf(layout::kMarineFlags[kCanada], kCanada),
+    ChannelsOf(layout::kExtraRecords, core::kExtraGroup),
+    ChannelsOf(layout::kMarineNames[kUsa], kUsa),
+    ChannelsOf(layout::kMarineNames[kIntl], kIntl),
+    ChannelsOf(layout::kMarineNames[kCanada], kCanada),
+    ChannelsOf(layout::kExtraNames, core::kExtraGroup),
     {12432, core::MemoryImage::kSize - 1, Unit::kNothing},
 };
 
@@ -56,20 +67,9 @@ WriteRule RuleFor(int block_address) {
   return rule == std::end(kWriteTable) ? WriteRule{} : *rule;
 }
 
-bool IsAvailable(Group group, const core::RadioData& data) {
-  switch (group) {
-    case Group::kAlways:
-      return true;
-    case Group::kUsa:
-      return data.Usable[static_cast<std::size_t>(core::MarineGroup::kUsa)].Enable;
-    case Group::kIntl:
-      return data.Usable[static_cast<std::size_t>(core::MarineGroup::kIntl)].Enable;
-    case Group::kCanada:
-      return data.Usable[static_cast<std::size_t>(core::MarineGroup::kCanada)].Enable;
-    case Group::kExtra:
-      return data.Usable[core::kExtraGroup].Enable || data.ExpPresent;
-  }
-  return false;
+bool IsAvailable(std::optional<std::size_t> group, const core::RadioData& data) {
+  if (!group || data.Usable[*group].Enable) return true;
+  return *group == core::kExtraGroup && data.ExpPresent;
 }
 
 }  // namespace

@@ -7,35 +7,24 @@
 #include "core/message_facts.h"
 #include "core/model_profile.h"
 #include "core/narrowband.h"
+#include "core/product.h"
 #include "image/codec.h"
 #include "image/image_check.h"
+#include "image/layout_places.h"
 #include "link/transfer_plan.h"
 
 namespace orvane::link {
 namespace {
 
+namespace places = image::places;
 using core::MessageId;
-
-constexpr std::string_view kRead = "Read from Radio";
-constexpr std::string_view kProgram = "Program to Radio";
 
 constexpr double kEndOfRunPause = 0.500;
 constexpr double kBeforeWritingPause = 0.010;
 
-// The radio's value of this byte, and of one bit of the destination byte, is kept: both are read
-// before anything is written.
-constexpr int kRadioOwnByte = 90;
-constexpr std::uint8_t kRadioOwnBit = 0x04;
-// Every programmed image carries this mark.
-constexpr int kWrittenMarkOffset = 504;
-constexpr std::uint8_t kWrittenMark = 0xA1;
 // The image keeps its own bytes 0 and 1 whatever the radio holds.
 constexpr int kFirstTakenByte = 2;
 constexpr int kPercentAddressBeforeWriting = 32;
-
-std::uint16_t BigEndian16(const core::MemoryImage& image, int address) {
-  return static_cast<std::uint16_t>(image[address] << 8 | image[address + 1]);
-}
 
 std::string_view ModelCheckTitle(SessionKind kind) {
   return kind == SessionKind::kClear ? "Radio Clear" : ModeTitle(kind);
@@ -46,9 +35,9 @@ std::string_view ModelCheckTitle(SessionKind kind) {
 std::string_view ModeTitle(SessionKind kind) {
   switch (kind) {
     case SessionKind::kRead:
-      return kRead;
+      return core::kReadFromRadio;
     case SessionKind::kProgram:
-      return kProgram;
+      return core::kProgramToRadio;
     case SessionKind::kClear:
       return "Clear Distress Log Data";
   }
@@ -181,6 +170,7 @@ void TransferSession::ReadDataChkModel(CloneProtocol& protocol, std::string_view
   if (!OpenForBlocks("frmRadio102.ReadDataChkModel")) return;
   link_.Monitor("model check...");
   core::MemoryImage scratch;
+  scratch.SetLastIndex(data_.Image.LastIndex());
   const int first_code = core::ProfileOf(data_).radio_code_address;
   const int second_code = data_.Image.LastIndex() - 1;
   // A memory that ends before the product byte has none to ask for.
@@ -192,20 +182,19 @@ void TransferSession::ReadDataChkModel(CloneProtocol& protocol, std::string_view
       protocol.ReadBlock(scratch.All(), image::kDestinationOffset, 1);
   if (Cancelled()) return;
   if (!complete) return Refuse(MessageId::kExchangeFailed, "Model Check");
-  CompareRadio(scratch, first_code, second_code, title);
+  CompareRadio(scratch, title);
 }
 
-void TransferSession::CompareRadio(const core::MemoryImage& scratch, int first_code,
-                                   int second_code, std::string_view title) {
+void TransferSession::CompareRadio(const core::MemoryImage& scratch, std::string_view title) {
   const core::ModelProfile& profile = core::ProfileOf(data_);
-  const core::CodePair codes{BigEndian16(scratch, first_code), BigEndian16(scratch, second_code)};
-  if (!core::ModelCodeMatches(profile, codes.first, codes.second)) {
-    const core::MessageCase other = core::OtherModelOfRadio(codes, profile);
+  const image::ImageFaults faults =
+      image::CheckImage(scratch.Used(), profile, profile.radio_code_address);
+  if (faults.length || faults.model) {
+    const core::MessageCase other = core::OtherModelOfRadio(faults.codes, profile);
     Refuse(other.id, title, other.facts);
   }
-  const std::uint8_t product = scratch[image::kProductOffset];
-  if (!core::ProductMatches(profile, product)) {
-    Refuse(MessageId::kProductOfRadio, title, core::ProductFacts(product, profile));
+  if (faults.product) {
+    Refuse(MessageId::kProductOfRadio, title, core::ProductFacts(faults.product_byte, profile));
   }
   if (data_.Flags.Error) return;
   const core::DestinationBits theirs{image::Sel1(scratch), image::Sel2(scratch)};
@@ -232,18 +221,21 @@ void TransferSession::ReadData(CloneProtocol& protocol, core::MemoryImage& buffe
   if (cancelled) protocol.AbortTransfer();
   link_.PortClose();
   if (cancelled) return;
-  if (data_.Flags.Error) return Refuse(MessageId::kExchangeFailed, kRead);
+  if (data_.Flags.Error) return Refuse(MessageId::kExchangeFailed, core::kReadFromRadio);
   services_.clock.Pause(kEndOfRunPause);
 }
 
-// Whether these two reads succeed does not matter: what was not received leaves the image's own
-// value to be written.
+// The byte and the bit that are the radio's own keep its values. Whether these two reads succeed
+// does not matter: what was not received leaves the image's own value to be written.
 void TransferSession::TakeOverRadioBytes(CloneProtocol& protocol) {
-  static_cast<void>(protocol.ReadBlock(data_.Image.All(), kRadioOwnByte, 1));
+  static_cast<void>(protocol.ReadBlock(data_.Image.All(), places::kRadioOwnByte.FirstByte(), 1));
   std::uint8_t& destination = data_.Image[image::kDestinationOffset];
   const std::uint8_t own = destination;
   static_cast<void>(protocol.ReadBlock(data_.Image.All(), image::kDestinationOffset, 1));
-  destination = static_cast<std::uint8_t>((own & ~kRadioOwnBit) | (destination & kRadioOwnBit));
+  std::uint8_t* const bytes = data_.Image.All().data();
+  const std::uint32_t radio_own = image::ReadBits(bytes, places::kRadioOwnBit);
+  destination = own;
+  image::WriteBits(bytes, places::kRadioOwnBit, radio_own);
 }
 
 void TransferSession::WriteData(CloneProtocol& protocol) {
@@ -255,7 +247,7 @@ void TransferSession::WriteData(CloneProtocol& protocol) {
   TakeOverRadioBytes(protocol);
   services_.view.ShowProgress(PercentAt(kPercentAddressBeforeWriting, last));
   services_.clock.Pause(kBeforeWritingPause);
-  data_.Image[kWrittenMarkOffset] = kWrittenMark;
+  image::WriteBits(data_.Image.All().data(), places::kWrittenMark, places::kWrittenMarkValue);
 
   for (int address = kFirstBlock; address <= last; address += kBlockSize) {
     services_.view.ShowProgress(PercentAt(address, last));
@@ -268,7 +260,8 @@ void TransferSession::WriteData(CloneProtocol& protocol) {
     return;
   }
   if (!data_.Flags.Error) return services_.clock.Pause(kEndOfRunPause);
-  Refuse(MessageId::kWritingFailed, kProgram, {{"note", std::string(kPartlyWrittenNote)}});
+  Refuse(MessageId::kWritingFailed, core::kProgramToRadio,
+         {{"note", std::string(kPartlyWrittenNote)}});
 }
 
 // A byte that fails does not stop the row, but the next one's success must not hide it.

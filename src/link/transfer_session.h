@@ -57,8 +57,7 @@ class TransferSession {
   void Refuse(core::MessageId id, std::string_view title, const core::Facts& facts = {});
 
   void ReadDataChkModel(CloneProtocol& protocol, std::string_view title);
-  void CompareRadio(const core::MemoryImage& scratch, int first_code, int second_code,
-                    std::string_view title);
+  void CompareRadio(const core::MemoryImage& scratch, std::string_view title);
   void ReadData(CloneProtocol& protocol, core::MemoryImage& buffer);
   void WriteData(CloneProtocol& protocol);
   void TakeOverRadioBytes(CloneProtocol& protocol);

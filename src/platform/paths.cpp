@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include "core/app_settings.h"
+#include "core/product.h"
 #include "link/port_links.h"
 #include "platform/ansi_text.h"
 

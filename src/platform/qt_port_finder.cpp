@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "link/port_links.h"
+#include "link/port_name.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::platform {
@@ -96,7 +97,7 @@ std::string DeviceOfPort(link::PortFinder& finder, int number) {
   link::CComList ports(finder);
   ports.Create();
   const int index = ports.FindPortIndex(static_cast<std::int16_t>(number));
-  if (index < 0) return "COM" + std::to_string(number);
+  if (index < 0) return link::PortName(number);
   return ports.PortItem(index).device;
 }
 

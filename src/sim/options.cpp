@@ -7,7 +7,7 @@
 
 #include "core/model_profile.h"
 #include "core/number_text.h"
-#include "link/port_links.h"
+#include "link/port_name.h"
 
 namespace orvane::sim {
 namespace {
@@ -76,7 +76,7 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
       ->check(NumberFrom(0, last_model, true))
       ->type_name("M");
   app.add_option("--port", texts.port, "Port number 1 to 16 (default 16)")
-      ->check(NumberFrom(1, link::kLastPortNumber, true))
+      ->check(NumberFrom(link::kFirstPortNumber, link::kLastPortNumber, true))
       ->type_name("N");
   app.add_option("--baud", texts.baud,
                  "Speed of the wire (default 9600, the radio's own);\n0: bytes take no time")

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <utility>
 
-#include "link/port_links.h"
+#include "link/port_name.h"
 #include "sim/host_system.h"
 
 namespace orvane::sim {
@@ -22,7 +22,7 @@ class LinkRegistration final : public PortRegistration {
  public:
   LinkRegistration(fs::path folder, int number)
       : folder_(std::move(folder)),
-        name_(link::PortLinkName(number)),
+        name_(link::PortName(number)),
         link_(folder_ / name_),
         lock_path_(folder_ / ("." + name_ + ".lock")) {}
   LinkRegistration(const LinkRegistration&) = delete;

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "link/port_links.h"
+#include "link/port_name.h"
 
 namespace orvane::sim {
 
@@ -48,7 +48,7 @@ bool RadioHost::PutPlugIn() {
     return false;
   }
   radio_.PlugIn();
-  services_.out << link::PortLinkName(settings_.port) << " is " << device << std::endl;
+  services_.out << link::PortName(settings_.port) << " is " << device << std::endl;
   return true;
 }
 
@@ -75,7 +75,7 @@ void RadioHost::DeliverToPc() {
 void RadioHost::PullPlug() {
   services_.registration.Withdraw();
   services_.terminal.HangUp();
-  services_.out << link::PortLinkName(settings_.port) << " is unplugged" << std::endl;
+  services_.out << link::PortName(settings_.port) << " is unplugged" << std::endl;
   replug_at_ = services_.terminal.Now() + settings_.replug_seconds;
 }
 

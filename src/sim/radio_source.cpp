@@ -14,13 +14,6 @@ RadioContents Refuse(const std::string& name, const std::string& reason) {
   return {{}, "\"" + name + "\" is no memory for this radio: " + reason};
 }
 
-/// The code in front; 0 when the bytes do not reach so far.
-std::uint16_t CodeOf(std::span<const std::uint8_t> bytes) {
-  constexpr auto kAt = static_cast<std::size_t>(image::kModelCodeOffset);
-  if (bytes.size() < kAt + 2) return 0;
-  return static_cast<std::uint16_t>(bytes[kAt] * 256 + bytes[kAt + 1]);
-}
-
 }  // namespace
 
 RadioContents SampleContents(std::int16_t model_type, core::Date today) {
@@ -31,21 +24,20 @@ RadioContents SampleContents(std::int16_t model_type, core::Date today) {
 RadioContents ContentsOfImage(const std::string& name, std::string_view bytes,
                               std::optional<std::int16_t> model_type) {
   const std::vector<std::uint8_t> image(bytes.begin(), bytes.end());
-  const std::uint16_t code = CodeOf(image);
   const core::ModelProfile* const profile =
-      model_type ? &core::ProfileOf(*model_type) : core::FindProfileByCode(code);
-  if (profile == nullptr) {
-    return Refuse(name, "its model code " + std::to_string(code) + " is no radio's");
-  }
-  if (!core::ImageLengthMatches(*profile, image.size())) {
-    return Refuse(name, "it has " + std::to_string(image.size()) + " bytes, a " +
-                            std::string(profile->model) + " has " +
+      model_type ? &core::ProfileOf(*model_type) : image::NamedModel(image);
+  if (profile == nullptr) return Refuse(name, "it names no radio's model");
+  const std::string model(profile->model);
+  const image::ImageFaults faults = image::CheckImage(image, *profile);
+  if (faults.length) {
+    return Refuse(name, "it has " + std::to_string(image.size()) + " bytes, a " + model + " has " +
                             std::to_string(profile->image_size));
   }
-  if (code != profile->code) {
-    return Refuse(name, "its model code is " + std::to_string(code) + ", that of a " +
-                            std::string(profile->model) + " is " + std::to_string(profile->code));
+  if (faults.model) {
+    return Refuse(name, "its two model codes are not both " + std::to_string(profile->code) +
+                            ", that of a " + model);
   }
+  if (faults.product) return Refuse(name, "its product byte is not that of a " + model);
   return {link::RadioMemory(*profile, image), {}};
 }
 

@@ -26,11 +26,11 @@ TEST(ChannelPlan, LabelsAndFrequenciesPerPosition) {
     EXPECT_EQ(PlanFrequencyText(entry.rx_simplex), c.transmit);
     EXPECT_EQ(PlanFrequencyText(entry.rx_duplex), c.duplex);
     EXPECT_EQ(entry.duplex_allowed, c.position % 2 == 0);
-    EXPECT_EQ(FindPlanLabel(c.label), std::to_string(c.position));
+    EXPECT_EQ(PlanLabel(static_cast<int>(c.position)), c.label);
   }
   EXPECT_EQ(ChannelPlan()[2].tx_frequency, 156.05) << "the double nearest to the decimal";
-  EXPECT_EQ(FindPlanLabel("120"), "");
-  EXPECT_EQ(FindPlanLabel("1"), "");
+  EXPECT_EQ(PlanLabel(240), "");
+  EXPECT_EQ(PlanLabel(-1), "");
 }
 
 TEST(ChannelPlan, CombinedNumbersReadAcrossAllTables) {
@@ -89,10 +89,9 @@ INSTANTIATE_TEST_SUITE_P(AllGroups, FreshMarineTable, ::testing::ValuesIn(kMarin
 TEST(MarineDefaults, AChannelThatThePlanSwitchesOffHasItsDuplexAllTheSame) {
   MarineTable table;
   ResetMarineTable(MarineGroup::kUsa, table);
-  for (const auto& [label, duplex] : {std::pair("64", false), std::pair("87", true)}) {
-    const auto position = static_cast<std::size_t>(std::stoi(FindPlanLabel(label)));
-    EXPECT_FALSE(table[position].Enable) << label;
-    EXPECT_EQ(table[position].Duplex, duplex) << label;
+  for (const auto& [channel, duplex] : {std::pair(64U, false), std::pair(87U, true)}) {
+    EXPECT_FALSE(table[2 * channel].Enable) << channel;
+    EXPECT_EQ(table[2 * channel].Duplex, duplex) << channel;
   }
 }
 

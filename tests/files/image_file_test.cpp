@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/app_settings.h"
 #include "core/model_profile.h"
+#include "core/product.h"
 #include "image/codec.h"
 #include "support/fakes.h"
 #include "support/image_fixtures.h"

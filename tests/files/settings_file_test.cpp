@@ -4,8 +4,8 @@
 
 #include <random>
 
-#include "core/app_settings.h"
 #include "core/model_profile.h"
+#include "core/product.h"
 #include "files/settings_file_table.h"
 #include "image/codec.h"
 #include "image/raw_areas.h"

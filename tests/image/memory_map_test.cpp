@@ -75,14 +75,6 @@ TEST(MemoryMap, ShowsFieldsWithPlaceBytesAndValue) {
   EXPECT_EQ(Find(rows, "DSC User MMSI"), nullptr) << "not a radio with DSC";
 }
 
-TEST(MemoryMapText, IsOneLineARow) {
-  const core::RadioData data = ::orvane::testing::NewData(1);
-  const std::string text = MemoryMapText(data);
-  EXPECT_EQ(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')),
-            MemoryMap(data).size() + 1);
-  EXPECT_NE(text.find("\n8190 "), std::string::npos);
-}
-
 TEST(SampleRadio, IsARadioInUseThatPassesItsOwnChecks) {
   for (const auto& profile : core::ModelProfiles()) {
     const core::RadioData data = MakeSampleRadio(profile.model_type, kAfterCutOver);

@@ -48,7 +48,6 @@ TEST(PortList, IsEmptyWithoutPortsAndRebuiltEachTime) {
   EXPECT_EQ(list.FindPortIndex(4), -1);
   finder.ports.clear();
   EXPECT_EQ(list.Create(), 0);
-  EXPECT_EQ(list.ComCount(), 0);
   EXPECT_EQ(list.FindPortIndex(7), -1);
   EXPECT_EQ(list.RefComName(0), "");
 }

@@ -9,7 +9,7 @@
 namespace orvane::link {
 namespace {
 
-TEST(FaultText, ReadsEveryKindOfPlaceAndWritesItBack) {
+TEST(ParseFault, ReadsEveryKindOfPlace) {
   struct Case {
     std::string text;
     Fault fault;
@@ -27,11 +27,10 @@ TEST(FaultText, ReadsEveryKindOfPlaceAndWritesItBack) {
     const ParsedFault parsed = ParseFault(c.text);
     ASSERT_TRUE(parsed.fault) << parsed.error;
     EXPECT_EQ(*parsed.fault, c.fault) << c.text;
-    EXPECT_EQ(FaultText(c.fault), c.text);
   }
 }
 
-TEST(FaultText, EveryNameIsReadAsItsOwnKind) {
+TEST(ParseFault, EveryNameIsReadAsItsOwnKind) {
   for (const FaultInfo& info : Faults()) {
     const ParsedFault parsed = ParseFault(std::string(info.name) + "@7");
     ASSERT_TRUE(parsed.fault) << parsed.error;
@@ -40,7 +39,7 @@ TEST(FaultText, EveryNameIsReadAsItsOwnKind) {
   }
 }
 
-TEST(FaultText, RefusesWithASentence) {
+TEST(ParseFault, RefusesWithASentence) {
   for (const char* const text :
        {"", "busy", "busy@", "busy@0", "busy@-1", "busy@1.5", "busy@99999999", "nonsense@1",
         "busy@status:0", "busy@status:", "busy@nothing:1", "busy@read", "busy@1=1",

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "link/port_links.h"
+#include "link/port_name.h"
 #include "support/simulated_bench.h"
 
 namespace orvane::link {
@@ -127,7 +128,7 @@ TEST(PortLinks, StandInTheUsersConfigurationFolder) {
 
 TEST(PortLinks, AreNamedCom1ToCom16) {
   EXPECT_EQ(ParsePortLinkName("COM1"), 1);
-  EXPECT_EQ(ParsePortLinkName(PortLinkName(16)), 16);
+  EXPECT_EQ(ParsePortLinkName(PortName(16)), 16);
   for (const char* const name : {"COM0", "COM17", "COM01", "com1", "COM", "COM1 ", "xCOM1", ""}) {
     EXPECT_EQ(ParsePortLinkName(name), std::nullopt) << name;
   }

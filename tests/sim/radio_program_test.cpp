@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/model_profile.h"
+#include "image/image_check.h"
 #include "sim/host_system.h"
 #include "sim/options.h"
 #include "sim/radio_source.h"
@@ -70,7 +71,7 @@ TEST(RadioOptions, AreReadFromTheCommandLine) {
   EXPECT_EQ(options.log, "l");
   EXPECT_TRUE(options.quiet);
   ASSERT_EQ(options.faults.size(), 2U);
-  EXPECT_EQ(link::FaultText(options.faults[1]), "unplug@9=4");
+  EXPECT_EQ(options.faults[1], *link::ParseFault("unplug@9=4").fault);
   EXPECT_EQ(options.fault_percent, 2.5);
   EXPECT_EQ(options.seed, 18446744073709551615U);
   EXPECT_EQ(options.replug_seconds, 0.5);
@@ -86,10 +87,12 @@ TEST(RadioOptions, HelpNamesEveryFault) {
   }
 }
 
-std::string ImageOf(std::size_t size, int code) {
-  std::string image(size, '\xFF');
-  image[64] = static_cast<char>(code / 256);
-  image[65] = static_cast<char>(code % 256);
+std::string ImageOf(std::size_t size, int code, int second_code, char product = 2) {
+  std::string image(size, product);
+  for (const auto& [at, value] : {std::pair(std::size_t{64}, code), {size - 2, second_code}}) {
+    image[at] = static_cast<char>(value / 256);
+    image[at + 1] = static_cast<char>(value % 256);
+  }
   return image;
 }
 
@@ -100,13 +103,15 @@ TEST(RadioContents, AnImageMustBeWholeAndOfTheModel) {
     bool taken;
   };
   const std::vector<Case> cases = {
-      {ImageOf(16384, 740), std::nullopt, true},
-      {ImageOf(16384, 740), 5, true},
-      {ImageOf(8192, 310), std::nullopt, true},
-      {ImageOf(16384, 740), 6, false},
-      {ImageOf(8192, 740), std::nullopt, false},
-      {ImageOf(16384, 310), 1, false},
-      {ImageOf(16384, 99), std::nullopt, false},
+      {ImageOf(16384, 740, 740), std::nullopt, true},
+      {ImageOf(16384, 740, 740), 5, true},
+      {ImageOf(8192, 310, 310), std::nullopt, true},
+      {ImageOf(16384, 740, 740), 6, false},
+      {ImageOf(16384, 740, 741), 5, false},
+      {ImageOf(16384, 740, 740, 3), 5, false},
+      {ImageOf(8192, 740, 740), std::nullopt, false},
+      {ImageOf(16384, 310, 310), 1, false},
+      {ImageOf(16384, 99, 99), std::nullopt, false},
       {"", std::nullopt, false},
       {"", 5, false},
   };
@@ -122,15 +127,7 @@ TEST(RadioContents, ASampleOfEveryModelPassesTheChecksOfAConnectingProgram) {
   const core::Date today{std::chrono::year{2026}, std::chrono::month{6}, std::chrono::day{15}};
   for (const core::ModelProfile& profile : core::ModelProfiles()) {
     const RadioContents contents = SampleContents(profile.model_type, today);
-    ASSERT_EQ(contents.memory.size(), static_cast<std::size_t>(profile.image_size));
-    const auto code_at = [&](int address) {
-      const auto at = static_cast<std::size_t>(address);
-      return static_cast<std::uint16_t>(contents.memory[at] * 256 + contents.memory[at + 1]);
-    };
-    EXPECT_TRUE(core::ModelCodeMatches(profile, code_at(profile.radio_code_address),
-                                       code_at(profile.LastIndex() - 1)));
-    if (!profile.product_byte) continue;
-    EXPECT_EQ(contents.memory[0x3FF2], *profile.product_byte);
+    EXPECT_FALSE(image::CheckImage(contents.memory, profile, profile.radio_code_address).Any());
   }
 }
 

@@ -107,7 +107,10 @@ std::size_t CountOf(std::span<const link::Exchange> asked, ExchangeKind kind) {
 
 std::string CaseText(const FaultCase& fault_case) {
   std::string text;
-  for (const link::Fault& fault : fault_case.faults) text += link::FaultText(fault) + " ";
+  for (const link::Fault& fault : fault_case.faults) {
+    text += std::string(link::InfoOf(fault.kind).name) + "@" + std::to_string(fault.number) + "=" +
+            core::ShortestText(fault.value) + " ";
+  }
   if (fault_case.percent > 0) {
     text += "scatter " + std::to_string(fault_case.seed) + " " +
             core::ShortestText(fault_case.percent) + "% ";
@@ -146,7 +149,7 @@ FaultRunner::Run FaultRunner::RunOnce(const core::RadioData& data,
   int waits = 0;
   pump.on_event = [&] {
     if (!fault_case.cancel || run.cancelled) return;
-    if (radio.ExchangeCount() < fault_case.cancel->exchange) return;
+    if (static_cast<int>(run.asked.size()) + 1 < fault_case.cancel->exchange) return;
     if (waits++ < fault_case.cancel->waits) return;
     run.cancelled = true;
     run.data.Flags.Cancel = true;
