@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
   platform::QtFileDialogs dialogs;
 
   platform::QtReportPrinter printer;
-  orvane::help::HelpViewer help(platform::DataFolder() + "/Orvane.qch");
+  orvane::help::HelpViewer help(platform::DataFolder() + "/Orvane.qch", platform::CacheFolder());
 
   orvane::editor::WindowServices services{.data = data,
                                           .prompts = prompts,

@@ -25,6 +25,19 @@ void ChannelPage::ModelChanged() {
   scrambler_caption_->setVisible(profile.shows_scrambler);
 }
 
+std::string ChannelPage::WayOut(bool has_frequency, bool has_number) const {
+  std::string text = "The channel is in use, but ";
+  if (!has_frequency) text += "Rx Frequency is empty";
+  if (!has_frequency && !has_number) text += " and ";
+  if (!has_number) text += "CH Display has fewer than two characters on the left";
+  text += ". ";
+  if (IsLastEnabled()) return text + "Fill it in: the last channel in use cannot be switched off.";
+  if (!enable_->isChecked()) {
+    return text + "Switch CH Enable on to fill it in; on and off again to leave it unused.";
+  }
+  return text + "Fill it in, or switch CH Enable off to leave it unused.";
+}
+
 core::ChannelRecord& ChannelPage::Channel() const {
   if (IsMarine()) return Data().Table(node_.group)[static_cast<std::size_t>(node_.number)];
   // Before its first filling the page shows no channel; what it writes then is nobody's.
@@ -48,13 +61,15 @@ bool ChannelPage::Check() {
 }
 
 bool ChannelPage::CheckCompleteness() {
-  if (IsMarine() || !enable_->isChecked()) return true;
+  // The stored flag: the box may show that the channel belongs to a group.
+  if (IsMarine() || !Channel().Enable || !OfShownKind()) return true;
   const bool has_frequency = !frequencies_[kReceive].box->text().contains(QLatin1String("---"));
   const bool has_number = display_left_->text().size() >= display_left_->Rule().min_length;
   if (has_frequency && has_number) return true;
   (void)Services().prompts.Show({.title = Data().ProgramTitle,
                                  .text = "Data Error!!\r\nPlease input correct data.",
-                                 .icon = core::Icon::kExclamation});
+                                 .icon = core::Icon::kExclamation,
+                                 .details = WayOut(has_frequency, has_number)});
   return false;
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QRadioButton>
 #include <QVBoxLayout>
 #include <array>
 #include <string>
@@ -67,6 +67,8 @@ class ChannelPage : public Page {
   void FillMarine();
   void FillExtra();
   void FillFlags();
+  /// Switches a button without running its handler.
+  void ShowChecked(QAbstractButton& button, bool checked);
   void FillScrambler();
   void ShowFrequency(const Frequency& frequency);
   void ShowPlanReceiveFrequency();
@@ -97,6 +99,8 @@ class ChannelPage : public Page {
   void HandleDcs(Direction direction);
   void StoreDisplay(const FieldBox& box, std::string core::ChannelRecord::*half);
   [[nodiscard]] bool IsLastEnabled() const;
+  /// Says why the switch of the last channel in use stays on.
+  void TellLastEnabled();
 
   // Frequencies.
   [[nodiscard]] bool TakeOver(const Frequency& frequency);
@@ -104,6 +108,8 @@ class ChannelPage : public Page {
   void ApplyNarrowbandRule();
   void TellWrongFrequency(const FrequencyBox& box);
   [[nodiscard]] bool CheckCompleteness();
+  /// What an incomplete channel lacks, and how the page can be left.
+  [[nodiscard]] std::string WayOut(bool has_frequency, bool has_number) const;
 
   ControlMaker* maker_;
   NodeRef node_{NodeKind::kMarineChannel};
@@ -125,8 +131,8 @@ class ChannelPage : public Page {
   PickBox* scrambler_ = nullptr;
   QLabel* name_caption_ = nullptr;
   FieldBox* name_ = nullptr;
-  QRadioButton* wide_ = nullptr;
-  QRadioButton* narrow_ = nullptr;
+  OptionButton* wide_ = nullptr;
+  OptionButton* narrow_ = nullptr;
   QGroupBox* tone_frame_ = nullptr;
   std::array<ToneLists, 2> tones_{};  ///< by Direction
   QCheckBox* complement_ = nullptr;

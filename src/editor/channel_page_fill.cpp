@@ -47,6 +47,11 @@ void ChannelPage::Fill(const NodeRef& node) {
   FollowEnable();
 }
 
+void ChannelPage::ShowChecked(QAbstractButton& button, bool checked) {
+  const BusyScope busy(Data());
+  button.setChecked(checked);
+}
+
 void ChannelPage::FillFlags() {
   for (const auto& [box, flag] : flags_) box->setChecked(Channel().*flag);
 }
@@ -54,7 +59,7 @@ void ChannelPage::FillFlags() {
 void ChannelPage::FillScrambler() {
   const int scramble = Channel().Scramble;
   const bool on = (scramble & kScramblerOn) != 0;
-  scrambler_->setCurrentIndex(on ? (scramble & kScramblerCode) + 1 : 0);
+  scrambler_->ShowItem(on ? (scramble & kScramblerCode) + 1 : 0);
 }
 
 void ChannelPage::FillMarine() {
@@ -104,6 +109,7 @@ void ChannelPage::ShowPlanReceiveFrequency() {
 }
 
 void ChannelPage::ShowBandwidth() {
+  const BusyScope busy(Data());
   if (core::ProfileOf(Data()).shows_bandwidth) {
     (Channel().Narrow ? narrow_ : wide_)->setChecked(true);
     return;
@@ -119,10 +125,10 @@ void ChannelPage::ShowBandwidth() {
 void ChannelPage::ShowTones() {
   const ChannelRecord& channel = Channel();
   // The index of an item is the tone's index; a value without an item shows nothing and stays.
-  tones_[kTransmit].ctcss->setCurrentIndex(channel.TxCTCSS);
-  tones_[kTransmit].dcs->setCurrentIndex(channel.TxDCS);
-  tones_[kReceive].ctcss->setCurrentIndex(channel.RxCTCSS);
-  tones_[kReceive].dcs->setCurrentIndex(channel.RxDCS);
+  tones_[kTransmit].ctcss->ShowItem(channel.TxCTCSS);
+  tones_[kTransmit].dcs->ShowItem(channel.TxDCS);
+  tones_[kReceive].ctcss->ShowItem(channel.RxCTCSS);
+  tones_[kReceive].dcs->ShowItem(channel.RxDCS);
 }
 
 // The rules of the single entry. They hold for controls that CH Enable has greyed as well.
@@ -156,7 +162,7 @@ void ChannelPage::FollowReceiveDcs() {
 
 void ChannelPage::FollowNarrowbandRule() {
   const bool forced = MustBeNarrow();
-  if (forced) narrow_->setChecked(true);
+  if (forced) ShowChecked(*narrow_, true);
   wide_->setEnabled(!forced);
   narrow_->setEnabled(!forced);
 }

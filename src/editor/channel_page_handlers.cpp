@@ -29,40 +29,40 @@ constexpr std::array<ToneFields, 2> kToneFields = {
 }  // namespace
 
 void ChannelPage::Connect() {
-  connect(enable_, &QCheckBox::clicked, this, &ChannelPage::EnableClicked);
+  connect(enable_, &QCheckBox::toggled, this, &ChannelPage::EnableClicked);
   for (QCheckBox* box : groups_) {
-    connect(box, &QCheckBox::clicked, this, [this, box](bool on) { GroupClicked(*box, on); });
+    connect(box, &QCheckBox::toggled, this, [this, box](bool on) { GroupClicked(*box, on); });
   }
-  connect(tx_enable_, &QCheckBox::clicked, this, &ChannelPage::HandleTxEnable);
-  connect(low_power_, &QCheckBox::clicked, this, &ChannelPage::HandleLowPower);
+  connect(tx_enable_, &QCheckBox::toggled, this, &ChannelPage::HandleTxEnable);
+  connect(low_power_, &QCheckBox::toggled, this, &ChannelPage::HandleLowPower);
   ConnectFlag(*power_up_, &ChannelRecord::PowUp);
   ConnectFlag(*scan_, &ChannelRecord::ScanMemory);
   ConnectFlag(*complement_, &ChannelRecord::RxComp);
   ConnectFlag(*duplex_, &ChannelRecord::Duplex);
-  connect(duplex_, &QCheckBox::clicked, this, &ChannelPage::ShowPlanReceiveFrequency);
+  connect(duplex_, &QCheckBox::toggled, this, &ChannelPage::ShowPlanReceiveFrequency);
   for (QRadioButton* button : {wide_, narrow_}) {
-    connect(button, &QRadioButton::clicked, this, [this] {
-      if (!MayWrite()) return;
+    connect(button, &QRadioButton::toggled, this, [this](bool chosen) {
+      if (!chosen || !MayWrite()) return;
       Channel().Narrow = narrow_->isChecked();
       Changed();
     });
   }
-  connect(scrambler_, &QComboBox::activated, this, [this] {
+  connect(scrambler_, &PickBox::Picked, this, [this] {
     if (!MayWrite()) return;
     Channel().Scramble = static_cast<std::int16_t>(scrambler_->currentData().toInt());
     Changed();
   });
   for (const Direction direction : {kTransmit, kReceive}) {
-    connect(tones_[direction].ctcss, &QComboBox::activated, this,
+    connect(tones_[direction].ctcss, &PickBox::Picked, this,
             [this, direction] { HandleCtcss(direction); });
-    connect(tones_[direction].dcs, &QComboBox::activated, this,
+    connect(tones_[direction].dcs, &PickBox::Picked, this,
             [this, direction] { HandleDcs(direction); });
   }
   ConnectFields();
 }
 
 void ChannelPage::ConnectFlag(QCheckBox& box, core::Flag ChannelRecord::*flag) {
-  connect(&box, &QCheckBox::clicked, this, [this, flag](bool on) {
+  connect(&box, &QCheckBox::toggled, this, [this, flag](bool on) {
     if (!MayWrite()) return;
     Channel().*flag = on;
     Changed();
@@ -93,7 +93,8 @@ void ChannelPage::ConnectFields() {
 void ChannelPage::EnableClicked(bool on) {
   if (!MayWrite()) return;
   if (!on && IsLastEnabled()) {
-    enable_->setChecked(true);
+    ShowChecked(*enable_, true);
+    TellLastEnabled();
     return;
   }
   SetChannelEnable(on);
@@ -122,13 +123,14 @@ void ChannelPage::GroupClicked(QCheckBox& box, bool on) {
   const bool last = !on && std::none_of(groups_.begin(), groups_.end(),
                                         [](const QCheckBox* group) { return group->isChecked(); });
   if (last && IsLastEnabled()) {
-    box.setChecked(true);
+    ShowChecked(box, true);
+    TellLastEnabled();
     return;
   }
   StoreGroups();
   Changed();
   if (!on && !last) return;
-  enable_->setChecked(on);
+  ShowChecked(*enable_, on);
   SetChannelEnable(on);
 }
 
@@ -149,6 +151,16 @@ bool ChannelPage::IsLastEnabled() const {
     if (n != node_.number && core::MarkedEnabled(Data(), n, UnderLmrRoot())) return false;
   }
   return true;
+}
+
+void ChannelPage::TellLastEnabled() {
+  const auto group = [this]() -> QString {
+    if (!IsMarine()) {
+      return platform::FromAnsi(core::ProfileOf(Data()).GroupWord(UnderLmrRoot()));
+    }
+    return MarineGroupName(node_.group);
+  };
+  Host().ShowNotice(tr("Stays on: the last %1 channel in use.").arg(group()));
 }
 
 void ChannelPage::HandleTxEnable() {
@@ -175,7 +187,7 @@ void ChannelPage::HandleCtcss(Direction direction) {
   Channel().*fields.ctcss = tone;
   if (tone != 0) {
     Channel().*fields.dcs = 0;
-    lists.dcs->setCurrentIndex(0);
+    lists.dcs->ShowItem(0);
   }
   FollowReceiveDcs();
   Changed();
@@ -189,7 +201,7 @@ void ChannelPage::HandleDcs(Direction direction) {
   Channel().*fields.dcs = code;
   if (code != 0) {
     Channel().*fields.ctcss = 0;
-    lists.ctcss->setCurrentIndex(0);
+    lists.ctcss->ShowItem(0);
   }
   FollowReceiveDcs();
   Changed();

@@ -76,7 +76,7 @@ void ChannelPage::BuildSwitches() {
   groups_area_ = new QWidget(this);
   auto* row = new QHBoxLayout(groups_area_);
   row->setContentsMargins({});
-  const std::array<QString, 3> captions = {tr("[U&SA]"), tr("[&INTL]"), tr("[&CAN]")};
+  const std::array<QString, 3> captions = {tr("[&USA]"), tr("[&INTL]"), tr("[&CAN]")};
   for (std::size_t i = 0; i < groups_.size(); ++i) {
     groups_[i] =
         maker_->Check(MemberName("chkCGroup", static_cast<int>(i)), captions[i], help::kGroups);
@@ -131,7 +131,7 @@ QWidget* ChannelPage::BuildTransmit() {
   frame->setLayout(column);
   tx_enable_ = maker_->Check(QStringLiteral("chkCTXEnable"), tr("T&x Enable"), help::kTxEnable);
   low_power_ = maker_->Check(QStringLiteral("chkCTXOnly"), tr("&Low Power Only"), help::kLowPower);
-  power_up_ = maker_->Check(QStringLiteral("chkCTXPower"), tr("Power &Up"), help::kPowerUp);
+  power_up_ = maker_->Check(QStringLiteral("chkCTXPower"), tr("&Power Up"), help::kPowerUp);
   for (QCheckBox* box : {tx_enable_, low_power_, power_up_}) column->addWidget(box);
   return frame;
 }
@@ -145,7 +145,7 @@ void ChannelPage::BuildNameAndScrambler(QGridLayout& grid) {
   }
   scrambler_caption_ = maker_->Caption(scrambler, scrambler_);
   const FieldRule& rule = RuleOf(Field::kChannelName);
-  const QString name = tr("CH &Name");
+  const QString name = tr("CH Na&me");
   name_ = new FieldBox(rule, body_);
   maker_->Adopt(*name_, QLatin1String(rule.control), name, rule.hint, help::kName);
   SetDigits(*name_, rule.max_length + rule.max_length / 2);  // capitals are wide
@@ -160,10 +160,10 @@ void ChannelPage::BuildNameAndScrambler(QGridLayout& grid) {
 
 void ChannelPage::BuildSwitchColumn(QVBoxLayout& column) {
   column.addWidget(BuildTransmit());
-  duplex_ = maker_->Check(QStringLiteral("chkCDup"), tr("Du&plex"), help::kDuplex);
-  scan_ = maker_->Check(QStringLiteral("chkCScan"), tr("Scan &Memory"), help::kScan);
-  wide_ = new QRadioButton(tr("&Wide"), body_);
-  narrow_ = new QRadioButton(tr("Narrow"), body_);
+  duplex_ = maker_->Check(QStringLiteral("chkCDup"), tr("D&uplex"), help::kDuplex);
+  scan_ = maker_->Check(QStringLiteral("chkCScan"), tr("&Scan Memory"), help::kScan);
+  wide_ = new OptionButton(tr("&Wide"), body_);
+  narrow_ = new OptionButton(tr("&Narrow"), body_);
   maker_->Adopt(*wide_, QStringLiteral("optCWide_0"), wide_->text(), kOptionHint);
   maker_->Adopt(*narrow_, QStringLiteral("optCWide_1"), narrow_->text(), kOptionHint);
   for (QWidget* control : std::initializer_list<QWidget*>{duplex_, scan_, wide_, narrow_}) {
@@ -179,23 +179,25 @@ QWidget* ChannelPage::BuildTones() {
   const std::array<QString, 2> captions = {tr("TX Tone"), tr("RX Tone")};
   for (const Direction direction : {kTransmit, kReceive}) {
     const int member = static_cast<int>(direction);
-    PickBox* ctcss = maker_->List(MemberName("cmbCTCSS", member), tr("CTCSS"), {});
+    const QString caption = captions[direction];
+    PickBox* ctcss =
+        maker_->List(MemberName("cmbCTCSS", member), caption + QLatin1Char(' ') + tr("CTCSS"), {});
     for (const std::string_view text : core::CtcssList()) {
       AddTone(*ctcss, platform::FromAnsi(text));
     }
-    PickBox* dcs = maker_->List(MemberName("cmbDCS", member), tr("DCS"), {});
+    PickBox* dcs =
+        maker_->List(MemberName("cmbDCS", member), caption + QLatin1Char(' ') + tr("DCS"), {});
     for (const std::string_view text : core::DcsList()) AddTone(*dcs, platform::FromAnsi(text));
     for (int code = core::kLastDcs + 1; code <= 2 * core::kLastDcs; ++code) {
       AddTone(*dcs, platform::FromAnsi(core::DcsText(code)));
     }
     tones_[direction] = {ctcss, dcs};
     const int line = member + 1;
-    grid->addWidget(maker_->Caption(captions[direction], ctcss), line, 0);
+    grid->addWidget(maker_->Caption(caption, ctcss), line, 0);
     grid->addWidget(ctcss, line, 1);
     grid->addWidget(dcs, line, 2);
-    for (PickBox* list : {ctcss, dcs}) list->setAccessibleDescription(captions[direction]);
   }
-  complement_ = maker_->Check(QStringLiteral("chkComp"), tr("COM&P"));
+  complement_ = maker_->Check(QStringLiteral("chkComp"), tr("COMP"));
   grid->addWidget(complement_, 2, 3);
   grid->setColumnStretch(4, 1);
   return tone_frame_;

@@ -132,7 +132,7 @@ void CommonPage::BuildSetting(std::size_t index) {
   grid->addWidget(list, line, 1);
   lists_[index] = list;
   captions_[index] = label;
-  connect(list, &QComboBox::activated, this, [this, index](int item) {
+  connect(list, &PickBox::Picked, this, [this, index](int item) {
     kTable[index].store(Data().Common, item);
     if (index == kScan) FollowScan();
     Host().DataChanged();
@@ -142,7 +142,7 @@ void CommonPage::BuildSetting(std::size_t index) {
 void CommonPage::Fill(const NodeRef& /*node*/) {
   const BusyScope busy(Data());
   for (std::size_t i = 0; i < kSettings; ++i) {
-    lists_[i]->setCurrentIndex(kTable[i].item(Data().Common));
+    lists_[i]->ShowItem(kTable[i].item(Data().Common));
   }
   FollowScan();
   ShowForModel();

@@ -1,10 +1,12 @@
 #include "editor/controls.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
 #include <QVariant>
 #include <QWheelEvent>
+#include <utility>
 
 namespace orvane::editor {
 namespace {
@@ -15,6 +17,20 @@ constexpr const char* kHintProperty = "hint";
 
 PickBox::PickBox(QWidget* parent) : QComboBox(parent) {
   setFocusPolicy(Qt::StrongFocus);
+  connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
+    picked_ = true;
+    emit Picked(index);
+  });
+  // Told after a change as well, and alone when the choice stays.
+  connect(this, &QComboBox::activated, this, [this](int index) {
+    if (!std::exchange(picked_, true)) emit Picked(index);
+  });
+}
+
+void PickBox::ShowItem(int index) {
+  const QSignalBlocker quiet(this);
+  setCurrentIndex(index);
+  picked_ = false;
 }
 
 void PickBox::wheelEvent(QWheelEvent* event) {
@@ -23,6 +39,18 @@ void PickBox::wheelEvent(QWheelEvent* event) {
   } else {
     event->ignore();
   }
+}
+
+void OptionButton::keyPressEvent(QKeyEvent* event) {
+  const bool back = event->key() == Qt::Key_Up || event->key() == Qt::Key_Left;
+  if (!back && event->key() != Qt::Key_Down && event->key() != Qt::Key_Right) {
+    return QRadioButton::keyPressEvent(event);
+  }
+  const auto group = parentWidget()->findChildren<OptionButton*>(Qt::FindDirectChildrenOnly);
+  OptionButton* const next = group.value(group.indexOf(this) + (back ? -1 : 1));
+  if (next == nullptr || !next->isEnabled()) return;
+  next->setFocus(back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+  next->click();
 }
 
 void GreyableFrame::SetGrey(bool grey) {

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QObject>
+#include <QRadioButton>
 #include <QString>
 #include <QStringList>
 
@@ -42,8 +43,31 @@ class PickBox : public QComboBox {
  public:
   explicit PickBox(QWidget* parent = nullptr);
 
+  /// Shows an item that stands for the data; -1 shows none. Picked is not emitted.
+  void ShowItem(int index);
+
+ signals:
+  /// The choice changed otherwise than by ShowItem, whether by mouse, key or an assistive
+  /// technology, or the item on show was chosen again before any other.
+  void Picked(int index);
+
  protected:
   void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  bool picked_ = false;  ///< the item on show was picked, so that its handler has run
+};
+
+/// One of several buttons that exclude each other. Up and Left choose the one before, Down and
+/// Right the one behind, however they are laid out.
+class OptionButton : public QRadioButton {
+  Q_OBJECT
+
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 };
 
 /// A frame whose lines and title can be greyed while controls in it stay enabled.

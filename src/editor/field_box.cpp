@@ -29,6 +29,7 @@ class FieldBox::Filter : public QValidator {
   Filter(const FieldRule& rule, QObject* parent) : QValidator(parent), rule_(rule) {}
 
   void Accept(const QString& text) { accepted_ = text; }
+  [[nodiscard]] const QString& Accepted() const { return accepted_; }
 
   State validate(QString& input, int& cursor) const override {
     if (input == accepted_) return Acceptable;
@@ -68,6 +69,11 @@ FieldBox::FieldBox(const FieldRule& rule, QWidget* parent)
   setMaxLength(rule.max_length);
   setValidator(filter_);
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+    if (!showing_ && (IsLocked() || !isEnabled())) {
+      // An assistive technology writes where the keyboard cannot.
+      setText(filter_->Accepted());
+      return;
+    }
     filter_->Accept(text);
     if (!showing_) emit Edited();
   });
@@ -75,6 +81,7 @@ FieldBox::FieldBox(const FieldRule& rule, QWidget* parent)
 
 void FieldBox::ShowText(const QString& text) {
   const bool before = std::exchange(showing_, true);
+  shown_ = text;
   filter_->Accept(text.left(maxLength()));
   setText(text);
   showing_ = before;

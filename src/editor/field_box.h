@@ -8,7 +8,7 @@
 namespace orvane::editor {
 
 /// A text field that lets in what its rule passes, whichever way it comes: typing, pasting,
-/// dropping or an input method. Text already in the box is left alone.
+/// an input method or an assistive technology. Text already in the box is left alone.
 class FieldBox : public QLineEdit {
   Q_OBJECT
 
@@ -18,6 +18,8 @@ class FieldBox : public QLineEdit {
   [[nodiscard]] const FieldRule& Rule() const { return rule_; }
   /// Puts a text from the data into the box, unfiltered. Edited is not emitted.
   void ShowText(const QString& text);
+  /// The text last put in from the data.
+  [[nodiscard]] const QString& ShownText() const { return shown_; }
   /// A locked box is read-only, looks it, and offers no hint.
   void SetLocked(bool locked);
   [[nodiscard]] bool IsLocked() const { return isReadOnly(); }
@@ -40,6 +42,7 @@ class FieldBox : public QLineEdit {
 
   const FieldRule& rule_;
   Filter* filter_;
+  QString shown_;
   bool showing_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 
 namespace orvane::editor {
@@ -24,12 +25,19 @@ bool FrequencyBox::focusNextPrevChild(bool next) {
   return true;
 }
 
+void FrequencyBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape || !edited_) return FieldBox::keyPressEvent(event);
+  ShowText(ShownText());
+  edited_ = false;
+  selectAll();
+}
+
 void FrequencyBox::focusInEvent(QFocusEvent* event) {
   FieldBox::focusInEvent(event);
   qApp->installEventFilter(this);
+  // What an assistive technology wrote before is still to be taken over.
   if (IsLocked() || returning_ || !IsLeaving(event->reason())) return;
   selectAll();
-  edited_ = false;
 }
 
 void FrequencyBox::focusOutEvent(QFocusEvent* event) {

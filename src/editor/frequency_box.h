@@ -7,7 +7,7 @@
 namespace orvane::editor {
 
 /// A field whose value must be right before the user may leave it. Switching to another window or
-/// opening a menu is not leaving.
+/// opening a menu is not leaving. Escape brings back the value from before the edit.
 class FrequencyBox : public FieldBox {
   Q_OBJECT
 
@@ -29,6 +29,7 @@ class FrequencyBox : public FieldBox {
 
  protected:
   bool focusNextPrevChild(bool next) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -83,6 +83,12 @@ ChannelGrid::ChannelGrid(QWidget* parent) : QTableView(parent) {
           [this](const QModelIndex& index) { emit JumpAsked(index.row()); });
 }
 
+void ChannelGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  // The table view tells assistive technologies that its cell has the focus now.
+  if (hasFocus()) return QTableView::currentChanged(current, previous);
+  QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
+}
+
 void ChannelGrid::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!enter) return QTableView::keyPressEvent(event);

@@ -19,6 +19,7 @@ class ChannelGrid : public QTableView {
 
  protected:
   bool viewportEvent(QEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 

@@ -9,7 +9,6 @@
 
 #include "core/app_settings.h"
 #include "core/model_profile.h"
-#include "editor/splitter.h"
 #include "editor/tool_bar.h"
 #include "editor/tool_tips.h"
 #include "image/codec.h"
@@ -23,6 +22,8 @@ constexpr int kMinimumWidth = 9105 / 15;
 constexpr int kMinimumHeight = 6660 / 15;
 constexpr int kSplitterMinimum = 2500 / 15;
 constexpr double kTreeShare = 0.3;
+
+constexpr const char* kBorderHint = "[Left]/[Right]:Move the border.  [Esc]:Back.";
 
 }  // namespace
 
@@ -47,7 +48,7 @@ MainWindow::MainWindow(const WindowServices& services)
   addToolBar(new ToolBar(menus_, this));
 
   splitter_->setObjectName(QStringLiteral("imgSplitter"));
-  splitter_->setAccessibleName(tr("Border of navigation and page"));
+  splitter_->setAccessibleName(tr("Navigation and page"));
   splitter_->setChildrenCollapsible(false);
   tree_->setObjectName(QStringLiteral("tvTreeView"));
   tree_->setAccessibleName(tr("Navigation"));
@@ -56,6 +57,8 @@ MainWindow::MainWindow(const WindowServices& services)
   setCentralWidget(splitter_);
 
   BuildStatusBar();
+  connect(splitter_, &Splitter::BorderFocused, this,
+          [this] { ShowHint(QLatin1String(kBorderHint)); });
   BuildPages();
   ConnectMenus();
   ConnectCommands();
@@ -68,20 +71,19 @@ MainWindow::~MainWindow() = default;
 void MainWindow::BuildStatusBar() {
   statusBar()->setObjectName(QStringLiteral("sbStatusBar"));
   statusBar()->setSizeGripEnabled(false);
-  const auto add_panel = [this](const char* name, int stretch) {
-    auto* panel = new CutLabel(this);
+  const auto add_panel = [this](const char* name, const QString& description, int stretch) {
+    auto* panel = new LiveLabel(this);
     panel->setObjectName(QLatin1String(name));
     panel->setMargin(2);
+    panel->setAccessibleDescription(description);
     statusBar()->addPermanentWidget(panel, stretch);
     return panel;
   };
-  hint_ = add_panel("sbStatusBar_1", 1);
-  hint_->setAccessibleName(tr("Hint"));
+  hint_ = add_panel("sbStatusBar_1", tr("Hint"), 1);
   // A long hint must not keep the window wide.
   hint_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  add_panel("sbStatusBar_2", 0)->setAccessibleName(tr("Status"));
-  model_name_ = add_panel("sbStatusBar_3", 0);
-  model_name_->setAccessibleName(tr("Model"));
+  notice_ = add_panel("sbStatusBar_2", tr("Status"), 0);
+  model_name_ = add_panel("sbStatusBar_3", tr("Model"), 0);
 }
 
 void MainWindow::ConnectMenus() {
@@ -128,7 +130,13 @@ void MainWindow::RefreshMarks() {
 }
 
 void MainWindow::ShowHint(const QString& hint) {
-  hint_->setText(hint);
+  notice_->clear();
+  hint_->Tell(hint);
+}
+
+void MainWindow::ShowNotice(const QString& notice) {
+  notice_->clear();  // told again when it is the same
+  notice_->Tell(notice);
 }
 
 void MainWindow::SelectNode(const QString& key) {

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QLabel>
 #include <QMainWindow>
-#include <QSplitter>
 #include <QTimer>
 
 #include "editor/commands.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
+#include "editor/live_label.h"
 #include "editor/menus.h"
 #include "editor/model_commands.h"
 #include "editor/nav_tree.h"
@@ -15,6 +14,7 @@
 #include "editor/page_area.h"
 #include "editor/plain_pages.h"
 #include "editor/serial_port_menu.h"
+#include "editor/splitter.h"
 #include "editor/tree_model.h"
 #include "editor/window_services.h"
 
@@ -35,6 +35,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void RebuildTree() override;
   void RefreshMarks() override;
   void ShowHint(const QString& hint) override;
+  void ShowNotice(const QString& notice) override;
   void SelectNode(const QString& key) override;
 
   // CommandHost
@@ -87,13 +88,14 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   TreeModel tree_model_;
 
   Menus menus_;
-  QSplitter* splitter_;
+  Splitter* splitter_;
   NavTree* tree_;
   PageArea* area_;
   GeneralPage* general_ = nullptr;
   Navigator* navigator_ = nullptr;
-  QLabel* hint_ = nullptr;
-  QLabel* model_name_ = nullptr;
+  LiveLabel* hint_ = nullptr;
+  LiveLabel* notice_ = nullptr;
+  LiveLabel* model_name_ = nullptr;
   QTimer* start_timer_;
   QPoint frame_;  ///< left and upper width of the frame that the window manager draws
 

@@ -39,6 +39,9 @@ bool MainWindow::TakeKey(QWidget& target, const QKeyEvent& event) {
     case Qt::Key_F6:
       if (plain) SwitchSide();
       return plain;
+    case Qt::Key_F8:
+      if (plain) splitter_->SwitchFocus();
+      return plain;
     case Qt::Key_F2:
       if (debug_key && services_.commands != nullptr) services_.commands->LoadHex(*this);
       return debug_key;

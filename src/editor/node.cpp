@@ -65,6 +65,16 @@ QString KeyOf(const NodeRef& node) {
   return {};
 }
 
+QString MarineGroupName(core::MarineGroup group) {
+  constexpr std::array kNames = {"USA", "INTL", "CANADA"};
+  return QLatin1String(kNames[static_cast<std::size_t>(group)]);
+}
+
+QString ExtraGroupDescription(bool lmr_root) {
+  return lmr_root ? QStringLiteral("Extra channels that are each switched on by themselves")
+                  : QStringLiteral("Extra channels that go with the groups USA, INTL and CAN");
+}
+
 std::optional<NodeRef> NodeOfKey(const QString& key) {
   for (const auto& [plain, kind] : kPlainKeys) {
     if (key.compare(QLatin1String(plain), Qt::CaseInsensitive) == 0) return NodeRef{.kind = kind};

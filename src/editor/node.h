@@ -31,6 +31,11 @@ struct NodeRef {
 };
 
 [[nodiscard]] QString KeyOf(const NodeRef& node);
+/// Name of a marine group's node.
+[[nodiscard]] QString MarineGroupName(core::MarineGroup group);
+/// What the channels under either heading of the one extra table have in common; models without
+/// LMR channels call both of them "EXP".
+[[nodiscard]] QString ExtraGroupDescription(bool lmr_root);
 /// Letter case is ignored; nothing for a key that names no node.
 [[nodiscard]] std::optional<NodeRef> NodeOfKey(const QString& key);
 

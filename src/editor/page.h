@@ -21,6 +21,9 @@ class PageHost {
   virtual void RefreshMarks() = 0;
   /// First panel of the status bar.
   virtual void ShowHint(const QString& hint) = 0;
+  /// Second panel of the status bar: why something the user asked for did not happen. It stays
+  /// until the next hint.
+  virtual void ShowNotice(const QString& notice) = 0;
   /// Selects a node as if the user had clicked it.
   virtual void SelectNode(const QString& key) = 0;
 };

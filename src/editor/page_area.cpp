@@ -33,18 +33,22 @@ void PageArea::Add(Page* page) {
 
 void PageArea::Show(Page* page, const NodeRef& node) {
   const bool had_focus = HasFocusInside();
-  for (Page* other : pages_) other->setEnabled(false);
+  // A page that is filled anew stays enabled, so that its control keeps the focus.
+  for (Page* other : pages_) {
+    if (other != page || page != current_) other->setEnabled(false);
+  }
   page->Fill(node);
   QScrollArea* scroller = ScrollerOf(*page);
   if (page != current_) scroller->verticalScrollBar()->setValue(0);
   current_ = page;
   setCurrentWidget(scroller);
   page->setEnabled(true);
-  if (had_focus) FocusFirstControl();
+  if (had_focus && !HasFocusInside()) FocusFirstControl();
 }
 
 bool PageArea::HasFocusInside() const {
-  const QWidget* focus = QApplication::focusWidget();
+  // That of the window, which a dialog on top of it does not change.
+  const QWidget* focus = window()->focusWidget();
   return focus != nullptr && isAncestorOf(focus);
 }
 

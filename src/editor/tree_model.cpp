@@ -35,9 +35,9 @@ class TreeModel::Builder {
     Add(general, {.kind = NodeKind::kCommon}, QStringLiteral("Common Setup"));
     const int program =
         Add(-1, {.kind = NodeKind::kProgram}, QStringLiteral("Programmable Channel"));
-    AddMarine(program, MarineGroup::kUsa, QStringLiteral("USA"));
-    AddMarine(program, MarineGroup::kIntl, QStringLiteral("INTL"));
-    AddMarine(program, MarineGroup::kCanada, QStringLiteral("CANADA"));
+    for (const MarineGroup group : {MarineGroup::kUsa, MarineGroup::kIntl, MarineGroup::kCanada}) {
+      AddMarine(program, group);
+    }
     Add(program, {.kind = NodeKind::kWeather}, QStringLiteral("Weather"));
     if (data_.LmrPresent()) {
       AddExtra(true, NodeKind::kLmrRoot, NodeKind::kLmrChannel,
@@ -60,11 +60,11 @@ class TreeModel::Builder {
     return item;
   }
 
-  void AddMarine(int program, MarineGroup group, const QString& name) {
+  void AddMarine(int program, MarineGroup group) {
     const auto index = static_cast<std::size_t>(group);
     if (!data_.Usable[index].Enable) return;
     const int root = Add(program, {.kind = NodeKind::kMarineGroup, .group = group},
-                         name + StatusSuffix(data_, index));
+                         MarineGroupName(group) + StatusSuffix(data_, index));
     int number = 0;
     for (const core::ChannelRecord& channel : data_.Table(group)) {
       QString text = QLatin1String("CH") + FromAnsi(core::PlanLabel(channel.Position));
@@ -156,11 +156,18 @@ int TreeModel::columnCount(const QModelIndex& /*parent*/) const {
   return 1;
 }
 
+QVariant TreeModel::Description(const Item& item) {
+  const bool lmr = item.node.kind == NodeKind::kLmrRoot;
+  if (!lmr && item.node.kind != NodeKind::kExpRoot) return {};
+  return ExtraGroupDescription(lmr);
+}
+
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const Item& item = items_[index.internalId()];
   if (role == Qt::DisplayRole) return item.text;
   if (role == kKeyRole) return item.key;
+  if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) return Description(item);
   return {};
 }
 

@@ -51,6 +51,8 @@ class TreeModel : public QAbstractItemModel {
   [[nodiscard]] const std::vector<int>& ChildrenOf(const QModelIndex& parent) const;
   [[nodiscard]] QModelIndex IndexOfItem(int item) const;
 
+  [[nodiscard]] static QVariant Description(const Item& item);
+
   const core::RadioData& data_;
   std::vector<Item> items_;
   std::vector<int> roots_;

@@ -54,7 +54,11 @@ UsablePage::UsablePage(PageServices services, QWidget* parent)
   }
   grid->setColumnStretch(2, 1);
   grid->setRowStretch(2, 1);
-  connect(exp_, &QCheckBox::clicked, this, &UsablePage::SwitchExp);
+  connect(exp_, &QCheckBox::toggled, this, &UsablePage::SwitchExp);
+  for (QCheckBox* box : {groups_[core::kExtraGroup].enable, exp_}) {
+    box->setToolTip(ExtraGroupDescription(box != exp_));
+    box->setAccessibleDescription(box->toolTip());
+  }
   UsablePage::ModelChanged();
   ExplainControls(*this);
 }
@@ -110,17 +114,17 @@ void UsablePage::NameGroup(std::size_t index, const QString& caption) {
 
 void UsablePage::ConnectGroup(std::size_t index) {
   const Group& group = groups_[index];
-  connect(group.enable, &QCheckBox::clicked, this,
+  connect(group.enable, &QCheckBox::toggled, this,
           [this, index](bool on) { SwitchGroup(index, on); });
-  connect(group.time_out, &QComboBox::activated, this, [this, index](int item) {
+  connect(group.time_out, &PickBox::Picked, this, [this, index](int item) {
     Data().Usable[index].TX_TOT = item == 1;
     Host().DataChanged();
   });
-  connect(group.icon, &QComboBox::activated, this, [this, index](int item) {
+  connect(group.icon, &PickBox::Picked, this, [this, index](int item) {
     Data().Usable[index].Status_Icon = item == 1;
     Host().DataChanged();
   });
-  connect(group.priority, &QComboBox::activated, this, [this, index] {
+  connect(group.priority, &PickBox::Picked, this, [this, index] {
     Data().Usable[index].Priority_CH = groups_[index].priority->currentData().toInt();
     Host().DataChanged();
   });
@@ -142,8 +146,8 @@ void UsablePage::Fill(const NodeRef& /*node*/) {
     const core::UsableGroup& usable = Data().Usable[i];
     const Group& group = groups_[i];
     group.enable->setChecked(usable.Enable);
-    group.time_out->setCurrentIndex(usable.TX_TOT ? 1 : 0);
-    group.icon->setCurrentIndex(usable.Status_Icon ? 1 : 0);
+    group.time_out->ShowItem(usable.TX_TOT ? 1 : 0);
+    group.icon->ShowItem(usable.Status_Icon ? 1 : 0);
     ListPriorityChannels(i);
     FollowEnable(i);
   }
@@ -151,6 +155,7 @@ void UsablePage::Fill(const NodeRef& /*node*/) {
 
 void UsablePage::ListPriorityChannels(std::size_t index) {
   PickBox& list = *groups_[index].priority;
+  const QSignalBlocker quiet(list);
   list.clear();
   list.addItem(platform::FromAnsi(core::OnOffText(false)), core::kNoChannel);
   const auto add = [&list](const std::string& text, std::int32_t channel) {
@@ -171,7 +176,7 @@ void UsablePage::ListPriorityChannels(std::size_t index) {
     }
   }
   // A channel that is no longer in use leaves the list without a choice.
-  list.setCurrentIndex(list.findData(Data().Usable[index].Priority_CH));
+  list.ShowItem(list.findData(Data().Usable[index].Priority_CH));
 }
 
 void UsablePage::FollowEnable(std::size_t index) {

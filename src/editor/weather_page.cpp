@@ -67,13 +67,13 @@ void WeatherPage::BuildRow(int index) {
 
 void WeatherPage::ConnectRow(int index) {
   const Row& row = rows_[static_cast<std::size_t>(index)];
-  connect(row.enable, &QCheckBox::clicked, this, [this, index, row](bool on) {
+  connect(row.enable, &QCheckBox::toggled, this, [this, index, row](bool on) {
     if (!MayWrite()) return;
     Channel(index).Enable = on;
     FollowEnable(row);
     Host().DataChanged();
   });
-  connect(row.scan, &QCheckBox::clicked, this, [this, index](bool on) {
+  connect(row.scan, &QCheckBox::toggled, this, [this, index](bool on) {
     if (!MayWrite()) return;
     Channel(index).ScanMemory = on;
     Host().DataChanged();

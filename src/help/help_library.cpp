@@ -8,8 +8,8 @@
 namespace orvane::help {
 
 std::optional<std::string> HelpLibrary::Load(const QString& help_file) {
-  if (!folder_.isValid()) return platform::ToUtf8(folder_.errorString());
-  engine_ = std::make_unique<QHelpEngine>(folder_.filePath(QStringLiteral("help.qhc")));
+  if (folder_.Path().isEmpty()) return platform::ToUtf8(folder_.Reason());
+  engine_ = std::make_unique<QHelpEngine>(folder_.Path() + QStringLiteral("/help.qhc"));
   engine_->setReadOnly(false);
   // Contents and index are those of the documentation known when the engine is set up.
   const bool loaded =

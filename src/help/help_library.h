@@ -3,19 +3,22 @@
 #include <QByteArray>
 #include <QHelpEngine>
 #include <QString>
-#include <QTemporaryDir>
 #include <QUrl>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "help/help_folder.h"
+
 namespace orvane::help {
 
 /// The pages of a compiled help file. Qt's help engine writes beside the collection it works on
-/// (settings, search index), so the collection is made anew in a temporary folder: the program's
-/// folder is only read, and two programs never meet in one collection.
+/// (settings, search index), so the collection is made anew in a folder of its own below the given
+/// one: the program's folder is only read, and two programs never meet in one collection.
 class HelpLibrary {
  public:
+  explicit HelpLibrary(const QString& cache_folder) : folder_(cache_folder) {}
+
   /// Returns what went wrong; nothing when the pages are at hand. To be called once.
   [[nodiscard]] std::optional<std::string> Load(const QString& help_file);
 
@@ -27,7 +30,7 @@ class HelpLibrary {
   [[nodiscard]] QHelpEngine& Engine() const { return *engine_; }
 
  private:
-  QTemporaryDir folder_;
+  HelpFolder folder_;
   std::unique_ptr<QHelpEngine> engine_;  // its files are in the folder, so it goes first
 };
 

@@ -9,7 +9,8 @@
 
 namespace orvane::help {
 
-HelpViewer::HelpViewer(const std::string& help_file) : help_file_(platform::FromUtf8(help_file)) {}
+HelpViewer::HelpViewer(const std::string& help_file, const std::string& cache_folder)
+    : help_file_(platform::FromUtf8(help_file)), cache_folder_(platform::FromUtf8(cache_folder)) {}
 
 HelpViewer::~HelpViewer() {
   delete window_.data();
@@ -35,7 +36,7 @@ std::optional<std::string> HelpViewer::Open(QWidget& owner, int context) {
 }
 
 std::optional<std::string> HelpViewer::MakeWindow() {
-  auto library = std::make_unique<HelpLibrary>();
+  auto library = std::make_unique<HelpLibrary>(cache_folder_);
   if (std::optional<std::string> failure = library->Load(help_file_)) return failure;
   window_ = new HelpWindow(std::move(library));
   return std::nullopt;

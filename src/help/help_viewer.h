@@ -12,8 +12,9 @@ namespace orvane::help {
 /// Help from a compiled help file, in one window. The file is opened when help is first asked for.
 class HelpViewer : public HelpOpener {
  public:
-  /// The file's path in UTF-8. There is no help where there is no such file.
-  explicit HelpViewer(const std::string& help_file);
+  /// Paths in UTF-8. There is no help where there is no such file. The cache folder is made when
+  /// help is first asked for.
+  HelpViewer(const std::string& help_file, const std::string& cache_folder);
   HelpViewer(const HelpViewer&) = delete;
   HelpViewer& operator=(const HelpViewer&) = delete;
   ~HelpViewer() override;
@@ -28,6 +29,7 @@ class HelpViewer : public HelpOpener {
   [[nodiscard]] std::optional<std::string> MakeWindow();
 
   const QString help_file_;
+  const QString cache_folder_;
   QPointer<HelpWindow> window_;  ///< null before the first request and after its owner has gone
   bool closed_open_ = false;     ///< Close() found the window open
 };

@@ -147,6 +147,7 @@ bool HelpWindow::ShowTopic(int context) {
   const QUrl topic = library_->TopicOf(context);
   if (!topic.isValid()) return false;
   GoTo(topic);
+  browser_->ShowTopic();  // also when it is on show, scrolled away
   return true;
 }
 

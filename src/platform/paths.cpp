@@ -61,6 +61,15 @@ std::string PortLinksFolder() {
   return link::PortsFolder(ToUtf8(ConfigRoot()));
 }
 
+std::string CacheFolder() {
+#ifdef Q_OS_WIN
+  return ToUtf8(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + "/" +
+                ProductFolderName());
+#else
+  return ToUtf8(UserFolder("XDG_CACHE_HOME", ".cache") + "/" + ProductFolderName());
+#endif
+}
+
 std::string ErrorLogPath() {
   const QString program = QCoreApplication::applicationDirPath();
   if (MayWriteErrorLog(program)) return ToUtf8(program + "/err.log");

@@ -16,6 +16,8 @@ namespace orvane::platform {
 [[nodiscard]] std::string SettingsPath();
 /// Links in it pin port numbers to devices.
 [[nodiscard]] std::string PortLinksFolder();
+/// The user's folder for what can be made again. Not created.
+[[nodiscard]] std::string CacheFolder();
 /// err.log in the program's folder when it may be written there, else in the user's state folder.
 [[nodiscard]] std::string ErrorLogPath();
 

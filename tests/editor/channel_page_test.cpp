@@ -195,6 +195,10 @@ class ChannelPageTest : public QObject {
       QCOMPARE(desk.On("chkCScan"), stays);
       QCOMPARE(Channel(desk, key) == before, stays);
       QCOMPARE(desk.host.changes > 0, !stays);
+      const char* why = *key == 'P'   ? "Stays on: the last INTL channel in use."
+                        : *key == 'L' ? "Stays on: the last LMR channel in use."
+                                      : "Stays on: the last EXP channel in use.";
+      QCOMPARE(desk.host.notice, stays ? why : "");
     }
   }
 
@@ -339,6 +343,71 @@ class ChannelPageTest : public QObject {
     QVERIFY(desk.Checked("optCWide_0"));
     for (int press = 0; press < 2; ++press) desk.Press("chkCEnable");
     QVERIFY(desk.Checked("optCWide_0") && !desk.data.EXP[1].Narrow);
+  }
+
+  void OptionsFollowAllArrowKeys() {
+    const std::tuple<Name, Qt::Key, Name> rows[] = {{"optCWide_0", Qt::Key_Down, "optCWide_1"},
+                                                    {"optCWide_0", Qt::Key_Right, "optCWide_1"},
+                                                    {"optCWide_1", Qt::Key_Up, "optCWide_0"},
+                                                    {"optCWide_1", Qt::Key_Left, "optCWide_0"},
+                                                    {"optCWide_0", Qt::Key_Up, "optCWide_0"}};
+    for (const auto& [from, key, to] : rows) {
+      const Row row(from, key);
+      Desk desk(5);
+      desk.data.EXP[7].Narrow = from == std::string_view("optCWide_1");
+      desk.Open("L7");
+      QTest::keyClick(desk.Focused(from), key);
+      QVERIFY(desk[to]->hasFocus() && desk.Checked(to));
+      QCOMPARE(static_cast<bool>(desk.data.EXP[7].Narrow), to == std::string_view("optCWide_1"));
+    }
+  }
+
+  void EscapeBringsTheFrequencyBack() {
+    Desk desk(5, kLmr);
+    const ChannelRecord before = desk.data.EXP[1];
+    for (Name name : {"txtCRF", "txtCTF"}) {
+      const QString shown = desk.Text(name);
+      desk.Type(name, "120");
+      QTest::keyClick(desk[name], Qt::Key_Escape);
+      QCOMPARE(desk.Text(name), shown);
+      QTest::keyClick(desk[name], Qt::Key_Tab);
+      QVERIFY(!desk[name]->hasFocus() && desk.prompts.messages.empty());
+      QVERIFY(desk.data.EXP[1] == before);
+    }
+  }
+
+  void PageCheckLooksAtTheStoredUseAndShowsTheWayOut() {
+    // What is stored decides, not the groups that the box shows.
+    const std::tuple<bool, bool, bool, bool, Name> rows[] = {
+        {false, true, false, true, nullptr},
+        {true, true, false, true, "Rx Frequency is empty. Fill it in, or switch CH Enable off"},
+        {true, true, true, false, "CH Display has fewer than two characters on the left. Fill"},
+        {true, true, false, false, "Rx Frequency is empty and CH Display has"},
+        {true, false, false, true, "Rx Frequency is empty. Switch CH Enable on to fill it in"}};
+    for (const auto& [in_use, in_group, frequency, number, way] : rows) {
+      const Row row(in_use, in_group, frequency, number);
+      Desk desk(5);
+      ChannelRecord& channel = desk.data.EXP[13];
+      channel = {};
+      channel.Enable = in_use;
+      channel.USA_Group = in_group;
+      channel.Rxfreq = frequency ? 156 : 0;
+      channel.CHDisplayL = number ? "13" : "1";
+      desk.Open("E13");
+      QCOMPARE(desk.Checked("chkCEnable"), in_group);
+      QCOMPARE(desk.page->Check(), way == nullptr);
+      if (way == nullptr) continue;
+      QVERIFY(desk.prompts.messages[0].details.find(way) != std::string::npos);
+      for (int press = in_group ? 1 : 0; press < 2; ++press) desk.Press("chkCEnable");
+      QVERIFY(desk.page->Check());
+    }
+    Desk desk(5);
+    for (int n = 2; n <= 40; ++n) desk.data.EXP[n].Enable = false;
+    desk.data.LmrPresent() = true;
+    desk.data.EXP[1].Rxfreq = 0;
+    desk.Open(kLmr);
+    QVERIFY(!desk.page->Check());
+    QVERIFY(desk.prompts.messages[0].details.find("cannot be switched off") != std::string::npos);
   }
 
   void ModelsHideControls() {

@@ -174,12 +174,16 @@ class NavigationTest : public QObject {
         QCOMPARE(desk.Tree().CurrentKey(), key);
         QCoreApplication::processEvents();  // the layout is done
         const QWidget* before = nullptr;
+        QSet<QString> names;
         for (const QWidget* control = desk.window->nextInFocusChain(); control != desk.window.get();
              control = control->nextInFocusChain()) {
           if ((control->focusPolicy() & Qt::TabFocus) == 0 || !control->isVisible()) continue;
           const testing::Row at(control->objectName(), before);
           QVERIFY(!control->objectName().isEmpty() && !control->accessibleName().isEmpty());
           if (!desk.window->findChild<editor::PageArea*>()->isAncestorOf(control)) continue;
+          const QString name = control->accessibleName() + control->accessibleDescription();
+          QVERIFY(!names.contains(name));
+          names.insert(name);
           QVERIFY(before == nullptr || ReadsAfter(*before, *control));
           before = control;
         }
@@ -189,6 +193,22 @@ class NavigationTest : public QObject {
                  qPrintable(keys.join(' ')));
       }
     }
+  }
+
+  void RootsOfOneNameAreToldApart() {
+    WindowDesk desk;
+    core::AppSettings(desk.settings).SetModelType(0);
+    desk.Start();
+    ShowAllGroups(desk);
+    const auto text = [&](const char* key, int role) {
+      return Model(desk).IndexOfKey(key).data(role).toString();
+    };
+    QCOMPARE(text("LMRChannel", Qt::DisplayRole), text("ExpChannel", Qt::DisplayRole));
+    for (const int role : {Qt::ToolTipRole, Qt::AccessibleDescriptionRole}) {
+      QVERIFY(!text("LMRChannel", role).isEmpty() && !text("ExpChannel", role).isEmpty());
+      QVERIFY(text("LMRChannel", role) != text("ExpChannel", role));
+    }
+    QCOMPARE(text("PU", Qt::ToolTipRole), "");
   }
 
   void EnterActsInTheGridOnly() {

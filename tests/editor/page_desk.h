@@ -10,6 +10,7 @@
 #include <memory>
 #include <random>
 
+#include "editor/controls.h"
 #include "editor/page.h"
 #include "image/codec.h"
 #include "image/sample_radio.h"
@@ -26,12 +27,14 @@ class RecordingHost : public editor::PageHost {
   void RebuildTree() override { ++rebuilds; }
   void RefreshMarks() override { ++marks; }
   void ShowHint(const QString& text) override { hint = text; }
+  void ShowNotice(const QString& text) override { notice = text; }
   void SelectNode(const QString& key) override { selected = key; }
 
   int changes = 0;
   int rebuilds = 0;
   int marks = 0;
   QString hint;
+  QString notice;
   QString selected;
 };
 
@@ -89,8 +92,8 @@ struct PageDesk {
   void Press(const char* name) { QTest::keyClick(Focused(name), Qt::Key_Space); }
   /// The user picks an item of a list that is not the current one.
   void Pick(const char* name, int item) {
-    auto* list = static_cast<QComboBox*>(Focused(name));
-    list->setCurrentIndex(item == 0 ? 1 : item - 1);
+    auto* list = static_cast<editor::PickBox*>(Focused(name));
+    list->ShowItem(item == 0 ? 1 : item - 1);
     QTest::keyClick(list, item == 0 ? Qt::Key_Up : Qt::Key_Down);
   }
   /// The user works every control there is.

@@ -7,14 +7,19 @@
 #include <QHelpLink>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QProcess>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QSet>
+#include <QSysInfo>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextDocument>
 #include <functional>
 #include <memory>
+#include <utility>
 
+#include "help/help_folder.h"
 #include "help/help_viewer.h"
 
 namespace orvane::help {
@@ -54,6 +59,11 @@ constexpr const char* kOtherMessages[] = {
     "(not exist)",
 };
 
+QString CacheFolder() {
+  static const QTemporaryDir folder;
+  return folder.path();
+}
+
 /// The texts in the source files that end as messages do, in "!!" or a question mark. Texts that
 /// only a line break parts are one text; line breaks in them are blanks.
 QStringList MessagesInSources() {
@@ -92,7 +102,7 @@ class Pages {
     return !html.isEmpty() && (!place.hasFragment() ||
                                html.contains(QStringLiteral("name=\"%1\"").arg(place.fragment())));
   }
-  HelpLibrary library;
+  HelpLibrary library{CacheFolder()};
   QList<QUrl> urls;
 };
 
@@ -108,7 +118,7 @@ struct OpenViewer {
   }
   [[nodiscard]] QTextBrowser& Page() const { return *Find<QTextBrowser>("txtHelp"); }
   QWidget owner;
-  HelpViewer viewer{kHelpFile};
+  HelpViewer viewer{kHelpFile, CacheFolder().toStdString()};
   std::optional<std::string> failure;
 };
 
@@ -207,6 +217,54 @@ class HelpTest : public QObject {
     QCOMPARE(help.Page().source().fileName(), "index.html");
   }
 
+  void TopicIsMarkedAndAtTheTopHoweverNearTheEnd() {
+    for (const auto& [context, heading] :
+         {std::pair(2502, "Rx Frequency of an extra channel"), {1034, "CH Name"}}) {
+      OpenViewer help;
+      QTextBrowser& page = help.Page();
+      const auto at_top = [&page, heading = QString(heading)] {
+        if (page.extraSelections().size() != 1) return false;
+        QTextCursor mark = page.extraSelections().constFirst().cursor;
+        if (mark.selectedText() != heading) return false;
+        mark.setPosition(mark.selectionStart());
+        const int top = page.cursorRect(mark).top();
+        return top >= 0 && top < 2 * page.cursorRect(mark).height();
+      };
+      QCOMPARE(help.viewer.Open(help.owner, context), std::nullopt);
+      QTRY_VERIFY(at_top());
+      page.window()->resize(640, 400);
+      QTRY_VERIFY(at_top());
+      page.verticalScrollBar()->setValue(0);
+      QCOMPARE(help.viewer.Open(help.owner, context), std::nullopt);  // asked for once more
+      QTRY_VERIFY(at_top());
+    }
+  }
+
+  void FolderOfAKilledProgramIsTakenOver() {
+    const QTemporaryDir root;
+    QProcess dead;
+    dead.start(QCoreApplication::applicationFilePath(), {"-help"});
+    QVERIFY(dead.waitForStarted());
+    const QByteArray number = QByteArray::number(dead.processId());
+    QVERIFY(dead.waitForFinished());
+    QFile lock(root.filePath("help-1.lock"));
+    QVERIFY(lock.open(QIODevice::WriteOnly));
+    lock.write(number + "\nOrvane\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    lock.close();
+    QVERIFY(QDir(root.path()).mkpath("help-1/left"));
+    {
+      const HelpFolder first(root.path());
+      const HelpFolder second(root.path());
+      QCOMPARE(first.Path(), root.filePath("help-1"));
+      QVERIFY(QDir(first.Path()).isEmpty());
+      QCOMPARE(second.Path(), root.filePath("help-2"));
+    }
+    QVERIFY(QDir(root.path()).isEmpty());
+    // Where there is no place for it, a temporary folder.
+    const HelpFolder temporary(QLatin1String(kHelpFile) + "/none");
+    QVERIFY(QFileInfo(temporary.Path()).isDir());
+  }
+
   void ModalOwnerLeavesTheHelpUsableAndTakesItAlong() {
     OpenViewer help;
     {
@@ -233,7 +291,7 @@ class HelpTest : public QObject {
   }
 
   void NumberZeroOpensNothing() {
-    HelpViewer viewer(kHelpFile);
+    HelpViewer viewer(kHelpFile, CacheFolder().toStdString());
     QWidget owner;
     QCOMPARE(viewer.Open(owner, 0), std::nullopt);
     QVERIFY(QApplication::topLevelWidgets() == QWidgetList{&owner});
@@ -241,17 +299,20 @@ class HelpTest : public QObject {
 
   void FailuresAreReported() {
     QWidget owner;
-    QVERIFY(!HelpViewer("").HasHelp());
-    QVERIFY(!HelpViewer("/nowhere/Orvane.qch").HasHelp());
-    QVERIFY(HelpViewer("/nowhere/Orvane.qch").Open(owner, kProgramContext).has_value());
-    HelpViewer viewer(kHelpFile);
+    QVERIFY(!HelpViewer("", "").HasHelp());
+    QVERIFY(!HelpViewer("/nowhere/Orvane.qch", CacheFolder().toStdString()).HasHelp());
+    QVERIFY(HelpViewer("/nowhere/Orvane.qch", CacheFolder().toStdString())
+                .Open(owner, kProgramContext)
+                .has_value());
+    HelpViewer viewer(kHelpFile, CacheFolder().toStdString());
     QVERIFY(viewer.HasHelp());
     QCOMPARE(viewer.Open(owner, 4711), "The help has no topic 4711.");
     const QTemporaryDir folder;
     QFile damaged(folder.filePath("Orvane.qch"));
     QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("no help") > 0);
     damaged.close();
-    const auto failure = HelpViewer(damaged.fileName().toStdString()).Open(owner, kProgramContext);
+    const auto failure = HelpViewer(damaged.fileName().toStdString(), CacheFolder().toStdString())
+                             .Open(owner, kProgramContext);
     QVERIFY(failure.has_value());
     QVERIFY(failure->find("Orvane.qch") != std::string::npos);
   }

@@ -1,0 +1,241 @@
+#include <QAccessible>
+#include <QRadioButton>
+#include <QTableView>
+#include <functional>
+#include <string_view>
+#include <tuple>
+
+#include "command_desk.h"
+#include "editor/channel_page.h"
+#include "editor/common_page.h"
+#include "editor/usable_page.h"
+#include "editor/weather_page.h"
+#include "page_desk.h"
+
+using namespace orvane;
+using testing::PageDesk;
+using testing::Row;
+
+namespace {
+
+QAccessibleInterface& Assistive(QObject& object) {
+  return *QAccessible::queryAccessibleInterface(&object);
+}
+
+void WorkByAction(QWidget& control) {
+  if (auto* list = qobject_cast<QComboBox*>(&control)) {
+    return list->setCurrentIndex(list->currentIndex() == 0 ? 1 : list->currentIndex() - 1);
+  }
+  Assistive(control).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+}
+
+void WorkByKey(QWidget& control) {
+  control.setFocus();
+  const auto* list = qobject_cast<QComboBox*>(&control);
+  const Qt::Key step = list != nullptr && list->currentIndex() == 0 ? Qt::Key_Down : Qt::Key_Up;
+  QTest::keyClick(&control, list == nullptr ? Qt::Key_Space : step);
+}
+
+/// The boxes, option buttons and lists that would change by being worked.
+template <class PageType>
+QStringList Switches(const PageDesk<PageType>& desk) {
+  QStringList names;
+  for (const QWidget* control : desk.page->template findChildren<QWidget*>()) {
+    const auto* button = qobject_cast<const QAbstractButton*>(control);
+    const bool chosen = qobject_cast<const QRadioButton*>(control) && button->isChecked();
+    const bool other = button == nullptr && qobject_cast<const QComboBox*>(control) == nullptr;
+    if (!chosen && !other && control->isVisibleTo(desk.page.get())) names << control->objectName();
+  }
+  return names;
+}
+
+/// Everything that the page shows and allows.
+template <class PageType>
+QStringList Look(const PageDesk<PageType>& desk) {
+  QStringList look;
+  for (const QWidget* control : desk.page->template findChildren<QWidget*>()) {
+    QString state = control->objectName() + (control->isEnabled() ? " on " : " off ");
+    if (const auto* button = qobject_cast<const QAbstractButton*>(control)) {
+      state += button->isChecked() ? "checked" : "";
+    }
+    if (const auto* list = qobject_cast<const QComboBox*>(control)) state += list->currentText();
+    look << state;
+  }
+  return look;
+}
+
+template <class PageType>
+void CompareActionsWithKeys(const char* key, int at_least) {
+  PageDesk<PageType> desk(5, key);
+  desk.data.Common.SCAN = true;  // its times can be set
+  const core::RadioData before = desk.data;
+  desk.Open(key);
+  const QStringList names = Switches(desk);
+  QVERIFY(names.size() >= at_least);
+  for (const QString& name : names) {
+    const Row row(key, name);
+    const auto work = [&](void (*way)(QWidget&)) {
+      desk.data = before;
+      desk.Open(key);
+      QWidget& control = *desk[qPrintable(name)];
+      control.setEnabled(true);
+      way(control);
+    };
+    work(WorkByKey);
+    const core::RadioData expected = desk.data;
+    const QStringList look = Look(desk);
+    const int rebuilds = desk.host.rebuilds;
+    QVERIFY(!testing::SameContents(expected, before) && desk.host.changes > 0);
+    work(WorkByAction);
+    QVERIFY(testing::SameContents(desk.data, expected) && desk.host.changes > 0);
+    QCOMPARE(Look(desk), look);
+    QCOMPARE(desk.host.rebuilds, rebuilds);
+  }
+}
+
+/// What assistive technologies are told while it lives.
+struct Told {
+  struct Event {
+    QAccessible::Event kind;
+    QObject* object;
+  };
+  Told() {
+    QAccessible::setActive(true);
+    events.clear();
+    before = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+      events.append({event->type(), event->object()});
+    });
+  }
+  Told(const Told&) = delete;
+  Told& operator=(const Told&) = delete;
+  ~Told() { QAccessible::installUpdateHandler(before); }
+  [[nodiscard]] static int Count(QAccessible::Event kind, const QObject* object) {
+    return static_cast<int>(std::count_if(events.cbegin(), events.cend(), [&](const Event& event) {
+      return event.kind == kind && event.object == object;
+    }));
+  }
+  QAccessible::UpdateHandler before;
+  static inline QList<Event> events;
+};
+
+}  // namespace
+
+class AssistiveTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void EverySwitchDoesByActionWhatItDoesByKey() {
+    CompareActionsWithKeys<editor::ChannelPage>("PU48", 7);
+    CompareActionsWithKeys<editor::ChannelPage>("L7", 12);
+    CompareActionsWithKeys<editor::ChannelPage>("E9", 15);
+    CompareActionsWithKeys<editor::UsablePage>("Usable", 17);
+    CompareActionsWithKeys<editor::CommonPage>("Common", 6);
+    CompareActionsWithKeys<editor::WeatherPage>("PW", 20);
+  }
+
+  void ItemOnShowCanBeChosenForAValueThatItDoesNotStandFor() {
+    PageDesk<editor::CommonPage> desk(5, "Common");
+    desk.data.Common.Weater = 2;  // shown as "Off"
+    desk.Open("Common");
+    auto* list = desk.Find<QComboBox>("cmbCommonWeater");
+    emit list->activated(list->currentIndex());
+    QCOMPARE(desk.data.Common.Weater, 0);
+    QCOMPARE(desk.host.changes, 1);
+  }
+
+  void TextsAreWrittenWhereTheUserMayWriteOnly() {
+    const std::tuple<const char*, const char*, bool, const char*> rows[] = {
+        {"PU32", "txtCRF", true, "156.800"},
+        {"PU32", "txtCN_0", true, "16"},
+        {"L1", "txtCTag", false, "LMR CH 1"},
+        {"L1", "txtCRF", true, "155.5000"},
+        {"L1", "txtCTag", true, "AB"}};
+    for (const auto& [key, name, enabled, expected] : rows) {
+      const Row row(key, name, enabled);
+      PageDesk<editor::ChannelPage> desk(5);
+      desk.data.EXP[1].ChTag = "LMR CH 1";
+      desk.Open(key);
+      desk[name]->setEnabled(enabled);
+      const bool frequency = name == std::string_view("txtCRF");
+      Assistive(*desk[name]).setText(QAccessible::Value, frequency ? "155.5" : "Ab");
+      if (frequency) desk.Focused(name);
+      QVERIFY(desk.page->Check());
+      QCOMPARE(desk.Text(name), expected);
+      if (*key == 'L') QCOMPARE(desk.data.EXP[1].Rxfreq, frequency ? 155.5 : 151.6);
+    }
+  }
+
+  void StatusBarIsReadAndSpoken() {
+    testing::WindowDesk desk;
+    desk.Start();
+    auto* hint = desk.Find<QLabel>("sbStatusBar_1");
+    auto* notice = desk.Find<QLabel>("sbStatusBar_2");
+    const auto name = [](QObject* object) { return Assistive(*object).text(QAccessible::Name); };
+    QCOMPARE(name(desk.Find<QLabel>("sbStatusBar_3")), desk.Model());
+    const Told told;
+    for (const char* text : {"one", "one", "two"}) desk.window->ShowHint(text);
+    QCOMPARE(name(hint), "two");
+    QCOMPARE(told.Count(QAccessible::Alert, hint), 2);
+    for (int i = 0; i < 2; ++i) desk.window->ShowNotice("no");
+    QCOMPARE(name(notice), "no");
+    QCOMPARE(told.Count(QAccessible::Alert, notice), 2);
+    desk.window->ShowHint("two");
+    QCOMPARE(notice->text(), "");
+  }
+
+  void ChoosingATableInTheTreeLeavesTheReaderThere() {
+    testing::WindowDesk desk;
+    desk.Start();
+    desk.window->SelectNode("PU");
+    auto* grid = desk.Find<QTableView>("MSFlexGrid1");
+    const Told told;
+    desk.window->SelectNode("PI");
+    QCOMPARE(told.Count(QAccessible::Focus, grid), 0);
+    grid->setFocus();
+    QTest::keyClick(grid, Qt::Key_Down);
+    QVERIFY(told.Count(QAccessible::Focus, grid) > 0);
+  }
+
+  void ProgramLeavesTheFocusWhereItWas() {
+    testing::CommandDesk desk;
+    desk.Start();
+    desk.window->SelectNode("PU48");
+    for (const char* name : {"chkCScan", "txtCTag"}) {
+      desk.Find<QWidget>(name)->setFocus();
+      desk.InWindowOf("mnuTransferProgram", [](QDialog&) {});
+      QTRY_COMPARE(QApplication::focusWidget(), desk.Find<QWidget>(name));
+    }
+  }
+
+  void BorderOfTreeAndPageIsMovedByKeyAndByValue() {
+    testing::WindowDesk desk;
+    desk.Start();
+    desk.window->resize(1000, 600);
+    desk.Tree().setFocus();
+    const int width = desk.Tree().width();
+    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    press(Qt::Key_F8);
+    QWidget* border = QApplication::focusWidget();
+    QCOMPARE(border->objectName(), "imgSplitterBorder");
+    press(Qt::Key_Right);
+    QCOMPARE(desk.Tree().width(), width + 16);
+    QAccessibleValueInterface& value = *Assistive(*border).valueInterface();
+    QCOMPARE(value.currentValue().toInt(), desk.Tree().width());
+    press(Qt::Key_Home);
+    QCOMPARE(desk.Tree().width(), 166);
+    QCOMPARE(value.minimumValue().toInt(), 166);
+    value.setCurrentValue(400);
+    QCOMPARE(desk.Tree().width(), 400);
+    press(Qt::Key_End);
+    QCOMPARE(value.currentValue(), value.maximumValue());
+    QVERIFY(desk.Tree().width() > 800);
+    press(Qt::Key_Escape);
+    QCOMPARE(desk.Tree().width(), width);
+    QVERIFY(desk.Tree().hasFocus());
+    for (int i = 0; i < 2; ++i) press(Qt::Key_F8);
+    QVERIFY(desk.Tree().hasFocus());
+  }
+};
+
+QTEST_MAIN(AssistiveTest)
+#include "assistive_test.moc"
