@@ -98,12 +98,19 @@ Facts FrequencyFacts(std::string_view typed, std::string_view field, const Model
           {"raster", ours.raster_25khz ? ", in steps of 25 kHz such as 156.025" : ""}};
 }
 
-Facts MissingFacts(bool no_frequency, bool short_display) {
+Facts MissingFacts(bool no_frequency, bool short_display, WayOut way) {
   std::string missing;
   if (no_frequency) missing = "it has no Rx Frequency";
   if (no_frequency && short_display) missing += ", and ";
   if (short_display) missing += "CH Display has fewer than 2 characters on the left";
-  return {{"missing", missing}};
+  Facts facts = {{"missing", missing}};
+  if (way == WayOut::kSwitchOnAndOff) {
+    facts.push_back({"way", "Switch CH Enable on for that; on and off again leads out as well."});
+  }
+  if (way == WayOut::kNone) {
+    facts.push_back({"way", "The last channel in use cannot be switched off."});
+  }
+  return facts;
 }
 
 Facts FileFacts(std::string_view path, const SystemError& error) {

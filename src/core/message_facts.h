@@ -44,8 +44,14 @@ struct DestinationBits {
 [[nodiscard]] Facts FrequencyFacts(std::string_view typed, std::string_view field,
                                    const ModelProfile& ours);
 
+/// How else than by filling it in an incomplete channel can be left.
+enum class WayOut {
+  kSwitchOff,
+  kSwitchOnAndOff,  ///< the box shows its groups, of which it has none
+  kNone             ///< it is the last channel in use
+};
 /// Of kIncompleteChannel: what a channel in use does not have.
-[[nodiscard]] Facts MissingFacts(bool no_frequency, bool short_display);
+[[nodiscard]] Facts MissingFacts(bool no_frequency, bool short_display, WayOut way);
 
 /// Of the messages about files: which one, and the system's words.
 [[nodiscard]] Facts FileFacts(std::string_view path, const SystemError& error);

@@ -165,8 +165,8 @@ constexpr std::array kRows = {
                .where = "on leaving an extra channel",
                .meaning = "The channel is in use, but {missing|it has no Rx Frequency, or CH "
                           "Display has fewer than 2 characters on the left}.",
-               .remedy = "Fill that in. Or switch CH Enable off: a channel that is not in use may "
-                         "be left as it is."},
+               .remedy = "Fill that in. {way|Or switch CH Enable off: a channel that is not in "
+                         "use may be left as it is.}"},
     MessageRow{.id = kChangeModel,
                .group = kEditing,
                .text = {"Do yo want to program the {series|KT520} series?"},

@@ -1,5 +1,6 @@
 #include "editor/channel_page.h"
 
+#include "core/message_facts.h"
 #include "core/model_profile.h"
 #include "core/rendering.h"
 #include "editor/tool_tips.h"
@@ -25,17 +26,9 @@ void ChannelPage::ModelChanged() {
   scrambler_caption_->setVisible(profile.shows_scrambler);
 }
 
-std::string ChannelPage::WayOut(bool has_frequency, bool has_number) const {
-  std::string text = "The channel is in use, but ";
-  if (!has_frequency) text += "Rx Frequency is empty";
-  if (!has_frequency && !has_number) text += " and ";
-  if (!has_number) text += "CH Display has fewer than two characters on the left";
-  text += ". ";
-  if (IsLastEnabled()) return text + "Fill it in: the last channel in use cannot be switched off.";
-  if (!enable_->isChecked()) {
-    return text + "Switch CH Enable on to fill it in; on and off again to leave it unused.";
-  }
-  return text + "Fill it in, or switch CH Enable off to leave it unused.";
+core::WayOut ChannelPage::WayOut() const {
+  if (IsLastEnabled()) return core::WayOut::kNone;
+  return enable_->isChecked() ? core::WayOut::kSwitchOff : core::WayOut::kSwitchOnAndOff;
 }
 
 core::ChannelRecord& ChannelPage::Channel() const {
@@ -66,10 +59,9 @@ bool ChannelPage::CheckCompleteness() {
   const bool has_frequency = !frequencies_[kReceive].box->text().contains(QLatin1String("---"));
   const bool has_number = display_left_->text().size() >= display_left_->Rule().min_length;
   if (has_frequency && has_number) return true;
-  (void)Services().prompts.Show({.title = Data().ProgramTitle,
-                                 .text = "Data Error!!\r\nPlease input correct data.",
-                                 .icon = core::Icon::kExclamation,
-                                 .details = WayOut(has_frequency, has_number)});
+  (void)Services().prompts.Show(
+      core::MakeMessage(core::MessageId::kIncompleteChannel, Data().ProgramTitle,
+                        core::MissingFacts(!has_frequency, !has_number, WayOut())));
   return false;
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/channel_plan.h"
+#include "core/message_facts.h"
 #include "editor/controls.h"
 #include "editor/frequency_box.h"
 #include "editor/page.h"
@@ -108,8 +109,8 @@ class ChannelPage : public Page {
   void ApplyNarrowbandRule();
   void TellWrongFrequency(const FrequencyBox& box);
   [[nodiscard]] bool CheckCompleteness();
-  /// What an incomplete channel lacks, and how the page can be left.
-  [[nodiscard]] std::string WayOut(bool has_frequency, bool has_number) const;
+  /// How the page can be left while the channel is incomplete.
+  [[nodiscard]] core::WayOut WayOut() const;
 
   ControlMaker* maker_;
   NodeRef node_{NodeKind::kMarineChannel};

@@ -174,32 +174,35 @@ void ChannelPage::BuildSwitchColumn(QVBoxLayout& column) {
 QWidget* ChannelPage::BuildTones() {
   tone_frame_ = new QGroupBox(body_);
   auto* grid = new QGridLayout(tone_frame_);
-  grid->addWidget(new QLabel(tr("CTCSS"), tone_frame_), 0, 1);
-  grid->addWidget(new QLabel(tr("DCS"), tone_frame_), 0, 2);
   const std::array<QString, 2> captions = {tr("TX Tone"), tr("RX Tone")};
   for (const Direction direction : {kTransmit, kReceive}) {
     const int member = static_cast<int>(direction);
-    const QString caption = captions[direction];
-    PickBox* ctcss =
-        maker_->List(MemberName("cmbCTCSS", member), caption + QLatin1Char(' ') + tr("CTCSS"), {});
+    grid->addWidget(new QLabel(captions[direction], tone_frame_), member, 0);
+    int column = 1;
+    // A screen reader takes the name of a list from the caption beside it.
+    const auto add = [&, heading = captions[direction]](const char* array, const QString& caption) {
+      const QString name = heading + QLatin1Char(' ') + caption;
+      PickBox* list = maker_->List(MemberName(array, member), name, {});
+      QLabel* label = maker_->Caption(caption, list);
+      label->setAccessibleName(name);
+      grid->addWidget(label, member, column++, Qt::AlignRight);
+      grid->addWidget(list, member, column++);
+      return list;
+    };
+    PickBox* ctcss = add("cmbCTCSS", tr("CTCSS"));
     for (const std::string_view text : core::CtcssList()) {
       AddTone(*ctcss, platform::FromAnsi(text));
     }
-    PickBox* dcs =
-        maker_->List(MemberName("cmbDCS", member), caption + QLatin1Char(' ') + tr("DCS"), {});
+    PickBox* dcs = add("cmbDCS", tr("DCS"));
     for (const std::string_view text : core::DcsList()) AddTone(*dcs, platform::FromAnsi(text));
     for (int code = core::kLastDcs + 1; code <= 2 * core::kLastDcs; ++code) {
       AddTone(*dcs, platform::FromAnsi(core::DcsText(code)));
     }
     tones_[direction] = {ctcss, dcs};
-    const int line = member + 1;
-    grid->addWidget(maker_->Caption(caption, ctcss), line, 0);
-    grid->addWidget(ctcss, line, 1);
-    grid->addWidget(dcs, line, 2);
   }
   complement_ = maker_->Check(QStringLiteral("chkComp"), tr("COMP"));
-  grid->addWidget(complement_, 2, 3);
-  grid->setColumnStretch(4, 1);
+  grid->addWidget(complement_, 1, 5);
+  grid->setColumnStretch(6, 1);
   return tone_frame_;
 }
 

@@ -38,6 +38,7 @@ void LiveLabel::Tell(const QString& text) {
 }
 
 void LiveLabel::Announce() {
+  emit Announced();
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
   QAccessibleAnnouncementEvent event(this, text());
   QAccessible::updateAccessibility(&event);

@@ -17,6 +17,10 @@ class LiveLabel : public CutLabel {
   void Tell(const QString& text);
   /// Has the text on show spoken.
   void Announce();
+
+ signals:
+  /// The text on show was handed over to be spoken.
+  void Announced();
 };
 
 }  // namespace orvane::editor

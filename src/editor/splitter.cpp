@@ -19,7 +19,6 @@ class Splitter::Border : public QSplitterHandle {
  public:
   explicit Border(Splitter& splitter)
       : QSplitterHandle(Qt::Horizontal, &splitter), splitter_(splitter) {
-    setObjectName(QStringLiteral("imgSplitterBorder"));
     setAccessibleName(Splitter::tr("Border of navigation and page"));
   }
 

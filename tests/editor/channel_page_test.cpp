@@ -380,10 +380,10 @@ class ChannelPageTest : public QObject {
     // What is stored decides, not the groups that the box shows.
     const std::tuple<bool, bool, bool, bool, Name> rows[] = {
         {false, true, false, true, nullptr},
-        {true, true, false, true, "Rx Frequency is empty. Fill it in, or switch CH Enable off"},
-        {true, true, true, false, "CH Display has fewer than two characters on the left. Fill"},
-        {true, true, false, false, "Rx Frequency is empty and CH Display has"},
-        {true, false, false, true, "Rx Frequency is empty. Switch CH Enable on to fill it in"}};
+        {true, true, false, true, "no Rx Frequency.\r\nFill that in. Or switch CH Enable off"},
+        {true, true, true, false, "in use, but CH Display has fewer than 2 characters"},
+        {true, true, false, false, "no Rx Frequency, and CH Display has"},
+        {true, false, false, true, "Fill that in. Switch CH Enable on for that; on and off"}};
     for (const auto& [in_use, in_group, frequency, number, way] : rows) {
       const Row row(in_use, in_group, frequency, number);
       Desk desk(5);
