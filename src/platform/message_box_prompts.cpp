@@ -126,6 +126,10 @@ core::Answer MessageBoxPrompts::Show(const core::Message& message) {
   box.setInformativeText(Lines(message.details));
   box.setIcon(IconOf(message.icon));
   box.setStandardButtons(ButtonsOf(message.buttons));
+  // The one button without Enter or Escape that Qt gives no access key.
+  if (QAbstractButton* const retry = box.button(QMessageBox::Retry)) {
+    retry->setText(QMessageBox::tr("&Retry"));
+  }
   box.setDefaultButton(ButtonOf(message.default_answer.value_or(FirstAnswer(message.buttons))));
   FitTitle(box);
   const std::optional<core::Answer> answer = AnswerOf(box.exec());

@@ -49,6 +49,10 @@ TEST(MessageBoxPrompts, EnterPressesTheDefaultButtonAndClosingCancels) {
   EXPECT_EQ(ShowAnd(message, [](QMessageBox& box) { box.defaultButton()->click(); }),
             core::Answer::kCancel);
   EXPECT_EQ(ShowAnd(message, [](QMessageBox& box) { box.close(); }), core::Answer::kCancel);
+  ShowAnd(message, [](QMessageBox& box) {
+    EXPECT_EQ(box.button(QMessageBox::Retry)->shortcut(), QKeySequence("Alt+R"));
+    box.close();
+  });
 }
 
 TEST(MessageBoxPrompts, ShowsTheTextAsWrittenAndTheReasonBelow) {
