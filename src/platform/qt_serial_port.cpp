@@ -96,13 +96,16 @@ std::optional<core::SystemError> QtSerialPort::Write(std::span<const std::uint8_
   return failure_;
 }
 
+// Qt writes a line of its own to standard error when a line is set on a port it could not keep.
 void QtSerialPort::SetDtr(bool on) {
+  if (failure_ || !port_.isOpen()) return;
   const bool counted = std::exchange(errors_count_, false);
   port_.setDataTerminalReady(on);
   errors_count_ = counted;
 }
 
 void QtSerialPort::SetRts(bool on) {
+  if (failure_ || !port_.isOpen()) return;
   const bool counted = std::exchange(errors_count_, false);
   port_.setRequestToSend(on);
   errors_count_ = counted;
