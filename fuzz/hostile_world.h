@@ -59,6 +59,7 @@ class Silence : public core::ErrorLog, public link::TransferView {
   void Monitor(std::string_view /*text*/) override {}
   void ShowProgress(int /*percent*/) override {}
   void BlockDone(int /*address*/, std::size_t /*so_far*/, std::size_t /*total*/) override {}
+  void NothingComesBack() override {}
 };
 
 /// Agrees to everything for a while, then gives up.

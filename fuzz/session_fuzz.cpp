@@ -121,13 +121,15 @@ void Transfer(std::span<const std::uint8_t> bytes) {
   Silence silence;
   Impatient prompts;
   link::TransferSession session(data, {port, clock, clock, silence, silence}, prompts);
-  const auto end = session.Run(read ? link::SessionKind::kRead : link::SessionKind::kProgram);
+  const link::Ending ending =
+      session.Run(read ? link::SessionKind::kRead : link::SessionKind::kProgram).ending;
+  const bool done = ending == link::Ending::kDone;
 
   Require(!port.IsOpen() && !data.Flags.Busy);
-  Require(session.TransferDone() == prompts.completed);
-  Require((end == link::TransferSession::End::kStay) == static_cast<bool>(data.Flags.Error));
-  Require(session.TransferDone() || data.Flags.Error || data.Flags.Cancel);
-  if (read && !session.TransferDone()) {
+  Require(done == prompts.completed);
+  Require(ending != link::Ending::kFailed || data.Flags.Error);
+  Require(done || data.Flags.Error || data.Flags.Cancel);
+  if (read && !done) {
     Require(testing::SameContents(data, before));
     Require(data.Flags.DataChanged == before.Flags.DataChanged);
   }

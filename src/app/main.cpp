@@ -11,6 +11,7 @@
 #include "platform/ansi_text.h"
 #include "platform/file_dialogs.h"
 #include "platform/file_error_log.h"
+#include "platform/interrupts.h"
 #include "platform/message_box_prompts.h"
 #include "platform/paths.h"
 #include "platform/qt_clock.h"
@@ -54,6 +55,7 @@ int main(int argc, char** argv) {
   platform::QtPortFinder ports(platform::PortLinksFolder());
   platform::QtFileDialogs dialogs;
 
+  platform::DesktopInterrupts interrupts;
   platform::QtReportPrinter printer;
   orvane::help::HelpViewer help(platform::DataFolder() + "/Orvane.qch", platform::CacheFolder());
 
@@ -73,7 +75,8 @@ int main(int argc, char** argv) {
     return std::make_unique<platform::QtSerialPort>(platform::DeviceOfPort(ports, number));
   };
   orvane::editor::WindowCommands commands(
-      services, {.make_port = make_port, .printer = printer, .help = &help});
+      services,
+      {.make_port = make_port, .printer = printer, .help = &help, .interrupts = &interrupts});
   services.commands = &commands;
 
   orvane::editor::MainWindow window(services);

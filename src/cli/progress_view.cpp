@@ -3,10 +3,26 @@
 #include <cmath>
 #include <iomanip>
 #include <sstream>
+#include <utility>
 
 #include "core/number_text.h"
+#include "link/transfer_outcome.h"
 
 namespace orvane::cli {
+
+ProgressView::ProgressView(StatusLine& err, TerminalPrompts& prompts, const core::Clock& clock,
+                           bool terminal, link::PortLabel port)
+    : err_(err), prompts_(prompts), clock_(clock), terminal_(terminal), port_(std::move(port)) {
+  if (terminal_) err_.Update("connecting on " + port_.Text() + "...");
+}
+
+void ProgressView::NothingComesBack() {
+  if (!terminal_) return;
+  err_.Lines() << link::SilenceText(port_,
+                                    "press Ctrl-C and name another port with --port; "
+                                    "\"orvane-cli ports\" lists them.")
+               << std::endl;
+}
 
 void ProgressView::Monitor(std::string_view text) {
   if (!text.empty()) err_.Lines() << text << std::endl;

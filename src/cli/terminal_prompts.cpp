@@ -71,7 +71,6 @@ std::optional<Answer> AnswerTyped(std::string_view typed, const std::vector<Answ
 }  // namespace
 
 Answer TerminalPrompts::Show(const core::Message& message) {
-  ++shown_count_;
   err_.Lines() << TerminalText(message.title) << ": " << TerminalText(message.text) << '\n';
   if (!message.details.empty()) err_.Lines() << TerminalText(message.details) << '\n';
   err_.Lines() << std::flush;

@@ -23,9 +23,6 @@ class TerminalPrompts : public core::Prompts {
       : in_(in), err_(err), manner_(std::move(manner)) {}
 
   core::Answer Show(const core::Message& message) override;
-  /// Messages shown so far.
-  [[nodiscard]] int ShownCount() const { return shown_count_; }
-
   /// The work goes on. A question that --yes answers again and again without any progress in
   /// between is answered No or Cancel in the end, so that a radio that refuses for ever ends a run.
   void NoteProgress() { automatic_answers_ = 0; }
@@ -38,7 +35,6 @@ class TerminalPrompts : public core::Prompts {
   StatusLine& err_;
   Manner manner_;
   int automatic_answers_ = 0;
-  int shown_count_ = 0;
 };
 
 }  // namespace orvane::cli

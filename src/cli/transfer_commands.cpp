@@ -4,29 +4,12 @@
 #include "cli/commands.h"
 #include "cli/progress_view.h"
 #include "core/app_settings.h"
+#include "core/messages.h"
 #include "link/transfer_session.h"
 #include "platform/qt_port_finder.h"
 
 namespace orvane::cli {
 namespace {
-
-// Ctrl-C is the transfer dialog's Cancel button while this lives.
-class CancelByInterrupt {
- public:
-  CancelByInterrupt(platform::Interrupts& interrupts, core::RadioData& data, bool& cancelled)
-      : interrupts_(interrupts) {
-    interrupts_.Start([&data, &cancelled] {
-      data.Flags.Cancel = true;
-      cancelled = true;
-    });
-  }
-  CancelByInterrupt(const CancelByInterrupt&) = delete;
-  CancelByInterrupt& operator=(const CancelByInterrupt&) = delete;
-  ~CancelByInterrupt() { interrupts_.Stop(); }
-
- private:
-  platform::Interrupts& interrupts_;
-};
 
 std::string DeviceToOpen(const PortChoice& choice, link::PortFinder& finder) {
   if (const int* const number = std::get_if<int>(&choice)) {
@@ -35,33 +18,47 @@ std::string DeviceToOpen(const PortChoice& choice, link::PortFinder& finder) {
   return std::get<std::string>(choice);
 }
 
-// A cancelled session shows no message of its own.
-void TellCancelled(Workplace& place, link::SessionKind kind, bool partly_written) {
-  core::Message message{std::string(link::ModeTitle(kind)), "cancelled"};
-  if (partly_written) message.details = link::kPartlyWrittenNote;
+link::PortLabel LabelOf(const PortChoice& choice, link::PortFinder& finder) {
+  if (const int* const number = std::get_if<int>(&choice)) {
+    return link::LabelOfPort(finder, *number);
+  }
+  return {std::get<std::string>(choice), {}};
+}
+
+// What a message of the session has said already, the block apart, is not said again.
+void TellEnding(Workplace& place, link::SessionKind kind, const link::TransferOutcome& outcome,
+                const link::PortLabel& port) {
+  const bool cancelled = outcome.ending == link::Ending::kCancelled;
+  if (!cancelled && outcome.said && !outcome.block) return;
+  if (!cancelled && !outcome.said) {
+    place.prompts.Show(core::MakeMessage(core::MessageId::kRadioSilent, link::ModeTitle(kind),
+                                         {{"port", port.Text()}}));
+    return;
+  }
+  core::Message message{std::string(link::ModeTitle(kind)), link::EndingText(outcome, port)};
+  if (cancelled && outcome.partly_written) message.details = link::kPartlyWrittenNote;
   place.prompts.Show(message);
 }
 
 bool Transfer(Workplace& place, core::RadioData& data, link::SessionKind kind) {
+  const PortChoice& choice = place.options.port;
+  const link::PortLabel label = LabelOf(choice, place.services.ports);
   const std::unique_ptr<link::SerialPort> port =
-      place.services.make_port(DeviceToOpen(place.options.port, place.services.ports));
-  ProgressView view(place.err, place.prompts, place.services.clock, place.services.terminals.err);
+      place.services.make_port(DeviceToOpen(choice, place.services.ports));
+  ProgressView view(place.err, place.prompts, place.services.clock, place.services.terminals.err,
+                    label);
   link::TransferSession session(
-      data, {*port, place.services.clock, place.services.pump, place.log, view}, place.prompts);
-  bool cancelled = false;
-  const int shown_before = place.prompts.ShownCount();
+      data, {*port, place.services.clock, place.services.pump, place.log, view, label},
+      place.prompts);
+  link::TransferOutcome outcome;
   {
-    const CancelByInterrupt cancel(place.services.interrupts, data, cancelled);
-    static_cast<void>(session.Run(kind));
+    const platform::WhileInterruptible cancel(place.services.interrupts,
+                                              [&data] { data.Flags.Cancel = true; });
+    outcome = session.Run(kind);
   }
   place.err.Finish();
-  if (session.TransferDone()) return true;
-  if (cancelled) {
-    TellCancelled(place, kind, session.PartlyWritten());
-  } else if (place.prompts.ShownCount() == shown_before) {
-    // A radio that cannot be synchronised: the window's dialog stays open and shows nothing.
-    place.prompts.Show({std::string(link::ModeTitle(kind)), "the radio does not answer"});
-  }
+  if (outcome.ending == link::Ending::kDone) return true;
+  if (outcome.ending != link::Ending::kDeclined) TellEnding(place, kind, outcome, label);
   return false;
 }
 

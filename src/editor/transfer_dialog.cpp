@@ -51,17 +51,20 @@ TransferDialog::TransferDialog(const TransferServices& services, link::SessionKi
   progress_ = new ProgressBox(this);
   layout()->addWidget(progress_);
   state_ = AddLabel("lblState", "State of the transfer");
+  state_->setWordWrap(true);
   note_ = AddLabel("lblNote", "Warning");
   note_->setText(platform::FromUtf8(link::kPartlyWrittenNote));
   note_->setWordWrap(true);
   QFont bold = note_->font();
   bold.setBold(true);
   note_->setFont(bold);
-  note_->hide();
+  note_->setVisible(services_.radio_partly_written);
   monitor_ = AddLabel("lblmon", "Monitor");
   monitor_->setVisible(data_.Flags.Debug);
   all->addStretch();
   AddButtons();
+  port_ = services_.port_label();
+  ShowState(tr("Port: %1").arg(platform::FromUtf8(port_.Text())));
   resize(sizeHint().expandedTo(kFirstSize));
 
   if (data_.Flags.Debug) {
@@ -131,8 +134,8 @@ void TransferDialog::Monitor(std::string_view text) {
 }
 
 void TransferDialog::BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) {
-  QString text = QStringLiteral("Block ") +
-                 platform::FromUtf8(core::HexText(static_cast<unsigned>(address), kAddressDigits));
+  QString text = platform::FromUtf8(port_.name + "     Block " +
+                                    core::HexText(static_cast<unsigned>(address), kAddressDigits));
   if (const auto figures = pace_.BlockDone(bytes_so_far, bytes_total, services_.clock.Now())) {
     text += FiguresText(*figures);
   }
@@ -143,9 +146,14 @@ void TransferDialog::ShowState(const QString& text) {
   state_->setText(text);
 }
 
-void TransferDialog::ShowPartlyWritten(bool partly_written) {
-  note_->setVisible(partly_written);
-  if (!partly_written) return;
+void TransferDialog::NothingComesBack() {
+  ShowState(platform::FromUtf8(
+      link::SilenceText(port_, "press Cancel and choose another port under Options, SerialPort.")));
+}
+
+void TransferDialog::ShowNote() {
+  note_->setVisible(services_.radio_partly_written);
+  if (!services_.radio_partly_written) return;
   QAccessibleEvent alert(note_, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }
@@ -164,24 +172,34 @@ void TransferDialog::SetRunning(bool running) {
 
 void TransferDialog::Run() {
   SetRunning(true);
-  ShowPartlyWritten(false);
-  const QString connecting = tr("Connecting...");
-  ShowState(connecting);
+  port_ = services_.port_label();
+  ShowState(tr("Connecting on %1...").arg(platform::FromUtf8(port_.Text())));
   pace_ = {};
-  cancel_pressed_ = false;
   const std::unique_ptr<link::SerialPort> port = services_.make_port();
   link::TransferSession session(
-      data_, {*port, services_.clock, services_.pump, services_.log, *this}, services_.prompts);
-  const link::TransferSession::End end = session.Run(kind_);
-  transfer_done_ = session.TransferDone();
+      data_, {*port, services_.clock, services_.pump, services_.log, *this, port_},
+      services_.prompts);
+  if (services_.interrupts == nullptr) {
+    outcome_ = session.Run(kind_);
+  } else {
+    const platform::WhileInterruptible cancel(*services_.interrupts, [this] { reject(); });
+    outcome_ = session.Run(kind_);
+  }
   SetRunning(false);
-  if (end == link::TransferSession::End::kClose) {
+  TakeOutcome();
+}
+
+void TransferDialog::TakeOutcome() {
+  // A radio that was read is no better than before.
+  if (TransferDone() && kind_ == link::SessionKind::kProgram)
+    services_.radio_partly_written = false;
+  if (outcome_.partly_written) services_.radio_partly_written = true;
+  if (!data_.Flags.Error) {
     accept();
     return;
   }
-  if (state_->text() == connecting) ShowState({});
-  if (cancel_pressed_) ShowState(tr("Cancelled"));
-  ShowPartlyWritten(session.PartlyWritten());
+  ShowState(platform::FromUtf8(link::EndingText(outcome_, port_)));
+  ShowNote();
 }
 
 void TransferDialog::reject() {
@@ -190,7 +208,6 @@ void TransferDialog::reject() {
     return;
   }
   data_.Flags.Cancel = true;
-  cancel_pressed_ = true;
   ShowState(tr("Cancelling..."));
 }
 

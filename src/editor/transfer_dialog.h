@@ -12,9 +12,11 @@
 #include "editor/progress_box.h"
 #include "help/help_opener.h"
 #include "link/monitor.h"
+#include "link/port_list.h"
 #include "link/serial_port.h"
 #include "link/transfer_pace.h"
 #include "link/transfer_session.h"
+#include "platform/interrupts.h"
 
 namespace orvane::editor {
 
@@ -27,12 +29,17 @@ struct TransferServices {
   core::ErrorLog& log;
   /// Called for each run, so that a cable plugged in between is found.
   std::function<std::unique_ptr<link::SerialPort>()> make_port;
-  help::HelpOpener* help;  ///< null: the program has no help
+  std::function<link::PortLabel()> port_label;  ///< likewise
+  platform::Interrupts* interrupts;             ///< null: nothing but Cancel ends a run
+  help::HelpOpener* help;                       ///< null: the program has no help
+  /// A program run has ended before its time, and none has completed since.
+  bool& radio_partly_written;
 };
 
 /// `frmRadio_102`: tells how to put the radio into clone mode and runs a transfer when the user
 /// presses OK. It closes after a run that did its job or was declined, stays after any other, and
-/// cannot be closed while one runs; Cancel then ends the run at its next wait.
+/// cannot be closed while one runs; Cancel, or an interrupt, then ends the run at its next wait.
+/// That the radio is partly written is shown until it has been programmed.
 class TransferDialog : public QDialog, private link::TransferView {
   Q_OBJECT
 
@@ -40,7 +47,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   TransferDialog(const TransferServices& services, link::SessionKind kind, QWidget* parent);
 
   /// The last run completed its job.
-  [[nodiscard]] bool TransferDone() const { return transfer_done_; }
+  [[nodiscard]] bool TransferDone() const { return outcome_.ending == link::Ending::kDone; }
 
   /// Cancel, and the Escape key.
   void reject() override;
@@ -53,23 +60,25 @@ class TransferDialog : public QDialog, private link::TransferView {
   void Monitor(std::string_view text) override;
   void ShowProgress(int percent) override { progress_->ShowPercent(percent); }
   void BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) override;
+  void NothingComesBack() override;
 
   QLabel* AddLabel(const char* name, const char* accessible_name);
   void AddPictures();
   void AddButtons();
   void ShowState(const QString& text);
-  void ShowPartlyWritten(bool partly_written);
+  void ShowNote();
   void SetRunning(bool running);
 
   void Run();
+  void TakeOutcome();
   void OpenHelp();
 
   const TransferServices services_;
   core::RadioData& data_;
   const link::SessionKind kind_;
   link::TransferPace pace_;
-  bool cancel_pressed_ = false;  ///< during the last run
-  bool transfer_done_ = false;
+  link::PortLabel port_;
+  link::TransferOutcome outcome_;  ///< of the last run
 
   Picture* handheld_;
   Picture* arrow_;

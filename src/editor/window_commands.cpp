@@ -22,15 +22,22 @@ WindowCommands::WindowCommands(const WindowServices& services, const Devices& de
     : services_(services), devices_(devices), data_(services.data) {}
 
 bool WindowCommands::Transfer(CommandHost& host, link::SessionKind kind) {
-  TransferDialog dialog({.data = data_,
-                         .prompts = services_.prompts,
-                         .clock = services_.clock,
-                         .pump = services_.pump,
-                         .log = services_.log,
-                         .make_port = [&] { return devices_.make_port(host.PortNumber()); },
-                         .help = devices_.help},
-                        kind, &host.Widget());
+  TransferDialog dialog(
+      {.data = data_,
+       .prompts = services_.prompts,
+       .clock = services_.clock,
+       .pump = services_.pump,
+       .log = services_.log,
+       .make_port = [&] { return devices_.make_port(host.PortNumber()); },
+       .port_label = [&] { return link::LabelOfPort(services_.ports, host.PortNumber()); },
+       .interrupts = devices_.interrupts,
+       .help = devices_.help,
+       .radio_partly_written = radio_partly_written_},
+      kind, &host.Widget());
   dialog.exec();
+  // A message box and the dialog under it go at one stroke; some window managers then leave no
+  // window active.
+  host.Widget().activateWindow();
   return dialog.TransferDone();
 }
 

@@ -8,6 +8,7 @@
 #include "help/help_opener.h"
 #include "link/serial_port.h"
 #include "link/transfer_session.h"
+#include "platform/interrupts.h"
 #include "platform/report_printer.h"
 
 namespace orvane::editor {
@@ -19,7 +20,8 @@ class WindowCommands : public Commands {
     /// Called for each run of a transfer with the port number chosen then.
     std::function<std::unique_ptr<link::SerialPort>(int port_number)> make_port;
     platform::ReportPrinter& printer;
-    help::HelpOpener* help;  ///< null: the program has no help
+    help::HelpOpener* help;              ///< null: the program has no help
+    platform::Interrupts* interrupts{};  ///< null: a transfer ends by itself or by Cancel only
   };
   WindowCommands(const WindowServices& services, const Devices& devices);
 
@@ -44,6 +46,7 @@ class WindowCommands : public Commands {
   const WindowServices services_;
   const Devices devices_;
   core::RadioData& data_;
+  bool radio_partly_written_ = false;
 };
 
 }  // namespace orvane::editor

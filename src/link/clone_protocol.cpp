@@ -65,7 +65,7 @@ void CloneProtocol::Tell(MessageId id, const core::Facts& facts) {
 }
 
 bool CloneProtocol::PortFailed() {
-  Tell(MessageId::kPortFailed, {{"reason", link_.OpenFailure().description}});
+  Tell(MessageId::kPortFailed, link_.PortFacts({{"reason", link_.OpenFailure().description}}));
   return false;
 }
 
@@ -93,7 +93,7 @@ bool CloneProtocol::Handshake() {
   }
   if (!link_.CancelRequested()) {
     link_.Monitor("sync failed!!");
-    Tell(MessageId::kNoAnswer);
+    Tell(MessageId::kNoAnswer, link_.PortFacts());
   }
   link_.PortClose();
   return false;
@@ -310,6 +310,8 @@ CloneProtocol::Status CloneProtocol::ReadStatusReply() {
 }
 
 void CloneProtocol::AbortTransfer() {
+  // Cancel may have fallen into an answer; a radio that sends does not listen.
+  link_.AwaitSilence();
   link_.SendByte(kCancelByte);
   // The answer is waited for so that the radio has let go of the line; without one nothing is lost.
   static_cast<void>(link_.WaitByte(kAcknowledgeByte, kAbortSeconds));

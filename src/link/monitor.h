@@ -13,8 +13,11 @@ class TransferView {
   virtual void Monitor(std::string_view text) = 0;
   /// Percent 0..100 of the way, and the block under way where there is one.
   virtual void ShowProgress(int percent) = 0;
-  /// Called after each block: its address and how many image bytes have travelled so far.
+  /// Called after each block: its address and how many bytes have travelled on the wire so far, of
+  /// how many.
   virtual void BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) = 0;
+  /// An echo is due and for seconds not one byte has come. What comes later is shown as usual.
+  virtual void NothingComesBack() = 0;
 };
 
 }  // namespace orvane::link

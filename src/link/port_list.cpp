@@ -89,6 +89,17 @@ std::int16_t CComList::FindPortIndex(std::int16_t number) const {
   return -1;
 }
 
+std::string PortLabel::Text() const {
+  return description.empty() ? name : name + " " + description;
+}
+
+PortLabel LabelOfPort(PortFinder& finder, int number) {
+  CComList ports(finder);
+  ports.Create();
+  const int index = ports.FindPortIndex(static_cast<std::int16_t>(number));
+  return {PortName(number), std::string(core::Trim(ports.PortItem(index).description))};
+}
+
 std::vector<FoundPort> NumberDevices(const std::vector<FoundPort>& devices,
                                      const std::vector<PinnedPort>& pins) {
   std::array<bool, kLastPortNumber + 1> taken{};

@@ -50,6 +50,17 @@ class CComList {
   std::int16_t count_ = 0;
 };
 
+/// A port as the user knows it.
+struct PortLabel {
+  std::string name;         ///< "COM" and a number, or the device that was asked for
+  std::string description;  ///< "" when the system does not list the port
+
+  /// Name, blank, description.
+  [[nodiscard]] std::string Text() const;
+};
+/// The number need not be among the ports of the system.
+[[nodiscard]] PortLabel LabelOfPort(PortFinder& finder, int number);
+
 /// A number that the user has given to a device.
 struct PinnedPort {
   int number = 0;

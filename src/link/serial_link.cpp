@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::string_view kLineSettings = "9600,N,8,1";
 constexpr double kEchoSeconds = 100;
+// An echo comes at once or never: long before the wait for it ends, the user may know.
+constexpr double kSilenceShownAfter = 3;
 constexpr double kCrLfSeconds = 1;
 constexpr double kPauseBeforeSending = 0.010;
 constexpr double kMonitorPause = 0.500;
@@ -20,6 +22,10 @@ constexpr std::size_t kFixedLineLength = 8;
 // How long received bytes may keep a wait from letting the user interface work. Short enough for
 // Cancel to feel immediate, long enough not to run an event loop for every byte.
 constexpr double kYieldInterval = 0.020;
+
+// A radio sends a reply without gaps; adapters hand it on in parts. The longest reply lasts 60 ms.
+constexpr double kSilence = 0.100;
+constexpr double kLongestRest = 1;
 
 std::vector<std::uint8_t> BytesOf(std::string_view text, std::string_view terminator = {}) {
   std::vector<std::uint8_t> bytes(text.begin(), text.end());
@@ -114,16 +120,26 @@ void SerialLink::Yield(double deadline) {
 // Cancelling and the deadline are looked at after each byte and come before the byte's own verdict:
 // what completes a wait too late, or together with Cancel, does not count.
 template <class OnByte>
-WaitStatus SerialLink::Wait(double seconds, OnByte on_byte) {
-  const double deadline = services_.clock.Now() + seconds;
+WaitStatus SerialLink::Wait(double seconds, OnByte on_byte, Silence silence) {
+  const double start = services_.clock.Now();
+  const double deadline = start + seconds;
+  double wake =
+      silence == Silence::kShown ? std::min(start + kSilenceShownAfter, deadline) : deadline;
+  bool silent = true;
   std::optional<WaitStatus> verdict;
   while (!verdict) {
-    Yield(deadline);
+    Yield(wake);
     if (const std::optional<std::uint8_t> byte = services_.port.ReadByte()) {
+      silent = false;
       verdict = on_byte(*byte);
     }
     if (data_.Flags.Cancel) return WaitStatus::kCancelled;
-    if (services_.clock.Now() > deadline) return WaitStatus::kTimedOut;
+    const double now = services_.clock.Now();
+    if (now > deadline) return WaitStatus::kTimedOut;
+    if (now > wake) {
+      wake = deadline;
+      if (silent) services_.view.NothingComesBack();
+    }
   }
   return *verdict;
 }
@@ -137,7 +153,9 @@ void SerialLink::EchoWait(std::span<const std::uint8_t> sent) {
     if (++matched < sent.size()) return std::nullopt;
     return WaitStatus::kArrived;
   };
-  if (sent.empty() || Wait(kEchoSeconds, match) == WaitStatus::kArrived) data_.Flags.Error = false;
+  if (sent.empty() || Wait(kEchoSeconds, match, Silence::kShown) == WaitStatus::kArrived) {
+    data_.Flags.Error = false;
+  }
 }
 
 WaitStatus SerialLink::WaitByte(std::uint8_t expected, double seconds) {
@@ -190,6 +208,18 @@ bool SerialLink::WaitCrLf() {
          WaitByte(kLf, kCrLfSeconds) == WaitStatus::kArrived;
 }
 
+void SerialLink::AwaitSilence() {
+  const double end = services_.clock.Now() + kLongestRest;
+  double silent_until = services_.clock.Now() + kSilence;
+  while (services_.clock.Now() < std::min(silent_until, end)) {
+    services_.clock.Pause(kYieldInterval);
+    services_.pump.ProcessEvents();
+    if (services_.port.Waiting() == 0) continue;
+    FlushInput();
+    silent_until = services_.clock.Now() + kSilence;
+  }
+}
+
 void SerialLink::Rest(double seconds) {
   const double end = services_.clock.Now() + seconds;
   while (!data_.Flags.Cancel && services_.clock.Now() < end) {
@@ -202,6 +232,12 @@ void SerialLink::Monitor(std::string_view text) {
   if (!data_.Flags.Debug) return;
   services_.view.Monitor(text);
   services_.clock.Pause(kMonitorPause);
+}
+
+core::Facts SerialLink::PortFacts(core::Facts facts) const {
+  const std::string port = services_.port_label.Text();
+  if (!port.empty()) facts.push_back({"port", port});
+  return facts;
 }
 
 void SerialLink::WriteErrLog(std::string_view routine, const core::SystemError& error) {

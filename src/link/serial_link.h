@@ -7,9 +7,11 @@
 #include <string>
 #include <string_view>
 
+#include "core/messages.h"
 #include "core/radio_data.h"
 #include "core/services.h"
 #include "link/monitor.h"
+#include "link/port_list.h"
 #include "link/serial_port.h"
 
 namespace orvane::link {
@@ -35,6 +37,7 @@ struct LinkServices {
   core::EventPump& pump;
   core::ErrorLog& log;
   TransferView& view;
+  PortLabel port_label{};  ///< for messages
 };
 
 /// The serial device itself failed (unplugged, I/O error): no wait can succeed any more.
@@ -80,10 +83,14 @@ class SerialLink {
   [[nodiscard]] ReceivedText ReadLineBinary(double seconds);
   [[nodiscard]] bool WaitCrLf();
 
+  /// Drops what still arrives until the line has been silent for a moment, cancelled or not.
+  void AwaitSilence();
   /// Waits without reading. Events are processed meanwhile; cancelling ends it.
   void Rest(double seconds);
 
   void Monitor(std::string_view text);  ///< debug mode: shows the text, then pauses 500 ms
+  /// The facts of a message about the port or a radio that does not answer, and the port's name.
+  [[nodiscard]] core::Facts PortFacts(core::Facts facts = {}) const;
   void WriteErrLog(std::string_view routine, const core::SystemError& error);  ///< debug mode
 
   /// Clears the cancel flag for an exchange that begins, but remembers that it was set: a press
@@ -100,8 +107,9 @@ class SerialLink {
   bool Reopen(std::string_view routine);
   bool OpenPort(std::string_view routine);
   void Yield(double deadline);
+  enum class Silence { kUsual, kShown };
   template <class OnByte>
-  WaitStatus Wait(double seconds, OnByte on_byte);
+  WaitStatus Wait(double seconds, OnByte on_byte, Silence silence = Silence::kUsual);
 
   core::RadioData& data_;
   LinkServices services_;

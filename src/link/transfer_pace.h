@@ -14,7 +14,7 @@ class TransferPace {
     double bytes_per_second;
     double seconds_left;
   };
-  /// To be called after each block, with image bytes and a clock's seconds; nothing until two
+  /// To be called after each block, with bytes on the wire and a clock's seconds; nothing until two
   /// blocks are done.
   [[nodiscard]] std::optional<Figures> BlockDone(std::size_t bytes_so_far, std::size_t bytes_total,
                                                  double now);

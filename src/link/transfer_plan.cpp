@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <initializer_list>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "core/number_text.h"
 #include "image/layout_channels.h"
+#include "link/clone_frame.h"
 
 namespace orvane::link {
 namespace {
@@ -59,6 +62,13 @@ constexpr WriteRule kWriteTable[] = {
     {12432, core::MemoryImage::kSize - 1, Unit::kNothing},
 };
 
+constexpr std::size_t kOkLineBytes = kCommandOk.size() + 2;
+
+std::size_t FrameBytes(std::string_view command, int length, int data_bytes) {
+  const std::string data(2 * static_cast<std::size_t>(data_bytes), '0');
+  return BuildFrame(command, AddressField(0), LengthField(length), data).size();
+}
+
 WriteRule RuleFor(int block_address) {
   const auto* rule =
       std::find_if(std::begin(kWriteTable), std::end(kWriteTable), [&](const WriteRule& candidate) {
@@ -78,10 +88,19 @@ bool IsBlockRead(int block_address) {
   return block_address < kUnreadFirst || block_address >= kUnreadEnd;
 }
 
+std::size_t WireBytesOfRead(int length) {
+  return FrameBytes(kCommandRead, length, 0) + kOkLineBytes +
+         FrameBytes(kCommandData, length, length) + kOkLineBytes;
+}
+
+std::size_t WireBytesOfWrite(int length) {
+  return FrameBytes(kCommandWrite, length, length) + kOkLineBytes;
+}
+
 std::size_t BytesToRead(std::int32_t last_index) {
   std::size_t bytes = 0;
   for (int address = kFirstBlock; address <= last_index; address += kBlockSize) {
-    if (IsBlockRead(address)) bytes += kBlockSize;
+    if (IsBlockRead(address)) bytes += WireBytesOfRead(kBlockSize);
   }
   return bytes;
 }
@@ -101,7 +120,7 @@ std::size_t BytesToWrite(const core::RadioData& data) {
   std::size_t bytes = 0;
   for (int address = kFirstBlock; address <= data.Image.LastIndex(); address += kBlockSize) {
     for (const Piece& piece : PiecesToWrite(address, data)) {
-      bytes += static_cast<std::size_t>(piece.length);
+      bytes += WireBytesOfWrite(piece.length);
     }
   }
   return bytes;

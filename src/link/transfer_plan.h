@@ -23,13 +23,17 @@ struct Piece {
 
 /// Whether the block at that address is read from a radio.
 [[nodiscard]] bool IsBlockRead(int block_address);
-/// Image bytes that a whole read transfers.
+/// Bytes on the wire, command to answer, that it takes to read or write that many bytes of memory.
+/// Short pieces cost more than their length tells: 1 byte 30, 16 bytes 60.
+[[nodiscard]] std::size_t WireBytesOfRead(int length);
+[[nodiscard]] std::size_t WireBytesOfWrite(int length);
+/// Bytes on the wire of the blocks of a whole read.
 [[nodiscard]] std::size_t BytesToRead(std::int32_t last_index);
 
 /// What is written of the block at that address: nothing, the block, or chosen single bytes of it.
 /// The channel regions of groups that are not available are left out.
 [[nodiscard]] std::vector<Piece> PiecesToWrite(int block_address, const core::RadioData& data);
-/// Image bytes that a whole program run writes.
+/// Bytes on the wire of everything that a whole program run writes.
 [[nodiscard]] std::size_t BytesToWrite(const core::RadioData& data);
 
 /// How far a run has come at an address, in percent.

@@ -48,16 +48,23 @@ TransferSession::TransferSession(core::RadioData& data, LinkServices services,
                                  core::Prompts& prompts)
     : data_(data), services_(services), prompts_(prompts), link_(data, services) {}
 
-TransferSession::End TransferSession::Run(SessionKind kind) {
+core::Answer TransferSession::NotedPrompts::Show(const core::Message& message) {
+  told = told || message.buttons == core::Buttons::kOk;
+  return prompts_.Show(message);
+}
+
+TransferOutcome TransferSession::Run(SessionKind kind) {
   kind_ = kind;
   routine_ = "frmRadio102.Connect";
+  block_.reset();
+  prompts_.told = false;
   writing_begun_ = false;
   transfer_done_ = false;
   data_.Flags.Busy = true;
-  End end = End::kStay;
+  TransferOutcome outcome;
   try {
     CloneProtocol protocol(link_, prompts_, std::string(ModeTitle(kind)));
-    end = RunSession(kind, protocol);
+    outcome.ending = RunSession(kind, protocol);
   } catch (const LinkFailure& failure) {
     ReportUnexpected(failure.Error());
   } catch (const std::exception& failure) {
@@ -66,25 +73,34 @@ TransferSession::End TransferSession::Run(SessionKind kind) {
   link_.PortClose();
   services_.view.ShowProgress(0);
   data_.Flags.Busy = false;
-  return end;
+  if (transfer_done_) outcome.ending = Ending::kDone;
+  outcome.partly_written = writing_begun_ && !transfer_done_;
+  outcome.said = prompts_.told;
+  outcome.block = block_;
+  return outcome;
+}
+
+Ending TransferSession::EndingWithoutTransfer() const {
+  if (link_.CancelRequested()) return Ending::kCancelled;
+  return data_.Flags.Error ? Ending::kFailed : Ending::kDeclined;
 }
 
 void TransferSession::ReportUnexpected(const core::SystemError& error) {
   link_.WriteErrLog(routine_, error);
-  prompts_.Show(
-      core::MakeMessage(MessageId::kUnexpectedFailure, data_.ProductName,
-                        {{"failure", std::to_string(error.number) + "\r\r" + error.description},
-                         {"note", std::string(writing_begun_ ? kPartlyWrittenNote : "")}}));
+  prompts_.Show(core::MakeMessage(
+      MessageId::kUnexpectedFailure, data_.ProductName,
+      link_.PortFacts({{"failure", std::to_string(error.number) + "\r\r" + error.description},
+                       {"note", std::string(writing_begun_ ? kPartlyWrittenNote : "")}})));
   data_.Flags.Error = true;
   data_.Flags.Cancel = true;
 }
 
-TransferSession::End TransferSession::RunSession(SessionKind kind, CloneProtocol& protocol) {
+Ending TransferSession::RunSession(SessionKind kind, CloneProtocol& protocol) {
   link_.Monitor("startsync...");
   if (!protocol.Connect()) {
     link_.Monitor("can not syncing!!");
     data_.Flags.Error = true;
-    return End::kStay;
+    return EndingWithoutTransfer();
   }
   link_.Monitor("sync ok");
   switch (kind) {
@@ -94,7 +110,7 @@ TransferSession::End TransferSession::RunSession(SessionKind kind, CloneProtocol
     case SessionKind::kProgram: {
       const core::Date today = services_.clock.Today();
       if (!core::NarrowbandCheck(data_, core::NarrowbandDirection::kDownload, today, prompts_)) {
-        return End::kClose;
+        return Ending::kDeclined;
       }
       image::EncodeAll(data_, today);
       image::ConsistencyPass(data_);
@@ -105,7 +121,7 @@ TransferSession::End TransferSession::RunSession(SessionKind kind, CloneProtocol
       static_cast<void>(RadioIsReady(protocol));
       break;
   }
-  return data_.Flags.Error ? End::kStay : End::kClose;
+  return EndingWithoutTransfer();
 }
 
 bool TransferSession::RadioIsReady(CloneProtocol& protocol) {
@@ -162,7 +178,8 @@ void TransferSession::Refuse(MessageId id, std::string_view title, const core::F
 bool TransferSession::OpenForBlocks(std::string_view routine) {
   routine_ = routine;
   if (link_.PortOpen()) return true;
-  Refuse(MessageId::kPortFailed, ModeTitle(kind_), {{"reason", link_.OpenFailure().description}});
+  Refuse(MessageId::kPortFailed, ModeTitle(kind_),
+         link_.PortFacts({{"reason", link_.OpenFailure().description}}));
   return false;
 }
 
@@ -213,8 +230,9 @@ void TransferSession::ReadData(CloneProtocol& protocol, core::MemoryImage& buffe
   for (int address = kFirstBlock; address <= last && !HasStopped(); address += kBlockSize) {
     services_.view.ShowProgress(PercentAt(address, last));
     if (!IsBlockRead(address)) continue;
+    if (!link_.CancelRequested()) block_ = address;
     if (!protocol.ReadBlock(buffer.All(), address, kBlockSize)) break;
-    bytes_done_ += kBlockSize;
+    bytes_done_ += WireBytesOfRead(kBlockSize);
     services_.view.BlockDone(address, bytes_done_, bytes_total_);
   }
   const bool cancelled = Cancelled();
@@ -267,11 +285,12 @@ void TransferSession::WriteData(CloneProtocol& protocol) {
 // A byte that fails does not stop the row, but the next one's success must not hide it.
 void TransferSession::WriteRow(CloneProtocol& protocol, int block_address) {
   const std::vector<Piece> pieces = PiecesToWrite(block_address, data_);
+  if (!pieces.empty() && !link_.CancelRequested()) block_ = block_address;
   bool failed = false;
   for (const Piece& piece : pieces) {
     if (!link_.CancelRequested()) writing_begun_ = true;
     if (protocol.WriteBlock(piece.address, piece.length)) {
-      bytes_done_ += static_cast<std::size_t>(piece.length);
+      bytes_done_ += WireBytesOfWrite(piece.length);
     } else {
       failed = true;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 #include "core/memory_image.h"
@@ -9,6 +10,7 @@
 #include "core/services.h"
 #include "link/clone_protocol.h"
 #include "link/serial_link.h"
+#include "link/transfer_outcome.h"
 
 namespace orvane::link {
 
@@ -16,9 +18,6 @@ enum class SessionKind { kRead = 0, kProgram = 1, kClear = 2 };
 
 /// Caption of the transfer dialog and title of the protocol's messages.
 [[nodiscard]] std::string_view ModeTitle(SessionKind kind);
-
-/// What to tell the user whose program run did not end in "Complete!!".
-inline constexpr std::string_view kPartlyWrittenNote = core::kPartlyWrittenText;
 
 /// One press of OK in the transfer dialog: connect, check that the radio is ready and is the
 /// data's model, product and destination, then read, program or clear.
@@ -29,22 +28,26 @@ class TransferSession {
  public:
   TransferSession(core::RadioData& data, LinkServices services, core::Prompts& prompts);
 
-  enum class End {
-    kStay,  ///< failed: the dialog stays open and OK may be pressed again
-    kClose  ///< done, declined, or a read cancelled in good order: the dialog closes
-  };
   /// Runs the session to its end. Never throws. Busy flag set meanwhile; the port is closed
-  /// afterwards.
-  End Run(SessionKind kind);
-
-  /// The last Run completed its job.
-  [[nodiscard]] bool TransferDone() const { return transfer_done_; }
-  /// The last Run began to write to the radio and did not complete. After a cancelled run, which
-  /// shows no message, the caller shows kPartlyWrittenNote.
-  [[nodiscard]] bool PartlyWritten() const { return writing_begun_ && !transfer_done_; }
+  /// afterwards. With the error flag set, the dialog stays open and OK may be pressed again. After
+  /// a cancelled program run, which shows no message, the caller shows kPartlyWrittenNote.
+  TransferOutcome Run(SessionKind kind);
 
  private:
-  End RunSession(SessionKind kind, CloneProtocol& protocol);
+  /// Knows whether the user has been told anything.
+  class NotedPrompts : public core::Prompts {
+   public:
+    explicit NotedPrompts(core::Prompts& prompts) : prompts_(prompts) {}
+    core::Answer Show(const core::Message& message) override;
+
+    bool told = false;  ///< a statement; a question is none
+
+   private:
+    core::Prompts& prompts_;
+  };
+
+  Ending RunSession(SessionKind kind, CloneProtocol& protocol);
+  [[nodiscard]] Ending EndingWithoutTransfer() const;
   /// Tells the user of a failure that no exchange accounts for.
   void ReportUnexpected(const core::SystemError& error);
   void ReadFromRadio(CloneProtocol& protocol);
@@ -65,12 +68,13 @@ class TransferSession {
 
   core::RadioData& data_;
   LinkServices services_;
-  core::Prompts& prompts_;
+  NotedPrompts prompts_;
   SerialLink link_;
   SessionKind kind_ = SessionKind::kRead;
   std::string_view routine_;  ///< the step under way, as the error log names it
   std::size_t bytes_done_ = 0;
   std::size_t bytes_total_ = 0;
+  std::optional<int> block_;  ///< address of the block under way
   bool writing_begun_ = false;
   bool transfer_done_ = false;
 };

@@ -1,5 +1,6 @@
 #include "platform/interrupts.h"
 
+#include <QGuiApplication>
 #include <QtGlobal>
 
 #ifdef Q_OS_UNIX
@@ -79,3 +80,21 @@ void SignalInterrupts::TakeSignal() {}
 }  // namespace orvane::platform
 
 #endif
+
+namespace orvane::platform {
+
+void DesktopInterrupts::Start(std::function<void()> on_interrupt) {
+  session_end_ = std::make_unique<QObject>();
+  // Answered at once: the session manager waits for it.
+  QObject::connect(
+      qGuiApp, &QGuiApplication::commitDataRequest, session_end_.get(),
+      [on_interrupt](QSessionManager& /*manager*/) { on_interrupt(); }, Qt::DirectConnection);
+  signals_.Start(std::move(on_interrupt));
+}
+
+void DesktopInterrupts::Stop() {
+  signals_.Stop();
+  session_end_.reset();
+}
+
+}  // namespace orvane::platform

@@ -87,7 +87,7 @@ TEST_F(TransferCommands, CtrlCDuringAReadSendsCancelAndWritesNothing) {
     }
   });
   EXPECT_EQ(Run(read_), kFailed);
-  EXPECT_EQ(err_, "Read from Radio: cancelled\n");
+  EXPECT_EQ(err_, "Read from Radio: Cancelled at block 0130\n");
   EXPECT_EQ(Count(ExchangeKind::kCancel), 1);
   EXPECT_FALSE(files.files.contains("got.hex"));
   EXPECT_FALSE(interrupts.press) << "afterwards Ctrl-C ends the program as usual";
@@ -116,12 +116,36 @@ TEST_F(TransferCommands, ARadioThatRefusesForEverEndsTheRunEvenWithYes) {
 TEST_F(TransferCommands, ARadioThatCannotBeSynchronisedIsToldOf) {
   Fault("missing-reply@sync:2");
   EXPECT_EQ(Run(read_), kFailed);
-  EXPECT_EQ(err_, "Read from Radio: the radio does not answer\n");
+  EXPECT_TRUE(
+      err_.starts_with("Read from Radio: The radio does not answer on COM16 Simulated radio\n"))
+      << err_;
+}
+
+TEST_F(TransferCommands, AFailureTellsThePortOrTheBlockItCameAt) {
+  for (const auto& [fault, told] :
+       {std::pair("missing-reply@handshake",
+                  "The radio did not answer on COM16 Simulated radio in three tries"),
+        {"garbled-reply@read:9", "\nRead from Radio: Failed at block 0080\n"}}) {
+    Fault(fault);
+    EXPECT_EQ(Run(read_), kFailed);
+    EXPECT_TRUE(ErrHas(told)) << err_;
+  }
+}
+
+TEST_F(TransferCommands, ASilentLineIsShownWithTheWayToAnotherPort) {
+  services.terminals.err = true;
+  bench.radio.SetFaults(link::FaultPlan({*link::ParseFault("missing-echo@handshake:1").fault,
+                                         *link::ParseFault("missing-reply@handshake:1").fault}));
+  EXPECT_EQ(Run(read_), kDone);
+  EXPECT_TRUE(
+      ErrHas("\nNothing comes back on COM16 Simulated radio. Check the cable, or press "
+             "Ctrl-C and name another port with --port; \"orvane-cli ports\" lists them.\n"));
 }
 
 TEST_F(TransferCommands, ProgressShowsOnATerminalOnly) {
   services.terminals.err = true;
   ASSERT_EQ(Run(read_), kDone);
+  EXPECT_TRUE(err_.starts_with("\rconnecting on COM16 Simulated radio...")) << err_;
   EXPECT_TRUE(ErrHas("\r 83 %  block 34F0  ")) << err_;
   EXPECT_TRUE(ErrHas(" bytes/s  0:0"));
   EXPECT_TRUE(ErrHas("\nRead from Radio: Complete!!\n")) << "messages start on a line of their own";

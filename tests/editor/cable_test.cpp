@@ -81,6 +81,8 @@ class CableTest : public QObject {
                            "The port no longer answers. Check that the cable is plugged in."});
       const std::string& details = desk.prompts.messages[0].details;
       QCOMPARE(details.find(link::kPartlyWrittenNote) == std::string::npos, reading);
+      QVERIFY(details.starts_with("COM1 failed"));
+      QVERIFY(dialog.findChild<QLabel*>("lblState")->text().startsWith("Failed "));
       QCOMPARE(dialog.findChild<QLabel*>("lblNote")->isVisible(), !reading);
       ok->click();  // the cable still is unplugged
       QVERIFY(dialog.isVisible());

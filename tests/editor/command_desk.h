@@ -47,6 +47,7 @@ struct CommandDesk : WindowDesk {
   explicit CommandDesk(core::FileStore* other_files = nullptr) : WindowDesk(other_files) {
     used_commands = &real_commands;
     pump.on_wait = [this](double deadline) {
+      if (waiting) waiting();
       return plugged == nullptr ? std::nullopt : plugged->NextWake(deadline);
     };
     radio.SetObserver([this](const link::Exchange& exchange) {
@@ -66,6 +67,7 @@ struct CommandDesk : WindowDesk {
       link::RadioMemory(core::ProfileOf(sample), std::as_const(sample.Image).Used())};
   std::vector<link::Exchange> asked;
   std::function<void(const link::Exchange&)> on_exchange;
+  std::function<void()> waiting;  ///< called each time that a transfer waits
   std::vector<int> opened_ports;
   ScriptedPrinter printer;
   RecordingHelp help;

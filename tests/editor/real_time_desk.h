@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "command_desk.h"
+#include "platform/interrupts.h"
 #include "platform/qt_clock.h"
 #include "platform/qt_event_pump.h"
 
@@ -23,13 +24,15 @@ struct RealTimeDesk : WindowDesk {
                         .make_port = [this, make_port = std::move(make_port)](
                                          int /*number*/) { return make_port(real_clock); },
                         .printer = printer,
-                        .help = nullptr});
+                        .help = nullptr,
+                        .interrupts = &interrupts});
     used_commands = real_commands.get();
   }
 
   platform::QtClock real_clock;
   platform::QtEventPump real_pump{real_clock};
   ScriptedPrinter printer;
+  platform::DesktopInterrupts interrupts;
   std::unique_ptr<editor::WindowCommands> real_commands;
 };
 

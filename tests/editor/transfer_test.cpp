@@ -1,5 +1,7 @@
 #include <QLabel>
 #include <QRegularExpression>
+#include <csignal>
+#include <string_view>
 
 #include "files/text_report.h"
 #include "link/transfer_session.h"
@@ -44,6 +46,7 @@ class TransferTest : public QObject {
  private slots:
   void DialogTellsHowToStartAndWhatItDoes() {
     CommandDesk desk;
+    desk.ports.Add(1, "Adapter");
     desk.Start();
     for (const auto& [item, caption] :
          {std::pair(kRead, "Read from Radio"), std::pair(kProgram, "Program to Radio")}) {
@@ -60,7 +63,8 @@ class TransferTest : public QObject {
         const auto* computer = Child<QWidget>("pictB");
         QVERIFY(radio->isVisible() && computer->isVisible());
         QCOMPARE(radio->x() < computer->x(), reading);
-        QVERIFY(!Child<QLabel>("lblmon")->isVisible());
+        QVERIFY(!Child<QLabel>("lblmon")->isVisible() && !Child<QLabel>("lblNote")->isVisible());
+        QCOMPARE(Child<QLabel>("lblState")->text(), "Port: COM1 Adapter");
         QCOMPARE(Child<QLabel>("lblPercent")->geometry().right(), -1);
         Child<QPushButton>("cmdHelp")->click();
         desk.help.has_help = false;
@@ -118,7 +122,7 @@ class TransferTest : public QObject {
       QCOMPARE(bar.left(), width * 39 / 100 - width);  // block 400: address 64 + 399 * 16
       QCOMPARE(Child<QLabel>("lblPercent")->text(), "39 %");
       const QString state = Child<QLabel>("lblState")->text();
-      QVERIFY2(QRegularExpression("^Block 1920 +1\\d\\d bytes/s +0:\\d\\d left$")
+      QVERIFY2(QRegularExpression("^COM1 +Block 1920 +[78]\\d\\d bytes/s +0:\\d\\d left$")
                    .match(state)
                    .hasMatch(),
                qPrintable(state));
@@ -169,14 +173,27 @@ class TransferTest : public QObject {
       const auto* note = Child<QLabel>("lblNote");
       QVERIFY(note->isVisible());
       QCOMPARE(note->text(), platform::FromUtf8(link::kPartlyWrittenNote));
-      QCOMPARE(Child<QLabel>("lblState")->text(), "Cancelled");
+      QCOMPARE(Child<QLabel>("lblState")->text(), "Cancelled at block 0310");
       QVERIFY(Child<QPushButton>("cmdOK")->isEnabled());
 
+      // A run that never gets as far as writing does not take the warning away.
       desk.on_exchange = nullptr;
+      desk.radio.SetFaults(Everywhere(link::FaultKind::kMissingReply));
       Child<QPushButton>("cmdOK")->click();
-      QVERIFY(!dialog.isVisible() && !note->isVisible());
+      QVERIFY(dialog.isVisible() && note->isVisible());
     });
-    QCOMPARE(desk.Messages(), QStringList{"Complete!!"});
+    QCOMPARE(desk.Messages(), QStringList{"Communication Error!!"});
+    // Nor does closing the dialog, or reading.
+    desk.radio.SetFaults({});
+    for (const char* const item : {kRead, kProgram}) {
+      desk.InWindowOf(item, [&](QDialog& dialog) {
+        QVERIFY(Child<QLabel>("lblNote")->isVisible());
+        Child<QPushButton>("cmdOK")->click();
+        QVERIFY(!dialog.isVisible());
+      });
+      if (item == std::string_view(kRead)) Channel16(desk.data).ChTag = "AGAIN";
+    }
+    desk.InWindowOf(kProgram, [](QDialog&) { QVERIFY(!Child<QLabel>("lblNote")->isVisible()); });
     desk.TriggerAndWait("mnuFileNew");
     QVERIFY(desk.Transfer(kRead));
     QCOMPARE(Channel16(desk.data).ChTag, "AGAIN");
@@ -195,7 +212,11 @@ class TransferTest : public QObject {
       QVERIFY(dialog.isVisible());
       QCOMPARE(desk.Messages(), QStringList{"Communication Error!!"});
       QCOMPARE(monitor->text(), "can not syncing!!");
-      QVERIFY(Child<QLabel>("lblState")->text().isEmpty());
+      QCOMPARE(Child<QLabel>("lblState")->text(), "Failed before the first block");
+      desk.radio.SetFaults(link::FaultPlan({*link::ParseFault("missing-reply@sync:2").fault}));
+      Child<QPushButton>("cmdOK")->click();
+      QCOMPARE(Child<QLabel>("lblState")->text(), "The radio does not answer on COM1");
+      QCOMPARE(desk.Messages().size(), 1);
       desk.radio.SetFaults({});
       Child<QPushButton>("cmdOK")->click();
       QVERIFY(!dialog.isVisible());
@@ -204,20 +225,44 @@ class TransferTest : public QObject {
   }
 
   // With the program's own clock and event loop: the echo wait under way would last 100 seconds.
-  void CancelIsHeardInTheMiddleOfAWait() {
-    testing::RealTimeRadioDesk desk;
+  void CancelAndTheSystemsRequestToEndAreHeardInTheMiddleOfAWait() {
+    for (const bool by_signal : {false, true}) {
+      const testing::Row row(by_signal);
+      testing::RealTimeRadioDesk desk;
+      desk.Start();
+      desk.radio.SetFaults(Everywhere(link::FaultKind::kMissingEcho));
+      double cancelled_at = 0;
+      QTimer::singleShot(300, desk.window.get(), [&] {
+        cancelled_at = desk.real_clock.Now();
+        if (by_signal) std::raise(SIGTERM);
+        if (!by_signal) Child<QPushButton>("cmdCancel")->click();
+      });
+      desk.InWindowOf(kRead, [](QDialog&) {
+        Child<QPushButton>("cmdOK")->click();
+        QCOMPARE(Child<QLabel>("lblState")->text(), "Cancelled before the first block");
+      });
+      const double lasted = desk.real_clock.Now() - cancelled_at;
+      // The dialog lets half a second pass at the end.
+      QVERIFY2(cancelled_at > 0 && lasted < 1, qPrintable(QString::number(lasted)));
+      QVERIFY(desk.prompts.messages.empty() && !desk.data.Flags.Busy);
+    }
+  }
+
+  void ALineWithoutEchoIsNamedAfterThreeSeconds() {
+    CommandDesk desk;
     desk.Start();
     desk.radio.SetFaults(Everywhere(link::FaultKind::kMissingEcho));
-    double cancelled_at = 0;
-    QTimer::singleShot(300, desk.window.get(), [&] {
-      cancelled_at = desk.real_clock.Now();
+    desk.waiting = [&] {
+      const QString state = Child<QLabel>("lblState")->text();
+      if (!state.startsWith("Nothing comes back")) return;
+      QCOMPARE(state,
+               "Nothing comes back on COM1. Check the cable, or press Cancel and choose "
+               "another port under Options, SerialPort.");
       Child<QPushButton>("cmdCancel")->click();
-    });
+    };
+    const double start = desk.clock.now;
     desk.Transfer(kRead);
-    const double lasted = desk.real_clock.Now() - cancelled_at;
-    // The dialog lets half a second pass at the end.
-    QVERIFY2(cancelled_at > 0 && lasted < 1, qPrintable(QString::number(lasted)));
-    QVERIFY(desk.prompts.messages.empty() && !desk.data.Flags.Busy);
+    QVERIFY(desk.clock.now - start > 3 && desk.clock.now - start < 4);
   }
 };
 

@@ -257,16 +257,19 @@ TEST(Connect, ACancelAtAnyTimeEndsItWithoutAMessage) {
   }
 }
 
-TEST(AbortTransfer, SendsCanAndWaitsTenSecondsForTheAnswer) {
+TEST(AbortTransfer, SendsCanOnceTheLineHasRunDryAndWaitsTenSecondsForTheAnswer) {
   for (const bool answered : {true, false}) {
+    SCOPED_TRACE(answered);
     Bench bench;
-    bench.port.Deliver("rest of a reply", 0);
+    bench.data.Flags.Cancel = true;
+    for (const double delay : {0.0, 0.05, 0.13}) bench.port.Deliver("rest of a reply", delay);
     if (answered) bench.port.replies = {{"\x06"}};
     const double start = bench.clock.now;
     bench.protocol.AbortTransfer();
     EXPECT_EQ(bench.port.writes, Texts{"\x18"});
     EXPECT_TRUE(bench.data.Flags.Cancel);
-    EXPECT_NEAR(bench.clock.now - start, answered ? 0.01 : 10.01, 0.01);
+    EXPECT_EQ(bench.port.Unread(), "");
+    EXPECT_NEAR(bench.clock.now - start, 0.13 + 0.1 + (answered ? 0 : 10), 0.06);
   }
 }
 

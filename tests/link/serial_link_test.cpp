@@ -133,6 +133,24 @@ TEST(SerialLinkReading, CancelEndsEveryKindOfWaitWithWhatHasCome) {
   }
 }
 
+TEST(SerialLinkSending, AnEchoThatStaysOutForThreeSecondsIsShownOnceAndStillAwaited) {
+  for (const auto& [echo_after, silences] : {std::pair(2.9, 0), {3.1, 1}, {99.0, 1}}) {
+    SCOPED_TRACE(echo_after);
+    Bench bench;
+    bench.port.spoil_echo = [](const std::string&) { return std::string(); };
+    bench.port.replies = {{"P", echo_after}};
+    bench.link.SendByte('P');
+    EXPECT_EQ(bench.view.silences, silences);
+    EXPECT_FALSE(bench.data.Flags.Error);
+  }
+  Bench bench;
+  bench.port.spoil_echo = [](const std::string&) { return std::string("#CMD"); };
+  bench.link.SendText("#CMDSY");
+  EXPECT_EQ(bench.view.silences, 0) << "part of an echo has come";
+  static_cast<void>(bench.link.ReadText(6, 10));
+  EXPECT_EQ(bench.view.silences, 0) << "an answer may take its time";
+}
+
 TEST(SerialLinkReading, TheDeadlineItselfIsNotYetLate) {
   for (const double delay : {10.0, 10.0005}) {
     Bench bench;

@@ -20,7 +20,6 @@ using core::Answer;
 using link::ExchangeKind;
 using link::FaultKind;
 using link::SessionKind;
-using End = link::TransferSession::End;
 
 constexpr double kEchoSeconds = 100;
 constexpr double kReplySeconds = 10;
@@ -159,11 +158,10 @@ FaultRunner::Run FaultRunner::RunOnce(const core::RadioData& data,
   radio.SetObserver([&](const link::Exchange& exchange) { run.asked.push_back(exchange); });
 
   const double start = clock.now;
-  run.end = session.Run(kind_);
+  run.outcome = session.Run(kind_);
   run.seconds = clock.now - start;
   run.seconds_after_cancel = run.cancelled ? clock.now - cancelled_at : 0;
-  run.done = session.TransferDone();
-  run.partly_written = session.PartlyWritten();
+  run.done = run.outcome.ending == link::Ending::kDone;
   run.port_open = port.IsOpen();
   run.messages = std::move(prompts.messages);
   run.memory.assign(radio.Memory().begin(), radio.Memory().end());
@@ -184,15 +182,17 @@ std::string FaultRunner::CheckEnding(const Run& run) const {
   std::string broken;
   if (run.data.Flags.Busy || run.port_open) broken += "left busy or open; ";
   if (run.done != Contains(run.messages, "Complete!!")) broken += "\"Complete!!\" is not true; ";
-  if (run.done && (run.data.Flags.Error || run.end != End::kClose)) broken += "done with error; ";
+  if (run.done && run.data.Flags.Error) broken += "done with error; ";
   if (!run.done && !run.data.Flags.Error && !run.data.Flags.Cancel) broken += "no flag is set; ";
-  if (run.end == End::kClose && run.data.Flags.Error) broken += "closed with error; ";
+  if (run.outcome.ending == link::Ending::kCancelled && !run.cancelled) {
+    broken += "ended as cancelled by nobody; ";
+  }
   for (const core::Message& message : run.messages) {
     if (message.text == "Complete!!" && message.icon == core::Icon::kInformation) continue;
     if (!IsKnownFailure(message, title)) broken += "unknown message " + Told(message) + "; ";
   }
   // A radio that does not answer "#CMDSY" is told of by the monitor line alone.
-  const bool silent = run.messages.empty() && !run.done && !run.cancelled;
+  const bool silent = run.outcome.ending == link::Ending::kFailed && !run.outcome.said;
   if (silent && CountOf(run.asked, ExchangeKind::kStatus) > 0) broken += "failed without a word; ";
   const double limit = ideal_.seconds + (CountFaults(run.asked) + kLongestRow) * kExchangeSeconds;
   if (run.seconds > limit) broken += "took " + core::ShortestText(run.seconds) + " s; ";
@@ -225,8 +225,9 @@ std::string FaultRunner::CheckWrites(const Run& run) const {
       broken += "byte " + std::to_string(address) + " was written; ";
     }
   }
-  if (changed && !run.done && !run.partly_written) broken += "a partly written radio kept quiet; ";
-  if (run.partly_written && !run.cancelled &&
+  if (changed && !run.done && !run.outcome.partly_written)
+    broken += "a partly written radio kept quiet; ";
+  if (run.outcome.partly_written && !run.cancelled &&
       run.messages.back().details.find(link::kPartlyWrittenNote) == std::string::npos) {
     broken += "the message does not say that the radio is partly written; ";
   }

@@ -60,10 +60,9 @@ class FaultRunner {
     std::vector<core::Message> messages;
     std::size_t asked_before_cancel = 0;  ///< exchanges made when Cancel was pressed
     bool cancelled = false;               ///< Cancel was pressed before the session ended
+    link::TransferOutcome outcome;
     bool done = false;
-    bool partly_written = false;
     bool port_open = false;
-    link::TransferSession::End end = link::TransferSession::End::kStay;
     double seconds = 0;
     double seconds_after_cancel = 0;
   };

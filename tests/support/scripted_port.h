@@ -111,6 +111,9 @@ class RecordingView : public link::TransferView {
     bytes_total = total;
   }
 
+  void NothingComesBack() override { ++silences; }
+
+  int silences = 0;
   std::vector<std::string> monitor;
   std::vector<int> percents;
   std::size_t bytes_so_far = 0;

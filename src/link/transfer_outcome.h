@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/messages.h"
+#include "link/port_list.h"
+
+namespace orvane::link {
+
+/// What to tell the user whose program run did not end in "Complete!!".
+inline constexpr std::string_view kPartlyWrittenNote = core::kPartlyWrittenText;
+
+enum class Ending {
+  kDone,       ///< everything travelled
+  kDeclined,   ///< in good order, without a transfer: the user said no, or there was nothing to do
+  kCancelled,  ///< by the user
+  kFailed
+};
+
+/// How one run of a transfer session ended.
+struct TransferOutcome {
+  Ending ending = Ending::kFailed;
+  /// The run began to write to the radio and did not complete.
+  bool partly_written = false;
+  /// A message has told the user of a failure. Where none has, EndingText does.
+  bool said = false;
+  /// Address of the block that the run had come to; nothing when it ended before its first block.
+  std::optional<int> block{};
+
+  bool operator==(const TransferOutcome&) const = default;
+};
+
+/// Where the run had come to: "at block 0120".
+[[nodiscard]] std::string PlaceText(const TransferOutcome& outcome);
+/// The ending in a few words for a state line, with the block it came at: "Failed at block 0120".
+[[nodiscard]] std::string EndingText(const TransferOutcome& outcome, const PortLabel& port);
+
+/// What to show while nothing at all comes back from a port, not even the cable's echo. Ends in how
+/// to choose another port, which differs from program to program.
+[[nodiscard]] std::string SilenceText(const PortLabel& port, std::string_view other_port);
+
+}  // namespace orvane::link
