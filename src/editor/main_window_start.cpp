@@ -84,6 +84,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   if (services_.commands != nullptr) services_.commands->CloseHelp();
   if (!file_commands_.AskBeforeClosing()) {
     if (services_.commands != nullptr) services_.commands->ReopenHelp();
+    // The user was at work here, whatever the window manager thinks of a window that comes back.
+    raise();
+    activateWindow();
     event->ignore();
     return;
   }

@@ -1,6 +1,7 @@
 #include "help/help_viewer.h"
 
 #include <QFileInfo>
+#include <QWindow>
 #include <memory>
 #include <utility>
 
@@ -44,11 +45,16 @@ std::optional<std::string> HelpViewer::MakeWindow() {
 
 void HelpViewer::Close() {
   closed_open_ = window_ != nullptr && window_->isVisible();
-  if (closed_open_) window_->hide();
+  if (!closed_open_) return;
+  place_ = window_->pos();
+  window_->hide();
 }
 
 void HelpViewer::Reopen() {
   if (!closed_open_ || window_ == nullptr) return;
+  // A window manager places a window anew that does not ask for its place, and QWidget::move does
+  // not ask for one that has not changed.
+  if (QWindow* const handle = window_->windowHandle()) handle->setFramePosition(place_);
   window_->setAttribute(Qt::WA_ShowWithoutActivating);
   window_->show();
   window_->setAttribute(Qt::WA_ShowWithoutActivating, false);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QPointer>
 #include <QString>
 #include <string>
@@ -32,6 +33,7 @@ class HelpViewer : public HelpOpener {
   const QString cache_folder_;
   QPointer<HelpWindow> window_;  ///< null before the first request and after its owner has gone
   bool closed_open_ = false;     ///< Close() found the window open
+  QPoint place_;                 ///< of the window, with its frame, when Close() found it open
 };
 
 }  // namespace orvane::help
