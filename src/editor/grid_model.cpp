@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <numeric>
 
+#include "core/explanations.h"
 #include "core/model_profile.h"
 #include "editor/tool_tips.h"
-#include "help/explanations.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -80,7 +80,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
   const files::ChannelColumn& column = columns_[static_cast<std::size_t>(section)];
   if (role == Qt::DisplayRole) return platform::FromAnsi(column.caption);
-  if (role == Qt::ToolTipRole) return ToolTipText(help::ExplainColumn(column.caption));
+  if (role == Qt::ToolTipRole) return ToolTipText(core::ExplainColumn(column.caption));
   if (role == Qt::TextAlignmentRole) {
     return static_cast<int>((column.centered ? Qt::AlignHCenter : Qt::AlignLeft) |
                             Qt::AlignVCenter);

@@ -30,9 +30,11 @@ class PictureDelegate : public QStyledItemDelegate {
     const QVariant state = index.data(Qt::CheckStateRole);
     if (!state.isValid()) return;
     const bool selected = (option.state & QStyle::State_Selected) != 0;
-    const QColor colour =
-        option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
-    DrawPicture(*painter, option.rect, state.toInt() == Qt::Checked, colour);
+    const bool checked = state.toInt() == Qt::Checked;
+    QColor colour = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    // An empty box steps back, where that leaves it contrast enough.
+    if (!checked && !selected) colour.setAlphaF(0.45F);
+    DrawPicture(*painter, option.rect, checked, colour);
   }
 
  protected:
@@ -42,7 +44,8 @@ class PictureDelegate : public QStyledItemDelegate {
   }
 
  private:
-  static void DrawPicture(QPainter& painter, const QRect& cell, bool checked, QColor colour) {
+  static void DrawPicture(QPainter& painter, const QRect& cell, bool checked,
+                          const QColor& colour) {
     const qreal side = 0.55 * cell.height();
     QRectF box(0, 0, side, side);
     box.moveCenter(QRectF(cell).center());
@@ -55,7 +58,6 @@ class PictureDelegate : public QStyledItemDelegate {
       painter.setPen(QPen(colour, 0.16 * side, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
       painter.drawPath(mark);
     } else {
-      colour.setAlphaF(0.45F);
       painter.setPen(QPen(colour, 1));
       painter.drawRect(box.adjusted(1, 1, -1, -1));
     }

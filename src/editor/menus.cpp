@@ -2,6 +2,9 @@
 
 #include <QKeySequence>
 
+#include "core/explanations.h"
+#include "editor/tool_tips.h"
+
 namespace orvane::editor {
 namespace {
 
@@ -92,6 +95,10 @@ Menus BuildMenus(QMenuBar& bar) {
   AddTransferMenu(bar, menus);
   menus.destination = AddMenu(bar, "mnuDestination", QStringLiteral("&Destination"));
   AddItems(*menus.destination, "mnuDestination", menus.destinations);
+  menus.destination->setToolTipsVisible(true);
+  for (QAction* item : menus.destinations) {
+    item->setToolTip(ToolTipText(core::ExplainWord("Destination")));
+  }
   AddOptionsMenu(bar, menus);
   QMenu& help = *AddMenu(bar, "mnuHelp", QStringLiteral("&Help"));
   menus.help_contents =

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QToolTip>
 
-#include "help/explanations.h"
+#include "core/explanations.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -15,14 +15,14 @@ constexpr qsizetype kLineLength = 60;
 
 std::string_view ExplanationOf(const QWidget& widget) {
   if (const auto* caption = qobject_cast<const QLabel*>(&widget)) {
-    return help::ExplainWord(platform::ToUtf8(QString(caption->text()).remove(QLatin1Char('&'))));
+    return core::ExplainWord(platform::ToUtf8(QString(caption->text()).remove(QLatin1Char('&'))));
   }
-  return help::ExplainControl(platform::ToUtf8(widget.objectName()));
+  return core::ExplainControl(platform::ToUtf8(widget.objectName()));
 }
 
 void ExplainItems(QComboBox& list) {
   for (int item = 0; item < list.count(); ++item) {
-    const std::string_view text = help::ExplainWord(platform::ToUtf8(list.itemText(item)));
+    const std::string_view text = core::ExplainWord(platform::ToUtf8(list.itemText(item)));
     if (!text.empty()) list.setItemData(item, ToolTipText(text), Qt::ToolTipRole);
   }
 }

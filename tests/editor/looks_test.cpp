@@ -14,9 +14,9 @@
 #include <QWheelEvent>
 #include <array>
 
+#include "core/explanations.h"
 #include "editor/contrast.h"
 #include "editor/drawn_icon.h"
-#include "help/explanations.h"
 #include "image/sample_radio.h"
 #include "support/row.h"
 #include "window_desk.h"
@@ -205,12 +205,12 @@ class LooksTest : public QObject {
       QVERIFY(power->itemData(1, Qt::ToolTipRole).toString().startsWith("Low power on changing"));
     }
     QSet<QString> texts;
-    for (const help::Explanation& row : help::Explanations()) {
+    for (const core::Explanation& row : core::Explanations()) {
       texts.insert(platform::FromUtf8(row.text));
     }
-    QVERIFY(texts.size() >= static_cast<qsizetype>(help::Explanations().size()) - 1);
-    QCOMPARE(help::ExplainControl("chkUsable_1"), help::ExplainWord("INTL"));
-    QVERIFY(help::ExplainControl("").empty() && help::ExplainColumn("TOT").empty());
+    QVERIFY(texts.size() >= static_cast<qsizetype>(core::Explanations().size()) - 1);
+    QCOMPARE(core::ExplainControl("chkUsable_1"), core::ExplainWord("INTL"));
+    QVERIFY(core::ExplainControl("").empty() && core::ExplainColumn("TOT").empty());
   }
 
   void CutTextsAreToldWhole() {

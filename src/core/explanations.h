@@ -3,9 +3,9 @@
 #include <span>
 #include <string_view>
 
-/// What the short words on the screen mean, in plain English. Tooltips of controls and of table
+/// What the short words on the screen mean, in plain English. The tooltips of controls and of table
 /// headings come from this one table.
-namespace orvane::help {
+namespace orvane::core {
 
 struct Explanation {
   std::string_view word;     ///< as the screen shows it
@@ -22,4 +22,4 @@ struct Explanation {
 [[nodiscard]] std::string_view ExplainColumn(std::string_view caption);
 [[nodiscard]] std::string_view ExplainWord(std::string_view word);
 
-}  // namespace orvane::help
+}  // namespace orvane::core

@@ -1,9 +1,9 @@
-#include "help/explanations.h"
+#include "core/explanations.h"
 
 #include <algorithm>
 #include <array>
 
-namespace orvane::help {
+namespace orvane::core {
 namespace {
 
 // clang-format off
@@ -110,6 +110,11 @@ constexpr std::array kExplanations = {
                 "The radio sounds the alarm of the weather service. It listens for it on the "
                 "weather channels that are enabled."},
 
+    // Menus
+    Explanation{"Destination", "", "",
+                "The variant of the model: which channel plans the radio is made for. Its memory "
+                "holds it in two bits, SEL1 and SEL2."},
+
     // Weather
     Explanation{"Enable", "chkDEnable", "",
                 "Whether the weather channel is in use: the radio offers it only then."},
@@ -148,4 +153,4 @@ std::string_view ExplainWord(std::string_view word) {
   return TextOf(&Explanation::word, word);
 }
 
-}  // namespace orvane::help
+}  // namespace orvane::core
