@@ -1,5 +1,7 @@
 #include "editor/progress_box.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <algorithm>
 
@@ -23,9 +25,33 @@ class Bar : public QLabel {
   }
 };
 
+class ProgressText : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  explicit ProgressText(ProgressBox& box)
+      : QAccessibleWidget(&box, QAccessible::ProgressBar), box_(box) {}
+
+  static QAccessibleInterface* Make(const QString& /*class_name*/, QObject* object) {
+    auto* box = qobject_cast<ProgressBox*>(object);
+    return box == nullptr ? nullptr : new ProgressText(*box);
+  }
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type != QAccessible::ValueInterface) return QAccessibleWidget::interface_cast(type);
+    return static_cast<QAccessibleValueInterface*>(this);
+  }
+  [[nodiscard]] QVariant currentValue() const override { return box_.Percent(); }
+  void setCurrentValue(const QVariant& /*value*/) override {}
+  [[nodiscard]] QVariant maximumValue() const override { return kFull; }
+  [[nodiscard]] QVariant minimumValue() const override { return 0; }
+  [[nodiscard]] QVariant minimumStepSize() const override { return 1; }
+
+ private:
+  const ProgressBox& box_;
+};
+
 }  // namespace
 
 ProgressBox::ProgressBox(QWidget* parent) : QFrame(parent), bar_(new Bar(this)) {
+  QAccessible::installFactory(ProgressText::Make);
   setObjectName(QStringLiteral("pictProgress"));
   setAccessibleName(tr("Progress"));
   setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -45,7 +71,8 @@ void ProgressBox::ShowPercent(int percent) {
   if (percent == percent_) return;  // most blocks move the bar by less than one percent
   percent_ = percent;
   bar_->setText(QStringLiteral("%1 %").arg(percent_));
-  setAccessibleDescription(bar_->text());
+  QAccessibleValueChangeEvent event(this, percent_);
+  QAccessible::updateAccessibility(&event);
   PlaceBar();
   update();
 }

@@ -15,6 +15,7 @@ class ProgressBox : public QFrame {
 
   /// 0 hides the bar, 100 fills the box; more counts as 100.
   void ShowPercent(int percent);
+  [[nodiscard]] int Percent() const { return percent_; }
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:

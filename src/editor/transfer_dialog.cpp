@@ -73,11 +73,10 @@ TransferDialog::TransferDialog(const TransferServices& services, link::SessionKi
   }
 }
 
-QLabel* TransferDialog::AddLabel(const char* name, const char* accessible_name) {
-  auto* label = new QLabel(this);
+LiveLabel* TransferDialog::AddLabel(const char* name, const char* description) {
+  auto* label = new LiveLabel(this);
   label->setObjectName(QLatin1String(name));
-  label->setAccessibleName(tr(accessible_name));
-  label->setTextFormat(Qt::PlainText);
+  label->setAccessibleDescription(tr(description));
   layout()->addWidget(label);
   return label;
 }
@@ -139,11 +138,11 @@ void TransferDialog::BlockDone(int address, std::size_t bytes_so_far, std::size_
   if (const auto figures = pace_.BlockDone(bytes_so_far, bytes_total, services_.clock.Now())) {
     text += FiguresText(*figures);
   }
-  ShowState(text);
+  state_->setText(text);  // several times a second: nobody could listen to it
 }
 
 void TransferDialog::ShowState(const QString& text) {
-  state_->setText(text);
+  state_->Tell(text);
 }
 
 void TransferDialog::NothingComesBack() {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QDialog>
-#include <QLabel>
 #include <QPushButton>
 #include <functional>
 #include <memory>
 
 #include "core/radio_data.h"
 #include "core/services.h"
+#include "editor/live_label.h"
 #include "editor/picture.h"
 #include "editor/progress_box.h"
 #include "help/help_opener.h"
@@ -62,7 +62,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   void BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) override;
   void NothingComesBack() override;
 
-  QLabel* AddLabel(const char* name, const char* accessible_name);
+  LiveLabel* AddLabel(const char* name, const char* description);
   void AddPictures();
   void AddButtons();
   void ShowState(const QString& text);
@@ -84,9 +84,9 @@ class TransferDialog : public QDialog, private link::TransferView {
   Picture* arrow_;
   Picture* computer_;
   ProgressBox* progress_ = nullptr;
-  QLabel* state_ = nullptr;
-  QLabel* note_ = nullptr;
-  QLabel* monitor_ = nullptr;
+  LiveLabel* state_ = nullptr;
+  LiveLabel* note_ = nullptr;
+  LiveLabel* monitor_ = nullptr;
   QPushButton* ok_ = nullptr;
   QPushButton* help_ = nullptr;
 };

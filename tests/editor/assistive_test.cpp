@@ -7,6 +7,7 @@
 #include "command_desk.h"
 #include "editor/channel_page.h"
 #include "editor/common_page.h"
+#include "editor/progress_box.h"
 #include "editor/usable_page.h"
 #include "editor/weather_page.h"
 #include "page_desk.h"
@@ -159,6 +160,28 @@ class AssistiveTest : public QObject {
     desk.window->ShowHint("two");
     QCOMPARE(notice->text(), "");
     QCOMPARE(hints.count(), 2);
+  }
+
+  void TransferIsReadAndSpokenButNotEachBlock() {
+    testing::CommandDesk desk;
+    desk.Start();
+    desk.InWindowOf("mnuTransferRead", [](QDialog& dialog) {
+      auto* instructions = dialog.findChild<QLabel*>("lblmess");
+      QCOMPARE(Assistive(*instructions).text(QAccessible::Name), instructions->text());
+      auto* state = dialog.findChild<editor::LiveLabel*>("lblState");
+      QStringList spoken;
+      connect(state, &editor::LiveLabel::Announced, &dialog,
+              [&] { spoken << Assistive(*state).text(QAccessible::Name); });
+      dialog.findChild<QPushButton*>("cmdOK")->click();
+      QVERIFY(state->text().contains("Block "));
+      QVERIFY(spoken.value(0).startsWith("Connecting"));
+      QCOMPARE(spoken.filter("Block ").size(), 0);
+      auto* box = dialog.findChild<editor::ProgressBox*>("pictProgress");
+      QAccessibleInterface& progress = Assistive(*box);
+      box->ShowPercent(37);
+      QCOMPARE(progress.role(), QAccessible::ProgressBar);
+      QCOMPARE(progress.valueInterface()->currentValue().toInt(), 37);
+    });
   }
 
   void ProgramLeavesTheFocusWhereItWas() {
