@@ -73,10 +73,10 @@ constexpr std::array kExplanations = {
                 "The marine channels as used in Canada. Switched off, the radio does not offer "
                 "them."},
     Explanation{"LMR CH", "chkUsable_3", "",
-                "Forty extra channels with free frequencies. LMR means land mobile radio, EXP "
-                "expanded."},
+                "Extra channels with free frequencies that are each switched on by themselves. LMR "
+                "means land mobile radio, EXP expanded."},
     Explanation{"EXP CH", "chkUsableEXP", "",
-                "Expanded channels: the extra channels that belong to the groups USA, INTL or CAN. "
+                "Expanded channels: the extra channels that go with the groups USA, INTL and CAN. "
                 "Switching them on switches off those that belong to none."},
     Explanation{"TX TOT", "cmbUsableTot", "",
                 "Transmit time-out timer: ends a transmission that lasts too long, such as one "

@@ -56,8 +56,7 @@ UsablePage::UsablePage(PageServices services, QWidget* parent)
   grid->setRowStretch(2, 1);
   connect(exp_, &QCheckBox::toggled, this, &UsablePage::SwitchExp);
   for (QCheckBox* box : {groups_[core::kExtraGroup].enable, exp_}) {
-    box->setToolTip(ExtraGroupDescription(box != exp_));
-    box->setAccessibleDescription(box->toolTip());
+    box->setAccessibleDescription(ExtraGroupDescription(box != exp_));
   }
   UsablePage::ModelChanged();
   ExplainControls(*this);

@@ -19,8 +19,10 @@
 #include <memory>
 #include <utility>
 
+#include "core/explanations.h"
 #include "help/help_folder.h"
 #include "help/help_viewer.h"
+#include "platform/ansi_text.h"
 
 namespace orvane::help {
 namespace {
@@ -171,6 +173,21 @@ class HelpTest : public QObject {
     for (const QString& word : pages.library.Engine().indexModel()->stringList()) {
       for (const QHelpLink& link : pages.library.Engine().documentsForKeyword(word)) {
         QVERIFY2(pages.Leads(link.url), qPrintable(word));
+      }
+    }
+  }
+
+  void EveryShortWordIsExplained() {
+    const Pages pages;
+    QTextDocument document;
+    QString text;
+    for (const QUrl& page : pages.urls) {
+      document.setHtml(pages.Html(page));
+      text += document.toPlainText();
+    }
+    for (const core::Explanation& row : core::Explanations()) {
+      for (const std::string_view word : {row.word, row.column}) {
+        QVERIFY2(text.contains(platform::FromUtf8(word)), qPrintable(platform::FromUtf8(word)));
       }
     }
   }
