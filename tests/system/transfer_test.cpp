@@ -118,8 +118,7 @@ TEST_P(Refusals, EndWithTheirMessageStatusAndNoFile) {
 
 constexpr const char* kRead = "read --model 5 --port 16 -o OUT";
 constexpr const char* kNoAnswer = "Read from Radio: Communication Error!!\n";
-constexpr const char* kNoPort =
-    "Read from Radio: port inicialize error!!\nNo such file or directory\n";
+constexpr const char* kNoPort = " cannot be opened: No such file or directory\n";
 
 constexpr const char* kUnplugged =
     "Orvane: 5\n\nInput/output error\n"
