@@ -1,6 +1,7 @@
 #include "cli/documents.h"
 
 #include "cli/options.h"
+#include "core/message_facts.h"
 #include "core/model_profile.h"
 #include "core/narrowband.h"
 #include "core/product.h"
@@ -46,7 +47,7 @@ bool Documents::LoadImageFile(const std::string& path, std::optional<std::int16_
     const core::FileBytes file = services_.files.ReadFile(path);
     const files::ImageModel named = files::DetectImageModel(file.bytes);
     if (!file.error && !named.model_type) {
-      prompts_.Show({std::string(named.title), std::string(named.refusal), core::Icon::kCritical});
+      prompts_.Show(named.refusal);
       return false;
     }
     model_type = named.model_type;
@@ -108,14 +109,14 @@ bool Documents::SaveBytes(const std::string& path, const core::RadioData& data,
 
 void Documents::TellSaveFailure(const std::string& path, const core::RadioData& data,
                                 const core::SystemError& error) {
-  core::Message message{data.ProgramTitle, "FileSave Error!!", core::Icon::kExclamation};
-  message.details = path + ": " + error.description;
   if (Extension(path) == ".txt") {
-    message.title = data.ModelName + " " + data.ProgramTitle;
-    message.text = error.description;
-    message.details = path + " was not written.";
+    prompts_.Show(core::MakeMessage(core::MessageId::kReportSave,
+                                    data.ModelName + " " + data.ProgramTitle,
+                                    {{"reason", error.description}, {"path", path}}));
+    return;
   }
-  prompts_.Show(message);
+  prompts_.Show(core::MakeMessage(core::MessageId::kFileSave, data.ProgramTitle,
+                                  core::FileFacts(path, error)));
 }
 
 std::string ReportFileText(const core::RadioData& data) {

@@ -65,7 +65,12 @@ MessageCase OtherModelOfSettings(std::optional<double> theirs, const ModelProfil
   const auto* const model =
       std::find_if(profiles.begin(), profiles.end(),
                    [&](const ModelProfile& profile) { return profile.model_type == *theirs; });
-  if (model == profiles.end()) return {MessageId::kUnknownSettings, {{"ours", ModelText(ours)}}};
+  if (model == profiles.end()) {
+    return {MessageId::kUnknownSettings,
+            {{"theirs",
+              "MODELTYPE " + ShortestText(*theirs) + ", a model that this program does not know"},
+             {"ours", ModelText(ours)}}};
+  }
   return {MessageId::kModelOfSettings, OtherModelFacts(*model, ours)};
 }
 

@@ -16,7 +16,7 @@ constexpr std::array kRows = {
                .group = kTransfer,
                .text = {"port inicialize error!!"},
                .meaning = "{port|The serial port} cannot be opened: {reason|the system's reason "
-                          "stands here}",
+                          "stands here.}",
                .remedy =
                    "Choose the cable's [port](connect.html#port) under Options, SerialPort; see "
                    "[Serial port trouble](serial.html) in the help."},

@@ -1,8 +1,9 @@
 #include "core/narrowband.h"
 
 #include <chrono>
-#include <string>
+#include <string_view>
 
+#include "core/messages.h"
 #include "core/model_profile.h"
 
 namespace orvane::core {
@@ -12,31 +13,12 @@ constexpr double kBandLow = 150.0;   // MHz, inclusive
 constexpr double kBandHigh = 174.0;  // MHz, inclusive
 constexpr Date kCutOver{std::chrono::year{2013}, std::chrono::January, std::chrono::day{1}};
 
-constexpr std::string_view kCaution = "FCC Rule Caution!\r\n\r\n";
-constexpr std::string_view kIncludesWide =
-    "Your Data includes some Wide bandwidth CHs in 150 - 174 MHz band.\r\n"
-    "After Jan.1, 2013, You must change their CHs to Narrow bandwidth.\r\n\r\n";
-constexpr std::string_view kAskToConvert =
-    "Do you change their CHs to Narrow bandwidth automatically, and start Do you start "
-    "downloading them?\r\n"
-    "    Yes : It will be change the bandwidth into Narrow and start downloading.\r\n"
-    "    No : It will start downloading (w/o changing the bandwidth)";
-constexpr std::string_view kAskToStart =
-    "Your Data was changed Wide CHs to Narrow, and Do you start downloading them?";
-constexpr std::string_view kMustChange =
-    "After Jan.1, 2013, You must change some Wide CHs to Narrow in the 150 - 174 MHz "
-    "band.\r\n\r\n";
-constexpr std::string_view kChanged = "Your Data was changed Wide CHs to Narrow.";
-
 bool IsTouched(const RadioData& data, const ChannelRecord& channel, Date today) {
   return channel.Enable && WideTest(data, channel, today) != WideState::kNone;
 }
 
-bool AskYes(Prompts& prompts, std::string_view question) {
-  const std::string text =
-      std::string(kCaution) + std::string(kIncludesWide) + std::string(question);
-  return prompts.Show({.title = "Download", .text = text, .buttons = Buttons::kYesNo}) ==
-         Answer::kYes;
+bool AskYes(Prompts& prompts, MessageId question) {
+  return prompts.Show(MakeMessage(question, "Download")) == Answer::kYes;
 }
 
 bool CheckDownload(RadioData& data, Date today, Prompts& prompts) {
@@ -44,10 +26,10 @@ bool CheckDownload(RadioData& data, Date today, Prompts& prompts) {
     case WideState::kNone:
       return true;
     case WideState::kAllowed:
-      if (AskYes(prompts, kAskToConvert)) SetNarrow(data, today);
+      if (AskYes(prompts, MessageId::kWideAllowed)) SetNarrow(data, today);
       return true;
     case WideState::kForbidden: {
-      const bool go_on = AskYes(prompts, kAskToStart);
+      const bool go_on = AskYes(prompts, MessageId::kWideForbidden);
       SetNarrow(data, today);
       return go_on;
     }
@@ -57,8 +39,7 @@ bool CheckDownload(RadioData& data, Date today, Prompts& prompts) {
 
 void ConvertAndTell(RadioData& data, std::string_view title, Date today, Prompts& prompts) {
   if (WideChannelState(data, today) != WideState::kForbidden) return;
-  const std::string text = std::string(kCaution) + std::string(kMustChange) + std::string(kChanged);
-  (void)prompts.Show({.title = std::string(title), .text = text});
+  (void)prompts.Show(MakeMessage(MessageId::kMadeNarrow, title));
   SetNarrow(data, today);
 }
 

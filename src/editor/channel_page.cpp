@@ -86,8 +86,10 @@ void ChannelPage::ShowFrequency(const Frequency& frequency) {
 }
 
 void ChannelPage::TellWrongFrequency(const FrequencyBox& box) {
-  (void)Services().prompts.Show(
-      {.title = box.Rule().hint, .text = "Data Error!!", .icon = core::Icon::kExclamation});
+  const std::string_view field = box.Rule().hint;
+  (void)Services().prompts.Show(core::MakeMessage(
+      core::MessageId::kWrongFrequency, field,
+      core::FrequencyFacts(platform::ToUtf8(box.text()), field, core::ProfileOf(Data()))));
 }
 
 }  // namespace orvane::editor

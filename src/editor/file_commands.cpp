@@ -4,6 +4,7 @@
 #include <chrono>
 #include <optional>
 
+#include "core/message_facts.h"
 #include "core/narrowband.h"
 #include "files/settings_file.h"
 #include "platform/ansi_text.h"
@@ -105,19 +106,14 @@ void FileCommands::SaveFileAs(const std::string& path) {
   data_.Flags.Error = true;
   data_.Flags.Cancel = true;
   services_.log.Write("frmMain.SaveFileAs", std::to_string(failure->number) + failure->description);
-  services_.prompts.Show({.title = data_.ProgramTitle,
-                          .text = "FileSave Error!!",
-                          .icon = core::Icon::kExclamation,
-                          .details = failure->description});
+  services_.prompts.Show(core::MakeMessage(core::MessageId::kFileSave, data_.ProgramTitle,
+                                           core::FileFacts(path, *failure)));
 }
 
 bool FileCommands::AskBeforeClosing() {
   if (!data_.Flags.DataChanged) return true;
   const core::Answer answer =
-      services_.prompts.Show({.title = data_.ProgramTitle,
-                              .text = "KIV data has changed.\r\nDo you want to save changes?",
-                              .icon = core::Icon::kExclamation,
-                              .buttons = core::Buttons::kYesNoCancel});
+      services_.prompts.Show(core::MakeMessage(core::MessageId::kSaveChanges, data_.ProgramTitle));
   if (answer == core::Answer::kNo) return true;
   if (answer != core::Answer::kYes || !host_.CheckPage()) return false;
   SaveSettings(true);

@@ -20,11 +20,12 @@ struct ModelCommand {
 constexpr std::array<ModelCommand, Menus::kModels> kModelCommands = {
     {{"KT520", 4}, {"KT310", 1}, {"RB6100S", 0}, {"QM9000", 3}}};
 
-/// Keeps what the image reader would say, so that it can stand below the command's own message.
+/// Keeps what the image reader would say of the file, so that it can stand below the command's own
+/// message. What to do is another matter there.
 class Overheard : public core::Prompts {
  public:
   core::Answer Show(const core::Message& message) override {
-    said = message.details.empty() ? message.text : message.details;
+    said = message.details.substr(0, message.details.find("\r\n"));
     return core::Answer::kOk;
   }
 
@@ -56,17 +57,15 @@ void ModelCommands::CaptionModels() {
   }
 }
 
-bool ModelCommands::Ask(const std::string& question) {
-  return services_.prompts.Show({.title = data_.ProgramTitle,
-                                 .text = question,
-                                 .icon = core::Icon::kExclamation,
-                                 .buttons = core::Buttons::kOkCancel}) == core::Answer::kOk;
+bool ModelCommands::Ask(core::MessageId question, const core::Fact& fact) {
+  return services_.prompts.Show(core::MakeMessage(question, data_.ProgramTitle, {fact})) ==
+         core::Answer::kOk;
 }
 
 void ModelCommands::SelectModel(int index) {
   const ModelCommand& command = kModelCommands[static_cast<std::size_t>(index)];
   if (core::ProfileOf(data_).series == command.series) return;
-  if (!Ask("Do yo want to program the " + std::string(command.series) + " series?")) return;
+  if (!Ask(core::MessageId::kChangeModel, {"series", std::string(command.series)})) return;
   // Checked while the data still is of the model that the page shows.
   if (!host_.CheckPage()) return;
   data_.MODELTYPE = command.model_type;
@@ -78,7 +77,7 @@ void ModelCommands::SelectModel(int index) {
 }
 
 void ModelCommands::SelectDestination(const std::string& name) {
-  if (!Ask("Do yo want to change to " + name + "?")) return;
+  if (!Ask(core::MessageId::kChangeDestination, {"name", name})) return;
   const Working working(host_.Widget());
   host_.ShowGeneralPage();
   host_.Wait(kCommandPause);
@@ -97,10 +96,8 @@ void ModelCommands::LoadTemplate(const std::string& name) {
     destinations_.Remember(data_.MODELTYPE, name);
     return;
   }
-  services_.prompts.Show({.title = data_.ProgramTitle,
-                          .text = "IniFileRead Error!!",
-                          .icon = core::Icon::kExclamation,
-                          .details = reader.said});
+  services_.prompts.Show(core::MakeMessage(core::MessageId::kTemplateFailed, data_.ProgramTitle,
+                                           {{"reason", reader.said}}));
 }
 
 }  // namespace orvane::editor

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/app_settings.h"
+#include "core/messages.h"
 #include "editor/commands.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
@@ -28,7 +29,7 @@ class ModelCommands : public QObject {
   void SelectDestination(const std::string& name);
 
  private:
-  [[nodiscard]] bool Ask(const std::string& question);
+  [[nodiscard]] bool Ask(core::MessageId question, const core::Fact& fact);
   void LoadTemplate(const std::string& name);
 
   const WindowServices services_;

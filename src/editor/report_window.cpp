@@ -13,6 +13,7 @@
 #include <chrono>
 #include <optional>
 
+#include "core/messages.h"
 #include "editor/working.h"
 #include "files/text_report.h"
 #include "platform/ansi_text.h"
@@ -196,9 +197,9 @@ void ReportWindow::SaveAs() {
   }
   if (!failure) return;
   data_.Flags.Error = true;
-  services_.prompts.Show({.title = data_.ModelName + " " + data_.ProgramTitle,
-                          .text = failure->description,
-                          .icon = core::Icon::kExclamation});
+  services_.prompts.Show(core::MakeMessage(core::MessageId::kReportSave,
+                                           data_.ModelName + " " + data_.ProgramTitle,
+                                           {{"reason", failure->description}, {"path", path}}));
   data_.Flags.Cancel = true;
 }
 

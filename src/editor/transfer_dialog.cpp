@@ -7,6 +7,7 @@
 #include <cmath>
 #include <optional>
 
+#include "core/messages.h"
 #include "core/number_text.h"
 #include "platform/ansi_text.h"
 
@@ -221,13 +222,13 @@ void TransferDialog::closeEvent(QCloseEvent* event) {
 void TransferDialog::OpenHelp() {
   const std::string title = platform::ToUtf8(windowTitle());
   if (services_.help == nullptr || !services_.help->HasHelp()) {
-    services_.prompts.Show(
-        {.title = title, .text = help::kNoHelpText, .icon = core::Icon::kInformation});
+    services_.prompts.Show(core::MakeMessage(core::MessageId::kNoHelp, title));
     return;
   }
   if (const std::optional<std::string> failure =
           services_.help->Open(*this, help::kTransferContext)) {
-    services_.prompts.Show({.title = title, .text = *failure});
+    services_.prompts.Show(
+        core::MakeMessage(core::MessageId::kHelpFailed, title, {{"failure", *failure}}));
   }
 }
 

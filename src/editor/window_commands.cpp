@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "core/messages.h"
 #include "editor/about_box.h"
 #include "editor/report_window.h"
 #include "editor/transfer_dialog.h"
@@ -76,10 +77,7 @@ void WindowCommands::Print(CommandHost& host) {
 }
 
 void WindowCommands::PrintAsPdf(CommandHost& host) {
-  const core::Message offer{
-      data_.ProgramTitle,
-      "This computer has no printer.\r\nDo you want to save the printout as a PDF file?",
-      core::Icon::kInformation, core::Buttons::kOkCancel};
+  const core::Message offer = core::MakeMessage(core::MessageId::kNoPrinter, data_.ProgramTitle);
   if (services_.prompts.Show(offer) != core::Answer::kOk) return;
   const std::string path =
       services_.dialogs.AskSave({.filter = kPdfFilter, .folder = services_.program_folder})
@@ -96,10 +94,8 @@ void WindowCommands::PrintAsPdf(CommandHost& host) {
 }
 
 void WindowCommands::ReportPrintFailure(const core::SystemError& failure) {
-  services_.prompts.Show({.title = data_.ProgramTitle,
-                          .text = "Print Error!!",
-                          .icon = core::Icon::kExclamation,
-                          .details = failure.description});
+  services_.prompts.Show(core::MakeMessage(core::MessageId::kPrintFailed, data_.ProgramTitle,
+                                           {{"reason", failure.description}}));
 }
 
 void WindowCommands::SaveHex(CommandHost& host) {
@@ -146,7 +142,8 @@ void WindowCommands::LoadHex(CommandHost& host) {
 void WindowCommands::Help(CommandHost& host, int context) {
   if (devices_.help == nullptr || !devices_.help->HasHelp()) return;
   if (const std::optional<std::string> failure = devices_.help->Open(host.Widget(), context)) {
-    services_.prompts.Show({.title = data_.ProgramTitle, .text = *failure});
+    services_.prompts.Show(core::MakeMessage(core::MessageId::kHelpFailed, data_.ProgramTitle,
+                                             {{"failure", *failure}}));
   }
 }
 
@@ -155,8 +152,7 @@ void WindowCommands::HelpContents(CommandHost& host) {
     Help(host, help::kProgramContext);
     return;
   }
-  services_.prompts.Show(
-      {.title = data_.ProgramTitle, .text = help::kNoHelpText, .icon = core::Icon::kInformation});
+  services_.prompts.Show(core::MakeMessage(core::MessageId::kNoHelp, data_.ProgramTitle));
 }
 
 void WindowCommands::CloseHelp() {

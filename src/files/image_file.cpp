@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/message_facts.h"
 #include "core/model_profile.h"
 #include "core/product.h"
 #include "image/codec.h"
@@ -13,10 +14,6 @@
 
 namespace orvane::files {
 namespace {
-
-constexpr std::string_view kBadFile = "bad file!!";
-constexpr std::string_view kModelTypeError = "ModelType Error !!";
-constexpr std::string_view kProductTypeError = "ProductType Error !!";
 
 std::vector<std::uint8_t> ToBytes(std::string_view text) {
   std::vector<std::uint8_t> bytes(text.size());
@@ -33,30 +30,41 @@ std::string ToText(std::span<const std::uint8_t> bytes) {
 }
 
 void ReportFailure(core::RadioData& data, const core::SystemError& error, std::string_view routine,
-                   std::string_view text, const std::string& path, core::Prompts& prompts,
+                   core::MessageId id, const std::string& path, core::Prompts& prompts,
                    core::ErrorLog& log) {
   data.Flags.Cancel = true;
   log.Write(routine, std::to_string(error.number) + error.description);
-  prompts.Show({.title = data.ProgramTitle,
-                .text = std::string(text),
-                .icon = core::Icon::kExclamation,
-                .details = path + ": " + error.description});
+  prompts.Show(core::MakeMessage(id, data.ProgramTitle, core::FileFacts(path, error)));
 }
 
-void Refuse(core::RadioData& data, core::Prompts& prompts, std::string_view title,
-            std::string_view text) {
+core::Message LengthRefusal(std::uint64_t length, const core::ModelProfile* profile) {
+  return core::MakeMessage(core::MessageId::kImageLength, core::kProgramTitle,
+                           core::LengthFacts(length, profile));
+}
+
+core::Message ModelRefusal(core::CodePair codes, const core::ModelProfile* profile) {
+  const core::MessageCase other = core::OtherModelOfImage(codes, profile);
+  return core::MakeMessage(other.id, core::kReadFromRadio, other.facts);
+}
+
+core::Message ProductRefusal(std::uint8_t product, const core::ModelProfile& profile) {
+  return core::MakeMessage(core::MessageId::kProductOfImage, core::kReadFromRadio,
+                           core::ProductFacts(product, profile));
+}
+
+void Refuse(core::RadioData& data, core::Prompts& prompts, const core::Message& refusal) {
   data.Flags.Error = true;
-  prompts.Show(
-      {.title = std::string(title), .text = std::string(text), .icon = core::Icon::kCritical});
+  prompts.Show(refusal);
 }
 
 /// Tells every fault. False when there is one.
 bool BelongsToModel(core::RadioData& data, std::span<const std::uint8_t> bytes,
                     core::Prompts& prompts) {
-  const image::ImageFaults faults = image::CheckImage(bytes, core::ProfileOf(data));
-  if (faults.length) Refuse(data, prompts, data.ProgramTitle, kBadFile);
-  if (faults.model) Refuse(data, prompts, core::kReadFromRadio, kModelTypeError);
-  if (faults.product) Refuse(data, prompts, core::kReadFromRadio, kProductTypeError);
+  const core::ModelProfile& profile = core::ProfileOf(data);
+  const image::ImageFaults faults = image::CheckImage(bytes, profile);
+  if (faults.length) Refuse(data, prompts, LengthRefusal(bytes.size(), &profile));
+  if (faults.model) Refuse(data, prompts, ModelRefusal(faults.codes, &profile));
+  if (faults.product) Refuse(data, prompts, ProductRefusal(faults.product_byte, profile));
   return !faults.Any();
 }
 
@@ -65,14 +73,14 @@ void LoadTestedFile(core::RadioData& data, const std::string& path, core::FileSt
   const core::ModelProfile& profile = core::ProfileOf(data);
   const std::optional<std::uint64_t> length = store.FileSize(path);
   if (length && !core::ImageLengthMatches(profile, *length)) {
-    Refuse(data, prompts, data.ProgramTitle, kBadFile);
+    Refuse(data, prompts, LengthRefusal(*length, &profile));
     return;
   }
   const core::FileBytes file = store.ReadFile(path);
   if (file.error) {
     data.Flags.Error = true;
-    ReportFailure(data, *file.error, "frmMain.ReadHexFileAs", "FileRead Error!!", path, prompts,
-                  log);
+    ReportFailure(data, *file.error, "frmMain.ReadHexFileAs", core::MessageId::kFileRead, path,
+                  prompts, log);
     return;
   }
   const std::vector<std::uint8_t> bytes = ToBytes(file.bytes);
@@ -100,7 +108,8 @@ void SaveHexFileAs(core::RadioData& data, const std::string& path, core::FileSto
   const std::optional<core::SystemError> error = store.WriteFile(path, ToText(data.Image.Used()));
   data.Flags.Busy = was_busy;
   if (error) {
-    ReportFailure(data, *error, "frmMain.SaveHexFileAs", "FileSave Error!!", path, prompts, log);
+    ReportFailure(data, *error, "frmMain.SaveHexFileAs", core::MessageId::kFileSave, path, prompts,
+                  log);
   }
 }
 
@@ -114,18 +123,18 @@ void LoadHexFile(core::RadioData& data, const std::string& path, core::FileStore
 
 ImageModel DetectImageModel(std::string_view bytes) {
   const auto& profiles = core::ModelProfiles();
-  const bool known_length =
-      std::any_of(profiles.begin(), profiles.end(), [&](const core::ModelProfile& profile) {
+  const auto* const same_length =
+      std::find_if(profiles.begin(), profiles.end(), [&](const core::ModelProfile& profile) {
         return core::ImageLengthMatches(profile, bytes.size());
       });
-  if (!known_length) return {std::nullopt, kBadFile, core::kProgramTitle};
+  if (same_length == profiles.end()) return {std::nullopt, LengthRefusal(bytes.size(), nullptr)};
   const std::vector<std::uint8_t> image = ToBytes(bytes);
   const core::ModelProfile* const profile = image::NamedModel(image);
-  if (profile == nullptr) return {std::nullopt, kModelTypeError, core::kReadFromRadio};
-  const image::ImageFaults faults = image::CheckImage(image, *profile);
-  if (faults.length) return {std::nullopt, kBadFile, core::kProgramTitle};
-  if (faults.model) return {std::nullopt, kModelTypeError, core::kReadFromRadio};
-  return {profile->model_type, {}, {}};
+  const image::ImageFaults faults =
+      image::CheckImage(image, profile != nullptr ? *profile : *same_length);
+  if (faults.length) return {std::nullopt, LengthRefusal(bytes.size(), profile)};
+  if (faults.model) return {std::nullopt, ModelRefusal(faults.codes, nullptr)};
+  return {profile->model_type};
 }
 
 }  // namespace orvane::files

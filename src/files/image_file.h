@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/messages.h"
 #include "core/radio_data.h"
 #include "core/services.h"
 
@@ -32,8 +33,7 @@ void LoadHexFile(core::RadioData& data, const std::string& path, core::FileStore
 /// Otherwise the message that refuses it: "bad file!!" or "ModelType Error !!".
 struct ImageModel {
   std::optional<std::int16_t> model_type;
-  std::string_view refusal;
-  std::string_view title{};  ///< of the refusal's message box
+  core::Message refusal{};
 };
 [[nodiscard]] ImageModel DetectImageModel(std::string_view bytes);
 

@@ -1,6 +1,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "core/message_facts.h"
 #include "core/model_profile.h"
 #include "core/number_text.h"
 #include "files/settings_file.h"
@@ -156,30 +157,9 @@ std::string DestinationText(std::string_view text, std::string_view key,
   return value == "0" || value == "1" ? value : std::string(default_value);
 }
 
-void Refuse(core::RadioData& data, core::Prompts& prompts, std::string_view text, core::Icon icon,
-            std::string details) {
+void Refuse(core::RadioData& data, core::Prompts& prompts, const core::MessageCase& refusal) {
   data.Flags.Error = true;
-  prompts.Show({.title = data.ProgramTitle,
-                .text = std::string(text),
-                .icon = icon,
-                .details = std::move(details)});
-}
-
-std::string Details(const core::FileBytes& file, const std::string& path) {
-  return file.error ? path + ": " + file.error->description : std::string();
-}
-
-/// Says which model the file is for, where it names one there is.
-std::string OtherModelDetails(std::string_view text, const core::RadioData& data) {
-  const std::optional<double> model = SettingFileModel(text);
-  if (!model) return "The file does not say which model it is for.";
-  for (const core::ModelProfile& profile : core::ModelProfiles()) {
-    if (*model == profile.model_type) {
-      return "The file is for the " + std::string(profile.model) + ", the program is set to the " +
-             std::string(core::ProfileOf(data).model) + ".";
-    }
-  }
-  return "The file is for a model this program does not know.";
+  prompts.Show(core::MakeMessage(refusal.id, data.ProgramTitle, refusal.facts));
 }
 
 bool IsOfModel(std::string_view text, const core::RadioData& data) {
@@ -214,15 +194,22 @@ void ReadSettingFile(core::RadioData& data, const std::string& path, core::FileS
   data.Flags.Error = false;
   const core::FileBytes first = store.ReadFile(path);
   if (first.error || !IsOfModel(first.bytes, data)) {
-    Refuse(data, prompts, "different model!!", core::Icon::kCritical,
-           first.error ? Details(first, path) : OtherModelDetails(first.bytes, data));
+    const core::MessageCase unreadable{
+        core::MessageId::kUnreadableSettings,
+        core::FileFacts(path, first.error.value_or(core::SystemError{}))};
+    Refuse(data, prompts,
+           first.error
+               ? unreadable
+               : core::OtherModelOfSettings(SettingFileModel(first.bytes), core::ProfileOf(data)));
     return;
   }
   // Files live on sticks and shares that go away or change: what is loaded is read anew, after the
   // check, and must still be the same.
   const core::FileBytes file = store.ReadFile(path);
-  if (file.error || !ApplySettingText(data, file.bytes, pump)) {
-    Refuse(data, prompts, "FileRead Error!!", core::Icon::kExclamation, Details(file, path));
+  if (file.error) {
+    Refuse(data, prompts, {core::MessageId::kFileRead, core::FileFacts(path, *file.error)});
+  } else if (!ApplySettingText(data, file.bytes, pump)) {
+    Refuse(data, prompts, {core::MessageId::kFileChanged, {}});
   }
 }
 

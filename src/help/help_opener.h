@@ -21,10 +21,6 @@ class HelpOpener {
   virtual void Reopen() = 0;
 };
 
-/// What a request for help is answered with where HasHelp() is false.
-inline constexpr const char* kNoHelpText =
-    "Unable to display Help Contents. There is no Help associated with this project.";
-
 /// Topics of whole windows and pages, for controls that have none of their own.
 inline constexpr int kProgramContext = 1000;
 inline constexpr int kGroupsPageContext = 1001;

@@ -9,6 +9,7 @@
 #include <QToolButton>
 
 #include "command_desk.h"
+#include "core/messages.h"
 #include "files/image_file.h"
 #include "files/text_report.h"
 #include "image/codec.h"
@@ -163,7 +164,8 @@ class CommandsTest : public QObject {
     desk.printer.failure = core::SystemError{0, "Laser: The printer reports an error."};
     desk.Item("mnuFilePrint").trigger();
     QCOMPARE(desk.Messages(), QStringList{"Print Error!!"});
-    QCOMPARE(desk.prompts.messages[0].details, "Laser: The printer reports an error.");
+    QVERIFY(
+        desk.prompts.messages[0].details.starts_with("Laser: The printer reports an error.\r\n"));
     QVERIFY(desk.window->isEnabled());
   }
 
@@ -185,7 +187,7 @@ class CommandsTest : public QObject {
     desk.prompts.messages.clear();
     desk.Item("mnuFilePrint").trigger();
     QCOMPARE(desk.Messages().last(), "Print Error!!");
-    QCOMPARE(desk.prompts.messages.back().details, "No space left on device");
+    QVERIFY(desk.prompts.messages.back().details.starts_with("No space left on device\r\n"));
   }
 
   void ImageFileKeysNeedDebugMode() {
@@ -268,7 +270,8 @@ class CommandsTest : public QObject {
     desk.help.has_help = false;
     QTest::keyClick(&desk.Tree(), Qt::Key_F1);  // says nothing
     desk.Item("mnuHelpContents").trigger();
-    QCOMPARE(desk.Messages().mid(1), QStringList{help::kNoHelpText});
+    QCOMPARE(desk.Messages().mid(1),
+             QStringList{QString::fromStdString(core::TextOf(core::MessageId::kNoHelp))});
     QVERIFY(desk.window->close());
     QCOMPARE(desk.help.opened, QStringList({"frmMain 1000", "frmMain 1002", "closed"}));
   }

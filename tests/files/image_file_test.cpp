@@ -155,11 +155,11 @@ TEST_F(ImageFile, DetectionTellsWhyAFileIsNoImage) {
   unknown[65] ^= 1;
   std::string differing = good;
   differing[16382] ^= 1;
-  EXPECT_EQ(DetectImageModel("").refusal, "bad file!!");
-  EXPECT_EQ(DetectImageModel(good.substr(0, 100)).refusal, "bad file!!");
-  EXPECT_EQ(DetectImageModel(good.substr(0, 8192)).refusal, "bad file!!");
-  EXPECT_EQ(DetectImageModel(unknown).refusal, "ModelType Error !!");
-  EXPECT_EQ(DetectImageModel(differing).refusal, "ModelType Error !!");
+  EXPECT_EQ(DetectImageModel("").refusal.text, "bad file!!");
+  EXPECT_EQ(DetectImageModel(good.substr(0, 100)).refusal.text, "bad file!!");
+  EXPECT_EQ(DetectImageModel(good.substr(0, 8192)).refusal.text, "bad file!!");
+  EXPECT_EQ(DetectImageModel(unknown).refusal.text, "ModelType Error !!");
+  EXPECT_EQ(DetectImageModel(differing).refusal.text, "ModelType Error !!");
   EXPECT_FALSE(DetectImageModel(differing).model_type);
 }
 

@@ -57,7 +57,6 @@ constexpr const char* kOtherMessages[] = {
     "Do yo want to change to KT740-usa?",
     "Your Data was changed Wide CHs to Narrow.",
     "No : It will start downloading (w/o changing the bandwidth)",
-    kNoHelpText,
     "(not exist)",
 };
 
@@ -66,19 +65,22 @@ QString CacheFolder() {
   return folder.path();
 }
 
-/// The texts in the source files that end as messages do, in "!!" or a question mark. Texts that
-/// only a line break parts are one text; line breaks in them are blanks.
-QStringList MessagesInSources() {
+/// The texts in the source files that end as messages do, in "!!" or a question mark, those of the
+/// table of messages or the others. Texts that only a line break parts are one text; line breaks in
+/// them are blanks, places for names have their general words.
+QStringList MessagesInSources(bool in_table) {
   static const QRegularExpression kComment("^\\s*//.*$", QRegularExpression::MultilineOption);
   static const QRegularExpression kSeam("\"\\s*\n\\s*\"");
+  static const QRegularExpression kPlace("\\{[a-z]+\\|([^}]*)\\}");
   static const QRegularExpression kText("\"((?:[^\"\\\\\n]|\\\\.)*(?:!!|[^\"]\\?))\"");
   QStringList messages;
   QDirIterator files(ORVANE_SOURCES, {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
   while (files.hasNext()) {
     QFile file(files.next());
+    if (file.fileName().contains("/message_rows_") != in_table) continue;
     if (!file.open(QIODevice::ReadOnly)) continue;
     QString source = QString::fromUtf8(file.readAll());
-    source.remove(kComment).remove(kSeam);
+    source.remove(kComment).remove(kSeam).replace(kPlace, "\\1");
     auto texts = kText.globalMatch(source);
     while (texts.hasNext()) {
       messages += texts.next().captured(1).replace("\\r", " ").replace("\\n", " ").simplified();
@@ -197,12 +199,17 @@ class HelpTest : public QObject {
     QTextDocument document;
     document.setHtml(pages.Html(QUrl("qthelp://orvane/help/messages.html")));
     const QString text = document.toPlainText().simplified();
-    QStringList messages = MessagesInSources();
+    QStringList messages = MessagesInSources(true);
     QVERIFY2(messages.contains("Communication Error!!"), "the source files are not found");
     for (const char* message : kOtherMessages) messages += message;
     for (const QString& message : messages) {
       QVERIFY2(text.contains(message), qPrintable(message));
     }
+    // What stands outside the table has no remedy: it may only be a step shown in debug mode.
+    const QString steps = text.section("Steps shown in debug mode", 1);
+    const QStringList others = MessagesInSources(false);
+    QVERIFY(others.contains("sync failed!!"));
+    for (const QString& other : others) QVERIFY2(steps.contains(other), qPrintable(other));
   }
 
   void SearchFindsPagesByTheirWords() {

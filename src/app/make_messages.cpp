@@ -1,0 +1,95 @@
+// Writes the page of messages: each comment <!-- messages: GROUP --> of the page given is replaced
+// by the table rows of that group.
+
+#include <array>
+#include <cstddef>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "core/messages.h"
+
+namespace {
+
+namespace core = orvane::core;
+
+constexpr std::array<std::pair<std::string_view, core::MessageGroup>, 6> kGroups = {
+    {{"transfer", core::MessageGroup::kTransfer},
+     {"files", core::MessageGroup::kFiles},
+     {"editing", core::MessageGroup::kEditing},
+     {"narrowband", core::MessageGroup::kNarrowband},
+     {"help", core::MessageGroup::kHelp},
+     {"command line", core::MessageGroup::kCommandLine}}};
+
+void Replace(std::string& text, std::string_view what, std::string_view by) {
+  for (std::size_t at = text.find(what); at != std::string::npos;
+       at = text.find(what, at + by.size())) {
+    text.replace(at, what.size(), by);
+  }
+}
+
+std::string Html(std::string_view text) {
+  std::string html(text);
+  Replace(html, "&", "&amp;");
+  Replace(html, "<", "&lt;");
+  Replace(html, ">", "&gt;");
+  Replace(html, "\r\n", "<br>");
+  return html;
+}
+
+/// The general words of a text, with its links [words](page) as links.
+std::string Linked(std::string_view text) {
+  std::string html = Html(core::GeneralText(text));
+  for (std::size_t turn = html.find("]("); turn != std::string::npos; turn = html.find("](")) {
+    const std::size_t open = html.rfind('[', turn);
+    const std::size_t end = html.find(')', turn);
+    const std::string words = html.substr(open + 1, turn - open - 1);
+    const std::string page = html.substr(turn + 2, end - turn - 2);
+    html.replace(open, end + 1 - open, "<a href=\"" + page + "\">" + words + "</a>");
+  }
+  return html;
+}
+
+std::string Rows(core::MessageGroup group) {
+  std::string rows = "<tr><th>Message</th><th>Cause</th><th>What to do</th></tr>\n";
+  for (const core::MessageRow& row : core::MessageRows()) {
+    if (row.group != group) continue;
+    rows += "<tr><td><b>" + Html(core::TextOf(row.id)) + "</b>";
+    if (!row.where.empty()) rows += "<br>" + Html(row.where);
+    rows += "</td><td>" + Linked(row.meaning) + "</td><td>" + Linked(row.remedy) + "</td></tr>\n";
+  }
+  return rows;
+}
+
+bool Fill(std::string& page) {
+  for (const auto& [name, group] : kGroups) {
+    const std::string mark = "<!-- messages: " + std::string(name) + " -->\n";
+    const std::size_t at = page.find(mark);
+    if (at == std::string::npos) {
+      std::cerr << "the page has no place for the messages: " << name << '\n';
+      return false;
+    }
+    page.replace(at, mark.size(), Rows(group));
+  }
+  return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::cerr << "usage: make_messages PAGE OUT\n";
+    return 2;
+  }
+  std::ifstream in(argv[1], std::ios::binary);
+  std::string page{std::istreambuf_iterator<char>(in), {}};
+  if (!in || !Fill(page)) return 1;
+  std::ofstream out(argv[2], std::ios::binary);
+  out << page;
+  out.close();
+  if (!out) std::cerr << argv[2] << ": cannot be written\n";
+  return out ? 0 : 1;
+}
