@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <tuple>
 
 #include "core/model_profile.h"
 #include "core/number_text.h"
@@ -51,6 +53,11 @@ bool IsTemplate(std::string_view file_name, std::string_view ending) {
   if (!file_name.ends_with(ending)) return false;
   const std::string_view stem = file_name.substr(0, file_name.size() - ending.size());
   return stem.find("KT") != std::string_view::npos;
+}
+
+/// The destination of a template file.
+std::string_view NameOf(std::string_view file_name) {
+  return file_name.substr(0, file_name.find('_'));
 }
 
 }  // namespace
@@ -115,11 +122,19 @@ std::string DestinationFileName(std::string_view name, std::int16_t model_type) 
 std::vector<std::string> DestinationNames(const std::vector<std::string>& file_names,
                                           std::int16_t model_type) {
   const std::string ending = TemplateEnding(model_type);
+  std::vector<std::string> templates;
+  std::copy_if(file_names.begin(), file_names.end(), std::back_inserter(templates),
+               [&](const std::string& file_name) { return IsTemplate(file_name, ending); });
+  // Two files of one name, or names that differ in letter case only, have an order, too.
+  const auto order = [](const std::string& file_name) {
+    return std::tuple(LowerCase(NameOf(file_name)), LowerCase(file_name), file_name);
+  };
+  std::sort(templates.begin(), templates.end(),
+            [&](const std::string& a, const std::string& b) { return order(a) < order(b); });
+  if (templates.size() > kMaxDestinations) templates.resize(kMaxDestinations);
+
   std::vector<std::string> names;
-  for (const std::string& file_name : file_names) {
-    if (names.size() == kMaxDestinations) break;
-    if (IsTemplate(file_name, ending)) names.push_back(file_name.substr(0, file_name.find('_')));
-  }
+  for (const std::string& file_name : templates) names.emplace_back(NameOf(file_name));
   for (const std::string_view built_in : kBuiltInDestinations) {
     const bool listed = std::any_of(names.begin(), names.end(), [=](const std::string& name) {
       return EqualsIgnoringCase(name, built_in);

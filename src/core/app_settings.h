@@ -45,7 +45,8 @@ class AppSettings {
 /// code, ".ini".
 [[nodiscard]] std::string DestinationFileName(std::string_view name, std::int16_t model_type);
 
-/// Destinations to offer: the template files found (at most 10, in directory order), then the two
+/// Destinations to offer: the template files found (sorted by name without regard to letter
+/// case, at most 10), then the two
 /// built-in ones where they are missing and there is room for them.
 [[nodiscard]] std::vector<std::string> DestinationNames(const std::vector<std::string>& file_names,
                                                         std::int16_t model_type);

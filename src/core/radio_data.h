@@ -38,6 +38,8 @@ struct StateFlags {
   Flag Debug;        ///< started with "/D"
   Flag DataChanged;  ///< differs from what was last loaded or saved
   Flag Busy;         ///< a bulk fill or a transfer runs; editor handlers do nothing meanwhile
+
+  bool operator==(const StateFlags&) const = default;
 };
 
 /// The one data set of the process: the memory image and the records decoded from it.
@@ -81,6 +83,8 @@ struct RadioData {
   std::string CurrentFileName;  ///< full path, "" after New
   std::string ProductName;      ///< "Orvane"
   std::string ProgramTitle;     ///< title of the program's message boxes
+
+  bool operator==(const RadioData&) const = default;
 };
 
 /// Combined channel numbering: one number over all tables.

@@ -19,6 +19,8 @@ class CommandHost {
   virtual void ShowPageAgain() = 0;
   /// Everything that shows data follows it: tree, page, title, model name.
   virtual void RefreshAfterLoad() = 0;
+  /// The same for a data set that a file or a radio has replaced.
+  virtual void DataReplaced() = 0;
   /// Resets the data set and refreshes; the commands New and Select destination end in it.
   virtual void ResetData(bool rebuild_destinations) = 0;
   /// Checks the Destination entry that the image's SEL1 bit stands for.

@@ -27,7 +27,7 @@ void DestinationMenu::Rebuild(std::int16_t model_type) {
     menus_.destinations[i]->setVisible(used);
     menus_.destinations[i]->setText(used ? PlainCaption(platform::FromUtf8(names_[i])) : QString());
   }
-  checked_ = -1;
+  checked_ = source_ = -1;
   ShowCheckMark();
   Check(settings_.Destination(model_type));
 }
@@ -44,6 +44,7 @@ void DestinationMenu::Check(std::string_view name) {
 void DestinationMenu::Remember(std::int16_t model_type, std::string_view name) {
   settings_.SetDestination(model_type, name);
   Check(name);
+  source_ = checked_;
 }
 
 std::string DestinationMenu::TemplatePath(std::string_view name, std::int16_t model_type) const {
@@ -52,7 +53,7 @@ std::string DestinationMenu::TemplatePath(std::string_view name, std::int16_t mo
 
 void DestinationMenu::Pick(int index) {
   ShowCheckMark();  // triggering has toggled the entry
-  if (index == checked_ || index >= static_cast<int>(names_.size())) return;
+  if (index == source_ || index >= static_cast<int>(names_.size())) return;
   const std::string name = names_[static_cast<std::size_t>(index)];
   emit Picked(name);
 }

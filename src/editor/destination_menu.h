@@ -12,7 +12,8 @@
 namespace orvane::editor {
 
 /// The menu of the destinations: one entry for each template file of the current model that
-/// stands beside the program, and for the built-in ones. At most one entry is checked.
+/// stands beside the program, and for the built-in ones. At most one entry is checked; whether the
+/// data come from its template is another matter.
 class DestinationMenu : public QObject {
   Q_OBJECT
 
@@ -25,13 +26,15 @@ class DestinationMenu : public QObject {
   /// Checks the destination of that name and no other; letter case is ignored. Without such an
   /// entry the check mark stays.
   void Check(std::string_view name);
-  /// Checks it and keeps it for the next run.
+  /// The data come from that destination's template: checks it and keeps it for the next run.
   void Remember(std::int16_t model_type, std::string_view name);
+  /// The data come from elsewhere.
+  void ForgetSource() { source_ = -1; }
   /// Full path of the destination's template file, whether it exists or not.
   [[nodiscard]] std::string TemplatePath(std::string_view name, std::int16_t model_type) const;
 
  signals:
-  /// The user picked an entry that is not checked.
+  /// The user picked an entry that the data do not come from.
   void Picked(const std::string& name);
 
  private:
@@ -44,6 +47,7 @@ class DestinationMenu : public QObject {
   std::string folder_;
   std::vector<std::string> names_;
   int checked_ = -1;
+  int source_ = -1;  ///< the entry whose template the data come from
 };
 
 }  // namespace orvane::editor

@@ -62,7 +62,7 @@ void FileCommands::ReadFile(const std::string& path) {
   if (data_.Flags.Error) return;
   data_.CurrentFileName = path;
   data_.Flags.Cancel = false;
-  host_.RefreshAfterLoad();
+  host_.DataReplaced();
   host_.ShowGeneralPage();
   host_.CheckDestinationOfImage();
 }

@@ -166,12 +166,17 @@ void MainWindow::RefreshAfterLoad() {
   RefreshModelName();
 }
 
+void MainWindow::DataReplaced() {
+  destination_menu_.ForgetSource();
+  RefreshAfterLoad();
+}
+
 void MainWindow::ResetData(bool rebuild_destinations) {
   data_.Flags.Busy = true;
   image::ResetToDefaults(data_, services_.clock.Today());
   if (rebuild_destinations) destination_menu_.Rebuild(data_.MODELTYPE);
   data_.CurrentFileName.clear();
-  RefreshAfterLoad();
+  DataReplaced();
   ShowGeneralPage();
   ShowHint({});
   data_.Flags.Busy = false;

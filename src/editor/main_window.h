@@ -44,6 +44,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void ShowGeneralPage() override;
   void ShowPageAgain() override;
   void RefreshAfterLoad() override;
+  void DataReplaced() override;
   void ResetData(bool rebuild_destinations) override;
   void CheckDestinationOfImage() override;
   void RefreshTitle() override;

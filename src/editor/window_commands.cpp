@@ -46,7 +46,7 @@ void WindowCommands::Read(CommandHost& host) {
   if (!host.CheckPage() || !Transfer(host, link::SessionKind::kRead)) return;
   data_.CurrentFileName.clear();
   host.ShowGeneralPage();
-  host.RefreshAfterLoad();
+  host.DataReplaced();
   data_.Flags.DataChanged = false;
 }
 
@@ -134,7 +134,7 @@ void WindowCommands::LoadHex(CommandHost& host) {
   if (data_.Flags.Error) return;
   data_.CurrentFileName = path;
   host.ShowGeneralPage();
-  host.RefreshAfterLoad();
+  host.DataReplaced();
   host.CheckDestinationOfImage();
   data_.Flags.DataChanged = false;
 }

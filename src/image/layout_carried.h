@@ -49,6 +49,10 @@ inline constexpr std::array kCarriedRows = {
 inline constexpr std::array kStoredChannelRows = {
     Carried<RadioData>("stored channel", places::StoredChannel(0, 0), &StoredChannelText),
 };
+// The consistency pass looks for a call sign in every radio with DSC, also where none can be set.
+inline constexpr std::array kCarriedCallSignRows = {
+    Carried<RadioData>("MID", places::kCallSignMid, &CharactersText),
+};
 inline constexpr std::array kModelCodeRows = {
     CarriedNumber("model code, second copy", places::kModelCodeFromEnd),
 };
@@ -56,6 +60,15 @@ inline constexpr std::array kModelCodeRows = {
 inline constexpr Area<RadioData> kCarried = {.rows = kCarriedRows, .entry = &Whole};
 inline constexpr Area<RadioData> kModelCodeCopy = {
     .rows = kModelCodeRows, .entry = &Whole, .anchor = Anchor::kEnd};
+
+inline constexpr Area<RadioData> kCarriedCallSigns = {.name = "ATIS call sign",
+                                                      .base = places::kCallSignBase,
+                                                      .stride = places::kCallSignStride,
+                                                      .count = core::kCallSigns,
+                                                      .rows = kCarriedCallSignRows,
+                                                      .entry = &Whole,
+                                                      .label = Label::kFromOne,
+                                                      .when = When::kDscOnly};
 
 constexpr Area<RadioData> StoredChannels(std::string_view group_name, int group) {
   const int stride = (places::StoredChannel(0, 1).first - places::StoredChannel(0, 0).first) / 8;
@@ -75,6 +88,7 @@ template <class Visitor>
 constexpr void VisitCarried(Visitor&& visit) {
   visit(kCarried);
   visit(kModelCodeCopy);
+  visit(kCarriedCallSigns);
   for (const auto& area : kStoredChannels) visit(area);
 }
 

@@ -1,3 +1,4 @@
+#include "core/model_profile_rows.h"
 #include "image/layout_all.h"
 
 /// Proves while compiling that no two fields of a model claim the same bit, except where the
@@ -70,24 +71,15 @@ constexpr bool IsSound(const core::ModelProfile& profile) {
   return checker.Sound();
 }
 
-// All that the layout depends on, in the combinations that exist.
-constexpr core::ModelProfile Layout(int image_size, int radio_code_address,
-                                    std::optional<int> tone_byte, bool names, bool dsc) {
-  core::ModelProfile profile{};
-  profile.image_size = image_size;
-  profile.radio_code_address = radio_code_address;
-  profile.tone_byte = tone_byte;
-  profile.has_channel_names = names;
-  profile.has_dsc = dsc;
-  profile.has_call_signs = dsc;
-  return profile;
-}
-constexpr int kFull = core::MemoryImage::kSize;
-
-static_assert(IsSound(Layout(kFull, 0, std::nullopt, true, true)));
-static_assert(IsSound(Layout(kFull / 2, 0, std::nullopt, false, false)));
-static_assert(IsSound(Layout(kFull, 0, 10, true, false)));
-static_assert(IsSound(Layout(kFull, 64, 11, true, false)));
+using core::model_profile_rows::kProfiles;
+static_assert(kProfiles.size() == 7);
+static_assert(IsSound(kProfiles[0]));
+static_assert(IsSound(kProfiles[1]));
+static_assert(IsSound(kProfiles[2]));
+static_assert(IsSound(kProfiles[3]));
+static_assert(IsSound(kProfiles[4]));
+static_assert(IsSound(kProfiles[5]));
+static_assert(IsSound(kProfiles[6]));
 
 }  // namespace
 }  // namespace orvane::image

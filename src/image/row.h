@@ -19,7 +19,7 @@
 namespace orvane::image {
 
 /// What a model must have for a row or an area to exist.
-enum class When { kAlways, kDsc, kCallSigns, kNames, kTones, kCodeAtStart, kFullImage };
+enum class When { kAlways, kDsc, kCallSigns, kDscOnly, kNames, kTones, kCodeAtStart, kFullImage };
 
 constexpr bool Has(const core::ModelProfile& profile, When when) {
   switch (when) {
@@ -29,6 +29,8 @@ constexpr bool Has(const core::ModelProfile& profile, When when) {
       return profile.has_dsc;
     case When::kCallSigns:
       return profile.has_call_signs;
+    case When::kDscOnly:
+      return profile.has_dsc && !profile.has_call_signs;
     case When::kNames:
       return profile.has_channel_names;
     case When::kTones:

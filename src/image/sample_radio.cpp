@@ -1,6 +1,7 @@
 #include "image/sample_radio.h"
 
 #include <array>
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -167,6 +168,11 @@ core::RadioData MakeSampleRadio(std::int16_t model_type, core::Date today) {
 
 core::MemoryImage MakeDestinationTemplate(std::int16_t model_type, bool sel1, core::Date today) {
   core::RadioData data = NewDataSetThatTransmits(model_type, today);
+  constexpr double kKilohertzPerMegahertz = 1000;
+  for (core::ChannelRecord& channel : data.WX) {
+    const long khz = std::lround(channel.Rxfreq * kKilohertzPerMegahertz);
+    channel.ChTag = std::to_string(khz) + "KHZ";
+  }
   SetDestinationBits(data.Image, sel1, Sel2(data.Image));
   CompleteImage(data, today);
   return data.Image;

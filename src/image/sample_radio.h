@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "core/calendar.h"
@@ -13,8 +14,12 @@ namespace orvane::image {
 /// the model's checks and carries the destination bits of a new data set.
 [[nodiscard]] core::RadioData MakeSampleRadio(std::int16_t model_type, core::Date today);
 
+/// The models that come with a template of either built-in destination.
+inline constexpr std::array<std::int16_t, 3> kTemplateModels = {4, 5, 6};
+
 /// The image of a destination template: the channel plans with transmit power on every programmed
-/// channel that may transmit, SEL1 as given. All else is as in a new data set.
+/// channel that may transmit, weather channels named by their kilohertz ("162550KHZ": a name ends
+/// at a point when it is read back), SEL1 as given. All else is as in a new data set.
 [[nodiscard]] core::MemoryImage MakeDestinationTemplate(std::int16_t model_type, bool sel1,
                                                         core::Date today);
 

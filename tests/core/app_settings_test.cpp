@@ -73,15 +73,18 @@ TEST(Destinations, BuiltInOnesFillFreePlacesOnly) {
     std::string_view what;
     Names files, names;
   };
-  Names nine{"KT1", "KT2", "KT3", "KT4", "KT5", "KT6", "KT7", "KT8", "KT9"};
-  Names ten = nine;
-  ten.push_back("KT10");
+  const Names nine{"KT1", "KT2", "KT3", "KT4", "KT5", "KT6", "KT7", "KT8", "KT9"};
+  const Names ten{"KT1", "KT10", "KT2", "KT3", "KT4", "KT5", "KT6", "KT7", "KT8", "KT9"};
+  const Names of_eleven{"KT1", "KT10", "KT11", "KT2", "KT3", "KT4", "KT5", "KT6", "KT7", "KT8"};
   Names nine_and_one = nine;
   nine_and_one.push_back("KT740-usa");
   const Case cases[] = {{"no file", {}, {"KT740-usa", "KT520-usa"}},
                         {"nine files", Templates(9), nine_and_one},
                         {"ten files", Templates(10), ten},
-                        {"eleven files", Templates(11), ten},
+                        {"eleven files", Templates(11), of_eleven},
+                        {"sorted whatever the case and what follows the name",
+                         {"KTb_02E4.ini", "KTC_02E4.ini", "KTa-1_02E4.ini", "KTa_02E4.ini"},
+                         {"KTa", "KTa-1", "KTb", "KTC", "KT740-usa", "KT520-usa"}},
                         {"a built-in one as file",
                          {"kt520-USA_02E4.ini", "KT520-USA_02E4.ini"},
                          {"KT520-USA", "KT740-usa"}},

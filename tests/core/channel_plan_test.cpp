@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 
 #include "core/rendering.h"
+#include "support/golden.h"
 
 namespace orvane::core {
 namespace {
@@ -55,44 +57,42 @@ TEST(ChannelPlan, WeatherTableHoldsItsFrequencyTexts) {
   EXPECT_FALSE(table[7].ScanMemory) << "nothing of the data before a reset may stay";
 }
 
-class FreshMarineTable : public ::testing::TestWithParam<MarineGroup> {
- protected:
-  FreshMarineTable() {
-    for (ChannelRecord& channel : table_) {
-      channel.ChTag = "OLD";
-      channel.Scramble = 7;
-      channel.TXPower = 3;
+TEST(FreshMarineTables, HoldThePlansAndNothingElse) {
+  const std::string names[] = {"USA", "INTL", "Canada"};
+  std::string plans;
+  for (const MarineGroup group : kMarineGroups) {
+    MarineTable table;
+    for (ChannelRecord& old : table) {
+      old.ChTag = "OLD";
+      old.TXPower = 3;
+      old.Narrow = true;
     }
-    ResetMarineTable(GetParam(), table_);
-  }
-  MarineTable table_;
-};
+    ResetMarineTable(group, table);
+    for (std::size_t i = 0; i < table.size(); ++i) {
+      const ChannelRecord& channel = table[i];
+      ChannelRecord rest = channel;
+      rest.ChTag.clear();
+      rest.Enable = rest.PowUp = rest.LowPower = rest.Duplex = rest.RxOnly = false;
+      ChannelRecord unused;
+      unused.Position = static_cast<std::int16_t>(i);
+      unused.TxEnable = !channel.RxOnly;
+      unused.DuplexAllowed = i % 2 == 0 && !channel.RxOnly;
+      EXPECT_EQ(rest, unused) << PlanLabel(channel.Position);
 
-TEST_P(FreshMarineTable, KeepsTheRulesOfEveryPlan) {
-  for (std::size_t i = 0; i < table_.size(); ++i) {
-    const ChannelRecord& channel = table_[i];
-    SCOPED_TRACE(ChannelPlan()[i].text);
-    EXPECT_EQ(channel.Position, static_cast<int>(i));
-    EXPECT_EQ(channel.TxEnable, !channel.RxOnly);
-    EXPECT_EQ(channel.DuplexAllowed, i % 2 == 0 && !channel.RxOnly);
-    EXPECT_TRUE(!channel.Duplex || channel.DuplexAllowed);
-    EXPECT_EQ(channel.TXPower, 0);
-    EXPECT_EQ(channel.Scramble, 0);
-    EXPECT_NE(channel.ChTag, "OLD");
+      std::string flags;
+      if (channel.PowUp) flags += 'P';
+      if (channel.LowPower) flags += 'L';
+      if (channel.Duplex) flags += 'D';
+      if (channel.RxOnly) flags += 'R';
+      if (!channel.Enable) flags += 'x';
+      if (flags == "x" && channel.ChTag.empty()) continue;
+      plans += names[static_cast<std::size_t>(group)] + ' ' +
+               std::string(PlanLabel(channel.Position)) + ' ' +
+               (channel.ChTag.empty() ? "-" : channel.ChTag) + (flags.empty() ? "" : " ") + flags +
+               '\n';
+    }
   }
-  EXPECT_EQ(table_[32].ChTag, "DISTRESS");
-  EXPECT_TRUE(table_[140].RxOnly) << "channel 70 carries digital calls only";
-}
-
-INSTANTIATE_TEST_SUITE_P(AllGroups, FreshMarineTable, ::testing::ValuesIn(kMarineGroups));
-
-TEST(MarineDefaults, AChannelThatThePlanSwitchesOffHasItsDuplexAllTheSame) {
-  MarineTable table;
-  ResetMarineTable(MarineGroup::kUsa, table);
-  for (const auto& [channel, duplex] : {std::pair(64U, false), std::pair(87U, true)}) {
-    EXPECT_FALSE(table[2 * channel].Enable) << channel;
-    EXPECT_EQ(table[2 * channel].Duplex, duplex) << channel;
-  }
+  ::orvane::testing::ExpectGolden("marine_plans.txt", plans);
 }
 
 }  // namespace

@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <string>
 
 #include "core/text.h"
 #include "core/tones.h"
+#include "support/golden.h"
 
 namespace orvane::core {
 namespace {
@@ -72,10 +73,11 @@ TEST(Tones, InvertedCodesFollowTheNormalOnes) {
   const std::pair<int, std::string_view> cases[] = {
       {-1, ""}, {0, ""}, {1, "023N"}, {104, "754N"}, {105, "023I"}, {208, "754I"}, {209, ""}};
   for (const auto& [index, text] : cases) EXPECT_EQ(DcsText(index), text) << index;
-  EXPECT_EQ(CtcssText(9), "88.5Hz");
-  EXPECT_EQ(CtcssText(50), "254.1Hz");
+  std::string lists;
+  for (int i = 0; i < 51; ++i) lists += std::string(CtcssText(i)) + '\n';
+  for (const std::string_view code : DcsList()) lists += std::string(code) + '\n';
+  ::orvane::testing::ExpectGolden("tone_lists.txt", lists);
   EXPECT_EQ(CtcssText(51), "");
-  EXPECT_TRUE(std::is_sorted(DcsList().begin() + 1, DcsList().end()));
 }
 
 TEST(Tones, ToneWinsOverCodeAndEachDirectionHasItsOwn) {

@@ -186,7 +186,9 @@ class ChannelPageTest : public QObject {
       // One channel of either kind: that of the other kind does not count.
       for (int n = 1; n <= 40; ++n) desk.data.EXP[n].Enable = n == 1 || n == 9;
       desk.data.EXP[9].INT_Group = desk.data.EXP[9].CAN_Group = false;
-      desk.data.LmrPresent() = desk.data.ExpPresent = group_on;
+      // Nor does the other group's use.
+      desk.data.LmrPresent() = (key == kLmr) == group_on;
+      desk.data.ExpPresent = (key == kExp) == group_on;
       const ChannelRecord before = Channel(desk, key);
       desk.Open(key);
       desk.Press(name);

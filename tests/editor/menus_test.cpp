@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "core/app_settings.h"
+#include "files/settings_file.h"
 #include "image/codec.h"
 #include "image/sample_radio.h"
 #include "window_desk.h"
@@ -177,6 +178,44 @@ class MenusTest : public QObject {
     desk.Item("mnuDestination_0").trigger();  // checked already: nothing is asked
     QCOMPARE(desk.Messages().size(), 1);
     QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT520-usa"}));
+  }
+
+  void CheckedDestinationIsAChoiceUnlessTheDataComeFromIt_data() {
+    QTest::addColumn<QString>("replaced_by");
+    for (const char* by : {"start", "New", "file", "radio or image", "failed template", "nothing"})
+      QTest::addRow("%s", by) << QString(by);
+  }
+  void CheckedDestinationIsAChoiceUnlessTheDataComeFromIt() {
+    QFETCH(QString, replaced_by);
+    WindowDesk desk;
+    const std::string template_file = "/share/" + core::DestinationFileName("KT740-usa", 5);
+    const core::MemoryImage image = image::MakeDestinationTemplate(5, true, desk.clock.today);
+    desk.files.files[template_file] = std::string(image.Used().begin(), image.Used().end());
+    desk.Start();
+    core::RadioData fresh = desk.data;
+    QAction& entry = desk.Item("mnuDestination_0");
+    if (replaced_by != "start") entry.trigger();
+    desk.prompts.messages.clear();
+    if (replaced_by == "New") desk.TriggerAndWait("mnuFileNew");
+    if (replaced_by == "file") {
+      static_cast<void>(files::WriteSettingFile(fresh, "/boat.dat", desk.files, desk.pump));
+      desk.dialogs.paths = {"/boat.dat"};
+      desk.Item("mnuFileOpen").trigger();
+    }
+    if (replaced_by == "radio or image") desk.window->DataReplaced();
+    if (replaced_by == "failed template") {
+      desk.Item("mnuDestination_1").trigger();  // has no file
+      desk.prompts.messages.clear();
+    }
+    QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT740-usa"}));
+    entry.trigger();
+    const bool asked = replaced_by != "nothing";
+    QCOMPARE(desk.Messages(),
+             asked ? QStringList{"Do yo want to change to KT740-usa?"} : QStringList());
+    QCOMPARE(int{desk.data.Table(core::MarineGroup::kUsa)[32].TXPower}, 3);
+    entry.trigger();  // now they do come from it
+    QCOMPARE(desk.Messages().size(), asked ? 1 : 0);
+    QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT740-usa"}));
   }
 
   void ModelCommandStartsAFreshDataSetOfTheModel() {

@@ -49,27 +49,6 @@ TEST(DecodeCommon, RotaryBeepComesBackOnlyWithCallSigns) {
   }
 }
 
-TEST(DecodeDsc, PairsAndGroupsHaveTheirBits) {
-  RadioData data = NewData(3);
-  SetBytes(data.Image, 160, {0x40, 0x81, 0x18, 0xA5, 0x94, 0x81, 0x42});
-  SetBytes(data.Image, 496, {0x12, 0x34, 0x56, 0x78, 0x9F});
-  DecodeAll(data);
-  EXPECT_FALSE(data.Dsc.AvailableGroup[0]);
-  EXPECT_TRUE(data.Dsc.AvailableGroup[1]);
-  EXPECT_TRUE(data.Dsc.AllShipsCall[0].On && data.Dsc.AllShipsCall[3].Hi);
-  EXPECT_FALSE(data.Dsc.AllShipsCall[3].On || data.Dsc.AllShipsCall[0].Hi);
-  EXPECT_TRUE(data.Dsc.GroupCall[3].On && data.Dsc.GroupCall[0].Hi);
-  EXPECT_TRUE(data.Dsc.IndividualCall[2].On && data.Dsc.IndividualCall[1].Hi);
-  EXPECT_TRUE(data.Dsc.PosRequest.On && data.Dsc.PosSend.Hi && data.Dsc.DistressCancelCall);
-  EXPECT_FALSE(data.Dsc.PosRequest.Hi || data.Dsc.PosSend.On || data.Dsc.StanbyMode);
-  EXPECT_TRUE(data.Dsc.BeepOutput[0] && data.Dsc.BeepOutput[7]);
-  EXPECT_TRUE(data.Dsc.IndividualAckMessageMenu && data.Dsc.PosRequestAckMenu);
-  EXPECT_FALSE(data.Dsc.IndividualAckMenu);
-  EXPECT_EQ(data.Dsc.UserMmsi, "123456789");
-  EXPECT_EQ(data.Usable[0].Backup, 0x34);
-  EXPECT_EQ(data.Usable[2].Backup, 0x78);
-}
-
 TEST(DecodeMarine, BitmapsCountFromTheHighBit) {
   RadioData data = NewData(5);
   for (int i = 256; i < 286; ++i) data.Image[i] = 0;
@@ -153,15 +132,6 @@ TEST(DecodeExtra, ToneBlockStandsWhereTheModelHasIt) {
       EXPECT_EQ(data.EXP[1].RxComp, c.complement);
     }
   }
-}
-
-TEST(DecodeExtra, ClearGroupBitsMeanMembership) {
-  RadioData data = NewData(5);
-  data.Image[kRecord1 + 15] = 0x80 + 0x04;
-  DecodeAll(data);
-  EXPECT_EQ(data.EXP[1].LMR_EXP, -1);
-  EXPECT_TRUE(data.EXP[1].USA_Group && data.EXP[1].CAN_Group);
-  EXPECT_FALSE(data.EXP[1].INT_Group);
 }
 
 TEST(DecodeExtra, PresenceNeedsTheGroupAndAnEnabledChannelOfTheKind) {

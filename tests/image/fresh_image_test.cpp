@@ -55,7 +55,9 @@ TEST(FreshImage, HoldsTheFactoryBytes) {
 
 TEST(New, KeepsNothingOfTheDataBefore) {
   for (const auto& profile : core::ModelProfiles()) {
-    const RadioData clean = NewData(profile.model_type);
+    RadioData clean = NewData(profile.model_type);
+    clean.ProductName = "Orvane";
+    clean.ProgramTitle = "title";
     RadioData used = clean;
     for (std::uint8_t& byte : used.Image.All()) byte = 0x55;
     DecodeAll(used);
@@ -64,12 +66,9 @@ TEST(New, KeepsNothingOfTheDataBefore) {
     used.ExpPresent = true;
     used.CurrentFileName = "boat.dat";
     used.Flags.Debug = used.Flags.DataChanged = true;
-    used.ProductName = "Orvane";
-    used.ProgramTitle = "title";
     ResetToDefaults(used, kAfterCutOver);
     EXPECT_TRUE(testing::SameContents(used, clean));
     EXPECT_TRUE(used.Flags.Debug && used.Flags.DataChanged);
-    EXPECT_EQ(used.ProductName + used.ProgramTitle, "Orvanetitle");
   }
 }
 

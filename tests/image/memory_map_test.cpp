@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "image/codec.h"
@@ -108,21 +109,33 @@ TEST(SampleRadio, IsARadioInUseThatPassesItsOwnChecks) {
   }
 }
 
-TEST(DestinationTemplate, DiffersFromNewOnlyInPowerProductAndSel1) {
-  for (const bool sel1 : {true, false}) {
-    const core::ModelProfile& kt740 = core::ProfileOf(std::int16_t{5});
-    const core::MemoryImage image = MakeDestinationTemplate(5, sel1, kAfterCutOver);
-    EXPECT_FALSE(CheckImage(image.Used(), kt740).Any());
-    EXPECT_EQ(Sel1(image), sel1);
-    const core::RadioData fresh = ::orvane::testing::NewData(5);
-    EXPECT_EQ(Sel2(image), Sel2(fresh.Image));
-    for (int i = 0; i < image.UsedSize(); ++i) {
-      const bool flag_byte = i >= 768 && i < 2272;
-      const bool meant = flag_byte || i == 95 || i == 168 || i == 16370;
-      EXPECT_TRUE(meant || image[i] == fresh.Image[i]) << i;
+TEST(DestinationTemplate, DecodesToNewWithPowerProductSel1AndLastingWeatherNames) {
+  const std::array<std::string, 10> weather = {"162550KHZ", "162400KHZ", "162475KHZ", "162425KHZ",
+                                               "162450KHZ", "162500KHZ", "162525KHZ", "161650KHZ",
+                                               "161775KHZ", "163275KHZ"};
+  for (const std::int16_t model : kTemplateModels) {
+    for (const bool sel1 : {true, false}) {
+      SCOPED_TRACE(std::to_string(model) + (sel1 ? " SEL1" : ""));
+      core::RadioData meant = ::orvane::testing::NewData(model);
+      for (core::MarineTable& table : meant.Marine) {
+        for (core::ChannelRecord& channel : table) {
+          channel.TxEnable = channel.Enable && !channel.RxOnly;
+          channel.TXPower = !channel.TxEnable ? 0 : channel.LowPower ? 1 : 3;
+          channel.SelectedPlan = sel1;
+        }
+      }
+      for (std::size_t i = 0; i < weather.size(); ++i) meant.WX[i].ChTag = weather[i];
+      if (model == 5) meant.ModelName = sel1 ? "KT740" : "KT520";
+
+      core::RadioData read = ::orvane::testing::NewData(model);
+      meant.Image = read.Image = MakeDestinationTemplate(model, sel1, kAfterCutOver);
+      EXPECT_FALSE(CheckImage(read.Image.Used(), core::ProfileOf(model)).Any());
+      EXPECT_EQ(Sel1(read.Image), sel1);
+      EXPECT_EQ(Sel2(read.Image), Sel2(::orvane::testing::NewData(model).Image));
+      DecodeAll(read);
+      EXPECT_EQ(read.WX, meant.WX);
+      EXPECT_TRUE(read == meant);
     }
-    EXPECT_EQ(image[832] >> 6, 3);
-    EXPECT_EQ(image[836] >> 6, 1);
   }
 }
 
