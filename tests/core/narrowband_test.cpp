@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/dates.h"
 #include "support/fakes.h"
 
 namespace orvane::core {
@@ -9,9 +10,9 @@ namespace {
 
 using testing::ScriptedPrompts;
 
-constexpr Date kLastFreeDay{std::chrono::year{2012}, std::chrono::December, std::chrono::day{31}};
-constexpr Date kFirstBoundDay{std::chrono::year{2013}, std::chrono::January, std::chrono::day{1}};
-constexpr Date kLater{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}};
+using ::orvane::testing::kAfterCutOver;
+using ::orvane::testing::kBeforeCutOver;
+using ::orvane::testing::kCutOver;
 
 constexpr std::string_view kConvertQuestion =
     "FCC Rule Caution!\r\n\r\n"
@@ -53,13 +54,11 @@ TEST_F(Narrowband, BandEdgesAndCutOverDayCount) {
     Date today;
     WideState state;
   };
-  const Case cases[] = {{149.9999, kLater, WideState::kNone},
-                        {150.0, kLater, WideState::kForbidden},
-                        {174.0, kLater, WideState::kForbidden},
-                        {174.0001, kLater, WideState::kNone},
-                        {155.0, kLastFreeDay, WideState::kAllowed},
-                        {155.0, kFirstBoundDay, WideState::kForbidden},
-                        {0, kLater, WideState::kNone}};
+  const Case cases[] = {
+      {149.9999, kAfterCutOver, WideState::kNone},   {150.0, kAfterCutOver, WideState::kForbidden},
+      {174.0, kAfterCutOver, WideState::kForbidden}, {174.0001, kAfterCutOver, WideState::kNone},
+      {155.0, kBeforeCutOver, WideState::kAllowed},  {155.0, kCutOver, WideState::kForbidden},
+      {0, kAfterCutOver, WideState::kNone}};
   for (const Case& c : cases) {
     Wide().Txfreq = c.mhz;
     EXPECT_EQ(WideTest(data_, Wide(), c.today), c.state) << c.mhz;
@@ -85,7 +84,7 @@ TEST_F(Narrowband, ChannelsOutsideTheRuleRaiseNothing) {
     c.change(data);
     const ExtraTable before = data.EXP;
     for (const auto direction : {NarrowbandDirection::kDownload, NarrowbandDirection::kUpload}) {
-      EXPECT_TRUE(NarrowbandCheck(data, direction, kLater, prompts_)) << c.what;
+      EXPECT_TRUE(NarrowbandCheck(data, direction, kAfterCutOver, prompts_)) << c.what;
     }
     EXPECT_EQ(data.EXP, before) << c.what;
   }
@@ -98,7 +97,7 @@ TEST_F(Narrowband, EveryEnabledChannelOfTheBandIsConverted) {
   data_.EXP[9].Enable = false;
   data_.EXP[10] = Wide();
   data_.EXP[10].Txfreq = 149;
-  SetNarrow(data_, kLater);
+  SetNarrow(data_, kAfterCutOver);
   for (int n = 1; n <= 40; ++n) EXPECT_EQ(data_.EXP[n].Narrow, n == 7 || n == 40) << n;
 }
 
@@ -113,17 +112,15 @@ TEST_F(Narrowband, AsksAndConvertsAsTheDirectionAndTheDayDemand) {
   };
   using enum NarrowbandDirection;
   const Case cases[] = {
-      {kDownload, kLastFreeDay, Answer::kYes, "Download", kConvertQuestion, Buttons::kYesNo, true,
+      {kDownload, kBeforeCutOver, Answer::kYes, "Download", kConvertQuestion, Buttons::kYesNo, true,
        true},
-      {kDownload, kLastFreeDay, Answer::kNo, "Download", kConvertQuestion, Buttons::kYesNo, true,
+      {kDownload, kBeforeCutOver, Answer::kNo, "Download", kConvertQuestion, Buttons::kYesNo, true,
        false},
-      {kDownload, kFirstBoundDay, Answer::kYes, "Download", kStartQuestion, Buttons::kYesNo, true,
-       true},
-      {kDownload, kFirstBoundDay, Answer::kNo, "Download", kStartQuestion, Buttons::kYesNo, false,
-       true},
-      {kUpload, kLastFreeDay, Answer::kOk, "", "", Buttons::kOk, true, false},
-      {kUpload, kFirstBoundDay, Answer::kOk, "Upload", kNotice, Buttons::kOk, true, true},
-      {kSave, kFirstBoundDay, Answer::kOk, "Save", kNotice, Buttons::kOk, true, true}};
+      {kDownload, kCutOver, Answer::kYes, "Download", kStartQuestion, Buttons::kYesNo, true, true},
+      {kDownload, kCutOver, Answer::kNo, "Download", kStartQuestion, Buttons::kYesNo, false, true},
+      {kUpload, kBeforeCutOver, Answer::kOk, "", "", Buttons::kOk, true, false},
+      {kUpload, kCutOver, Answer::kOk, "Upload", kNotice, Buttons::kOk, true, true},
+      {kSave, kCutOver, Answer::kOk, "Save", kNotice, Buttons::kOk, true, true}};
   for (const Case& c : cases) {
     RadioData data = data_;
     ScriptedPrompts prompts;

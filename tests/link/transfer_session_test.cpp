@@ -343,7 +343,7 @@ TEST(ReadSession, WhatWasReadGoesThroughTheNarrowbandRule) {
   core::RadioData wide = testing::NewData(5);
   wide.Image[16370] = *core::ProfileOf(wide).product_byte;
   AddWideChannel(wide);
-  image::EncodeAll(wide, {std::chrono::year{2012}, std::chrono::month{12}, std::chrono::day{31}});
+  image::EncodeAll(wide, testing::kBeforeCutOver);
   Bench bench;
   std::ranges::copy(RadioMemory(core::ProfileOf(wide), wide.Image.Used()),
                     bench.radio->radio.Memory().begin());

@@ -12,6 +12,7 @@
 #include "sim/host_system.h"
 #include "sim/options.h"
 #include "sim/radio_source.h"
+#include "support/dates.h"
 
 namespace orvane::sim {
 namespace {
@@ -124,9 +125,9 @@ TEST(RadioContents, AnImageMustBeWholeAndOfTheModel) {
 }
 
 TEST(RadioContents, ASampleOfEveryModelPassesTheChecksOfAConnectingProgram) {
-  const core::Date today{std::chrono::year{2026}, std::chrono::month{6}, std::chrono::day{15}};
   for (const core::ModelProfile& profile : core::ModelProfiles()) {
-    const RadioContents contents = SampleContents(profile.model_type, today);
+    const RadioContents contents =
+        SampleContents(profile.model_type, ::orvane::testing::kAfterCutOver);
     EXPECT_FALSE(image::CheckImage(contents.memory, profile, profile.radio_code_address).Any());
   }
 }

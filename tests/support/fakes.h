@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/services.h"
+#include "support/dates.h"
 
 /// Scripted stand-ins for the services. No time passes and nothing touches the disk.
 namespace orvane::testing {
@@ -43,7 +44,7 @@ class ManualClock : public core::Clock {
   void Pause(double seconds) override { now += seconds; }
 
   double now = 1000;
-  core::Date today{std::chrono::year{2026}, std::chrono::month{6}, std::chrono::day{15}};
+  core::Date today = kAfterCutOver;
 };
 
 /// Waiting jumps the clock just past the deadline, unless the hook (a simulated device) has

@@ -1,19 +1,14 @@
 #pragma once
 
-#include <chrono>
 #include <initializer_list>
 #include <vector>
 
 #include "core/model_profile.h"
 #include "image/codec.h"
+#include "support/dates.h"
 
 /// Data sets to start image tests from.
 namespace orvane::testing {
-
-inline constexpr core::Date kBeforeCutOver{std::chrono::year{2012}, std::chrono::month{12},
-                                           std::chrono::day{31}};
-inline constexpr core::Date kAfterCutOver{std::chrono::year{2026}, std::chrono::month{6},
-                                          std::chrono::day{15}};
 
 inline core::RadioData NewData(int model_type) {
   core::RadioData data;
