@@ -35,7 +35,7 @@ std::vector<std::uint8_t> BytesOf(std::string_view text, std::string_view termin
 
 }  // namespace
 
-SerialLink::SerialLink(core::RadioData& data, LinkServices services)
+SerialLink::SerialLink(core::RadioData& data, const LinkServices& services)
     : data_(data), services_(services) {}
 
 bool SerialLink::OpenPort(std::string_view routine) {

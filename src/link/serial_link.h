@@ -60,7 +60,7 @@ class LinkFailure : public std::runtime_error {
 /// that send or wait throw LinkFailure when the device is gone.
 class SerialLink {
  public:
-  SerialLink(core::RadioData& data, LinkServices services);
+  SerialLink(core::RadioData& data, const LinkServices& services);
 
   bool PortOpen();    ///< does nothing when the port is open already
   bool PortInit();    ///< opens anew

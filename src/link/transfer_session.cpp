@@ -44,7 +44,7 @@ std::string_view ModeTitle(SessionKind kind) {
   return {};
 }
 
-TransferSession::TransferSession(core::RadioData& data, LinkServices services,
+TransferSession::TransferSession(core::RadioData& data, const LinkServices& services,
                                  core::Prompts& prompts)
     : data_(data), services_(services), prompts_(prompts), link_(data, services) {}
 

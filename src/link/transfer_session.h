@@ -26,7 +26,7 @@ enum class SessionKind { kRead = 0, kProgram = 1, kClear = 2 };
 /// cancelled program run leaves the radio with a partly written image and says so.
 class TransferSession {
  public:
-  TransferSession(core::RadioData& data, LinkServices services, core::Prompts& prompts);
+  TransferSession(core::RadioData& data, const LinkServices& services, core::Prompts& prompts);
 
   /// Runs the session to its end. Never throws. Busy flag set meanwhile; the port is closed
   /// afterwards. With the error flag set, the dialog stays open and OK may be pressed again. After
