@@ -3,6 +3,7 @@
 #include <QKeySequence>
 
 #include "core/explanations.h"
+#include "core/product.h"
 #include "editor/tool_tips.h"
 
 namespace orvane::editor {
@@ -72,9 +73,9 @@ void AddEditMenu(QMenuBar& bar, Menus& menus) {
 void AddTransferMenu(QMenuBar& bar, Menus& menus) {
   QMenu& transfer = *AddMenu(bar, "mnuTransfer", QStringLiteral("&Transfer"));
   menus.program = AddItem(transfer, QStringLiteral("mnuTransferProgram"),
-                          QStringLiteral("&Program to Radio"), Qt::CTRL | Qt::Key_T);
+                          QLatin1Char('&') + QLatin1String(core::kProgramToRadio.data()), Qt::CTRL | Qt::Key_T);
   menus.read = AddItem(transfer, QStringLiteral("mnuTransferRead"),
-                       QStringLiteral("&Read from Radio"), Qt::CTRL | Qt::Key_R);
+                       QLatin1Char('&') + QLatin1String(core::kReadFromRadio.data()), Qt::CTRL | Qt::Key_R);
 }
 
 void AddOptionsMenu(QMenuBar& bar, Menus& menus) {

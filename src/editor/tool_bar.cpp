@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QToolButton>
 
+#include "core/product.h"
 #include "editor/drawn_icon.h"
 
 namespace orvane::editor {
@@ -18,10 +19,10 @@ ToolBar::ToolBar(const Menus& menus, QWidget* parent) : QToolBar(parent) {
   addSeparator();
   AddButton("Print", "Print", "print", menus.file_print);
   addSeparator();
-  AddButton("Program", "Program to Radio", "program", menus.program);
-  AddButton("Read", "Read from Radio", "read", menus.read);
-  AddButton("Program2", "Program to Radio", "program", menus.program);
-  AddButton("Read2", "Read from Radio", "read", menus.read);
+  AddButton("Program", core::kProgramToRadio.data(), "program", menus.program);
+  AddButton("Read", core::kReadFromRadio.data(), "read", menus.read);
+  AddButton("Program2", core::kProgramToRadio.data(), "program", menus.program);
+  AddButton("Read2", core::kReadFromRadio.data(), "read", menus.read);
   for (const Button& button : buttons_) {
     // The second pair is there for automation only.
     if (button.action->objectName().endsWith(QLatin1Char('2'))) button.action->setVisible(false);
