@@ -72,10 +72,12 @@ void AddEditMenu(QMenuBar& bar, Menus& menus) {
 
 void AddTransferMenu(QMenuBar& bar, Menus& menus) {
   QMenu& transfer = *AddMenu(bar, "mnuTransfer", QStringLiteral("&Transfer"));
-  menus.program = AddItem(transfer, QStringLiteral("mnuTransferProgram"),
-                          QLatin1Char('&') + QLatin1String(core::kProgramToRadio.data()), Qt::CTRL | Qt::Key_T);
-  menus.read = AddItem(transfer, QStringLiteral("mnuTransferRead"),
-                       QLatin1Char('&') + QLatin1String(core::kReadFromRadio.data()), Qt::CTRL | Qt::Key_R);
+  menus.program =
+      AddItem(transfer, QStringLiteral("mnuTransferProgram"),
+              QLatin1Char('&') + QLatin1String(core::kProgramToRadio.data()), Qt::CTRL | Qt::Key_T);
+  menus.read =
+      AddItem(transfer, QStringLiteral("mnuTransferRead"),
+              QLatin1Char('&') + QLatin1String(core::kReadFromRadio.data()), Qt::CTRL | Qt::Key_R);
 }
 
 void AddOptionsMenu(QMenuBar& bar, Menus& menus) {
