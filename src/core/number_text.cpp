@@ -37,8 +37,22 @@ std::size_t ExponentLength(std::string_view text) {
   return digits == 0 ? 0 : 1 + sign + digits;
 }
 
+/// Up to four digits and nothing else: nearly every number of a settings file.
+std::optional<int> ParseShortWhole(std::string_view text) {
+  constexpr std::size_t kMostDigits = 4;
+  if (text.empty() || text.size() > kMostDigits) return std::nullopt;
+  int value = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return std::nullopt;
+    value = value * 10 + (c - '0');
+  }
+  return value;
+}
+
 template <class Integer>
 std::optional<Integer> ParseInteger(std::string_view text) {
+  const std::optional<int> whole = ParseShortWhole(text);
+  if (whole && *whole <= std::numeric_limits<Integer>::max()) return static_cast<Integer>(*whole);
   const std::optional<double> number = ParseNumber(text);
   if (!number) return std::nullopt;
   const double rounded = RoundHalfEven(*number);
@@ -69,6 +83,7 @@ double RoundHalfEven(double value) {
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
+  if (const std::optional<int> whole = ParseShortWhole(text)) return *whole;
   text = Trim(text);
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);

@@ -5,10 +5,6 @@
 namespace orvane::core {
 namespace {
 
-char Upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -17,7 +13,7 @@ char Lower(char c) {
 
 std::string UpperCase(std::string_view text) {
   std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), Upper);
+  std::transform(result.begin(), result.end(), result.begin(), [](char c) { return UpperCase(c); });
   return result;
 }
 
@@ -28,17 +24,19 @@ std::string LowerCase(std::string_view text) {
 }
 
 std::string_view Trim(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  return first == std::string_view::npos ? std::string_view() : TrimRight(text.substr(first));
+  while (text.starts_with(' ')) text.remove_prefix(1);
+  return TrimRight(text);
 }
 
 std::string_view TrimRight(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
+  while (text.ends_with(' ')) text.remove_suffix(1);
+  return text;
 }
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Upper(x) == Upper(y); });
+  if (a.size() != b.size()) return false;
+  return std::equal(a.begin(), a.end(), b.begin(),
+                    [](char x, char y) { return x == y || UpperCase(x) == UpperCase(y); });
 }
 
 std::vector<std::string_view> Split(std::string_view text, char separator) {

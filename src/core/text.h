@@ -7,6 +7,9 @@
 /// Small helpers for 8-bit texts. Only ASCII letters change case; other bytes pass unchanged.
 namespace orvane::core {
 
+[[nodiscard]] constexpr char UpperCase(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 [[nodiscard]] std::string UpperCase(std::string_view text);
 [[nodiscard]] std::string LowerCase(std::string_view text);
 /// Blanks removed at both ends.

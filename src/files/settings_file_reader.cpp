@@ -4,6 +4,7 @@
 #include "core/message_facts.h"
 #include "core/model_profile.h"
 #include "core/number_text.h"
+#include "files/byte_order_mark.h"
 #include "files/settings_file.h"
 #include "files/settings_file_keys.h"
 #include "files/settings_file_table.h"
@@ -169,10 +170,14 @@ bool IsOfModel(std::string_view text, const core::RadioData& data) {
 }  // namespace
 
 std::optional<double> SettingFileModel(std::string_view text) {
+  const std::optional<std::string> unmarked = WithoutByteOrderMark(text);
+  if (unmarked) text = *unmarked;
   return core::ParseNumber(ReadMainValue(text, kMainSection, kModelTypeKey));
 }
 
 bool ApplySettingText(core::RadioData& data, std::string_view text, core::EventPump& pump) {
+  const std::optional<std::string> unmarked = WithoutByteOrderMark(text);
+  if (unmarked) text = *unmarked;
   if (!IsOfModel(text, data)) return false;
   const core::Flag was_busy = std::exchange(data.Flags.Busy, true);
   core::RadioData fresh = data;

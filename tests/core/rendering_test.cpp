@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "core/text.h"
 #include "core/tones.h"
@@ -12,17 +14,21 @@ namespace orvane::core {
 namespace {
 
 TEST(Rendering, ListsAreEmptyOutsideTheirItems) {
-  EXPECT_EQ(TxPoDisplayText(1), "Lo Po on Changing CH");
-  EXPECT_EQ(TxPoDisplayText(3), "");
-  EXPECT_EQ(ResumeTimeText(0), "--");
-  EXPECT_EQ(ResumeTimeText(3), "3Sec");
-  EXPECT_EQ(ResumeTimeText(4), "");
-  EXPECT_EQ(MagneticVariationText(1), "Mag");
-  EXPECT_EQ(MagneticVariationText(-1), "");
-  EXPECT_EQ(WeatherAlertText(3), "On");
-  EXPECT_EQ(WeatherAlertText(0), "Off");
-  EXPECT_EQ(WeatherAlertText(1), "");
-  EXPECT_EQ(WeatherAlertText(2), "");
+  using Texts = std::vector<std::string_view>;
+  const struct {
+    std::string_view (*text)(int);
+    Texts texts;  ///< of the values from -1 on
+  } cases[] = {
+      {TxPoDisplayText, {"", "Lo Po Only", "Lo Po on Changing CH", "Last TX Po", ""}},
+      {ResumeTimeText, {"", "--", "1Sec", "2Sec", "3Sec", ""}},
+      {MagneticVariationText, {"", "True", "Mag", ""}},
+      {WeatherAlertText, {"", "Off", "", "", "On", ""}},
+  };
+  for (const auto& c : cases) {
+    Texts texts;
+    for (int value = -1; texts.size() < c.texts.size(); ++value) texts.push_back(c.text(value));
+    EXPECT_EQ(texts, c.texts);
+  }
 }
 
 TEST(Rendering, TimeOffsetRunsFromMinusTwelveToPlusTwelve) {

@@ -159,6 +159,104 @@ TEST(SettingsFileWriter, WritesEveryKeyInItsOrderAndForm) {
             "A0=&H0F|A1=&H1F|A2=&H2F|A3=&H3F|A4=&H4F|A5=&H5F|A6=&H6F|A7=&H7F");
 }
 
+struct KeyCase {
+  const char* section;
+  const char* line;  ///< the only one that differs from those of empty records
+  void (*set)(RadioData&);
+};
+
+core::ChannelRecord& Usa12(RadioData& data) {
+  return data.Marine[0][12];
+}
+core::ChannelRecord& Extra1(RadioData& data) {
+  return data.EXP[1];
+}
+
+// clang-format off
+const KeyCase kKeyCases[] = {
+    {"Usable CH Group Setup", "TX TOT 2=1", [](RadioData& d) { d.Usable[2].TX_TOT = true; }},
+    {"Usable CH Group Setup", "Status Icon 1=1", [](RadioData& d) { d.Usable[1].Status_Icon = true; }},
+    {"Usable CH Group Setup", "Priority CH 0=2", [](RadioData& d) { d.Usable[0].Priority_CH = 2; }},
+    {"Usable CH Group Setup", "Priority CH 0Backup=2", [](RadioData& d) { d.Usable[0].Backup = 2; }},
+    {"Common Setup", "TX Po Display=1", [](RadioData& d) { d.Common.TX_Po_Display = 1; }},
+    {"Common Setup", "Last TX Power=1", [](RadioData& d) { d.Common.Last_TX_Power = 1; }},
+    {"Common Setup", "Last CH Group=1", [](RadioData& d) { d.Common.Last_CH_Group = 1; }},
+    {"Common Setup", "SQL=1", [](RadioData& d) { d.Common.SQL = 1; }},
+    {"Common Setup", "Last Display CH=1", [](RadioData& d) { d.Common.Last_Display_CH = 1; }},
+    {"Common Setup", "Marine_LMR CH=1", [](RadioData& d) { d.Common.Marine_LMR_CH = 1; }},
+    {"Common Setup", "SCAN=1", [](RadioData& d) { d.Common.SCAN = true; }},
+    {"Common Setup", "Resume Time=1", [](RadioData& d) { d.Common.Resume_Time = 1; }},
+    {"Common Setup", "PTT SCAN Clear=1", [](RadioData& d) { d.Common.PTT_SCAN_Clear = true; }},
+    {"Common Setup", "Dual Watch=1", [](RadioData& d) { d.Common.Dual_Watch = true; }},
+    {"Common Setup", "Offset Time=1", [](RadioData& d) { d.Common.Offset_Time = 1; }},
+    {"Common Setup", "Magnetic Variation=1", [](RadioData& d) { d.Common.Magnetic_Variation = 1; }},
+    {"Common Setup", "Weater=1", [](RadioData& d) { d.Common.Weater = 1; }},
+    {"ATIS Setup (Common)", "Usable ATIS CH Group1=1", [](RadioData& d) { d.Atis.UsableGroup[1] = true; }},
+    {"ATIS Setup (Common)", "Usable ATIS Kikker CH Group2=1", [](RadioData& d) { d.Atis.KillerGroup[2] = true; }},
+    {"CHUSA12", "Enable=1", [](RadioData& d) { Usa12(d).Enable = true; }},
+    {"CHUSA12", "LowPower=1", [](RadioData& d) { Usa12(d).LowPower = true; }},
+    {"CHUSA12", "TXPower=1", [](RadioData& d) { Usa12(d).TXPower = 1; }},
+    {"CHUSA12", "PowUp=1", [](RadioData& d) { Usa12(d).PowUp = true; }},
+    {"CHUSA12", "Duplex=1", [](RadioData& d) { Usa12(d).Duplex = true; }},
+    {"CHUSA12", "TxEnable=1", [](RadioData& d) { Usa12(d).TxEnable = true; }},
+    {"CHUSA12", "DispayA=1", [](RadioData& d) { Usa12(d).DispayA = true; }},
+    {"CHUSA12", "ScanMemory=1", [](RadioData& d) { Usa12(d).ScanMemory = true; }},
+    {"CHUSA12", "Scramble=1", [](RadioData& d) { Usa12(d).Scramble = 1; }},
+    {"CHEXP1", "CHDisplayL=x", [](RadioData& d) { Extra1(d).CHDisplayL = "x"; }},
+    {"CHEXP1", "CHDisplayR=x", [](RadioData& d) { Extra1(d).CHDisplayR = "x"; }},
+    {"CHEXP1", "Rxfreq=1", [](RadioData& d) { Extra1(d).Rxfreq = 1; }},
+    {"CHEXP1", "Txfreq=1", [](RadioData& d) { Extra1(d).Txfreq = 1; }},
+    {"CHEXP1", "LowPower=1", [](RadioData& d) { Extra1(d).LowPower = true; }},
+    {"CHEXP1", "PowUp=1", [](RadioData& d) { Extra1(d).PowUp = true; }},
+    {"CHEXP1", "ScanMemory=1", [](RadioData& d) { Extra1(d).ScanMemory = true; }},
+    {"CHEXP1", "ClockShift=1", [](RadioData& d) { Extra1(d).ClockShift = true; }},
+    {"CHEXP1", "USA Group=0", [](RadioData& d) { Extra1(d).USA_Group = true; }},
+    {"CHEXP1", "INT Group=0", [](RadioData& d) { Extra1(d).INT_Group = true; }},
+    {"CHEXP1", "CAN Group=0", [](RadioData& d) { Extra1(d).CAN_Group = true; }},
+    {"CHEXP1", "Narrow=1", [](RadioData& d) { Extra1(d).Narrow = true; }},
+    {"CHEXP1", "TxDCS=1", [](RadioData& d) { Extra1(d).TxDCS = 1; }},
+    {"CHEXP1", "RxDCS=1", [](RadioData& d) { Extra1(d).RxDCS = 1; }},
+    {"CHEXP1", "RxComp=1", [](RadioData& d) { Extra1(d).RxComp = true; }},
+    {"CHEXP1", "TxCTCSS=1", [](RadioData& d) { Extra1(d).TxCTCSS = 1; }},
+    {"CHEXP1", "RxCTCSS=1", [](RadioData& d) { Extra1(d).RxCTCSS = 1; }},
+};
+// clang-format on
+
+/// Every line of a file behind its section.
+std::vector<std::string> PlacedLines(const std::string& text) {
+  std::vector<std::string> lines = Lines(text);
+  std::string section;
+  for (std::string& line : lines) {
+    if (line.starts_with("[")) section = line;
+    line.insert(0, section);
+  }
+  return lines;
+}
+
+/// Members of one type next to one another are easily exchanged, and what was exchanged both ways
+/// comes back whole: each is looked at alone.
+TEST(SettingsFileWriter, EveryMemberHasItsOwnKey) {
+  for (const KeyCase& c : kKeyCases) {
+    SCOPED_TRACE(c.line);
+    Fixture f;
+    const bool killer = std::string_view(c.line).find("Kikker") != std::string_view::npos;
+    RadioData data = f.Fresh(killer ? 0 : 5);
+    data.Usable = {};
+    data.Common = {};
+    data.Atis = {};
+    Usa12(data) = Extra1(data) = {};
+    const std::vector<std::string> before = PlacedLines(SettingFileText(data, f.pump));
+    c.set(data);
+    const std::vector<std::string> after = PlacedLines(SettingFileText(data, f.pump));
+    std::vector<std::string> changed;
+    ASSERT_EQ(after.size(), before.size());
+    for (std::size_t i = 0; i < after.size(); ++i) {
+      if (after[i] != before[i]) changed.push_back(after[i]);
+    }
+    EXPECT_EQ(changed, std::vector{"[" + std::string(c.section) + "]" + c.line});
+  }
+}
+
 TEST(SettingsFileWriter, KeepsOnlyTheKeysOfTheModel) {
   const auto keeps = [](const std::string& text, const char* section, const char* key) {
     return ("|" + SectionText(text, section)).find(std::string("|") + key) != std::string::npos;
@@ -256,6 +354,7 @@ const ReadCase kReadCases[] = {
     {"LongOutOfRangeIsKept", kCommon, "Last Display CH=1e10", "Last Display CH=7"},
     {"NoChannel", kCommon, "Last Display CH=-1", "Last Display CH=-1"},
     {"FlagFromWord", kCommon, "SCAN=fALSE", "SCAN=0"},
+    {"FlagFromTrue", kCommon, "PTT SCAN Clear=tRUE", "PTT SCAN Clear=1"},
     {"FlagFromAnyNumber", kCommon, "Dual Watch=-0.1", "Dual Watch=1"},
     {"FlagFromOtherWordIsKept", kCommon, "SCAN=no", "SCAN=1"},
     {"NumberedKey", kUsable, "TX TOT 0=0", "TX TOT 0=0"},
@@ -300,6 +399,31 @@ const ReadCase kReadCases[] = {
 
 INSTANTIATE_TEST_SUITE_P(Table, SettingsFileReading, ::testing::ValuesIn(kReadCases),
                          [](const auto& param) { return std::string(param.param.name); });
+
+/// Some editors put the mark there, and write other bytes then.
+TEST(SettingsFile, OpensWithAByteOrderMark) {
+  const std::u16string text =
+      u"[MAIN]\r\nMODELTYPE=5\r\nSEL1=0\r\n[CHWX0]\nChTag=#\u00C4\u20AC\u03A9";
+  std::string little = "\xFF\xFE";
+  std::string big = "\xFE\xFF";
+  for (const char16_t c : text) {
+    const char high = static_cast<char>(c >> 8);
+    const char low = static_cast<char>(c & 0xFF);
+    little += {low, high};
+    big += {high, low};
+  }
+  const std::string utf8 =
+      "\xEF\xBB\xBF[MAIN]\r\nMODELTYPE=5\r\nSEL1=0\r\n[CHWX0]\nChTag=#\xC3\x84\xE2\x82\xAC\xCE";
+  for (const std::string& file : {utf8, utf8 + "\xA9", little, big}) {
+    Fixture f;
+    RadioData data = f.Fresh(5);
+    f.files.files[f.kPath] = file;
+    f.Read(data);
+    EXPECT_TRUE(f.prompts.messages.empty());
+    EXPECT_EQ(data.WX[0].ChTag, "\xC4\x80?");
+    EXPECT_FALSE(image::Sel1(data.Image));
+  }
+}
 
 TEST(SettingsFile, MarineChannelsFollowTheDestinationOfNewDataAndOfTheFile) {
   Fixture f;
@@ -355,22 +479,25 @@ TEST(SettingsFileTable, FollowsTheGrammarOfLines) {
   } cases[] = {
       {"", ""},
       {"a=1\nb=2", ""},
-      {"[A]\na=1\r\n\r\nB = 2 = 3 ", "[A]A=1;B=2 = 3;"},
+      {"[A]\na=1\r\n\r\nB = 2 = 3 ", "[A]a=1;B=2 = 3;"},
       {" [A]\na=1", ""},
       {"[A\n[]\nx=1\n[B]", "[B]"},
-      {"[ a b ] tail\nk=#", "[A B]K=;"},
-      {"[A]\n=5\nabc\nk=1", "[A]K=1;"},
-      {"[A]\nx=1\nabc[def\ny=2\n[B]\nz=3", "[A]X=1;[B]Z=3;"},
-      {"[A]\n[k]=1\n=[B]\nz=3", "[A][K]=1;"},
-      {"[A]\nk=##x ", "[A]K=#x;"},
-      {"[A]\nx=1\n[A]\nx=2", "[A]X=1;[A]X=2;"},
+      {"[ a b ] tail\nk=#", "[a b]k=;"},
+      {"[A]\n=5\nabc\nk=1", "[A]k=1;"},
+      {"[A]\nx=1\nabc[def\ny=2\n[B]\nz=3", "[A]x=1;[B]z=3;"},
+      {"[A]\n[k]=1\n=[B]\nz=3", "[A][k]=1;"},
+      {"[A]\nk=##x ", "[A]k=#x;"},
+      {"[A]\nx=1\n[A]\nx=2", "[A]x=1;[A]x=2;"},
   };
   for (const auto& c : cases) {
     std::string dump;
     const SettingTable table = ParseSettingFile(c.text);
     for (const SettingSection& section : table.Sections()) {
-      dump += "[" + section.name + "]";
-      for (const SettingEntry& entry : section.entries) dump += entry.key + "=" + entry.value + ";";
+      dump += "[" + std::string(section.name) + "]";
+      for (std::size_t i = section.first; i < section.first + section.count; ++i) {
+        const SettingEntry& entry = table.Entries()[i];
+        dump += std::string(entry.key) + "=" + std::string(entry.value) + ";";
+      }
     }
     EXPECT_EQ(dump, c.table) << c.text;
   }
@@ -388,6 +515,7 @@ TEST(SettingsFileTable, MainValuesAreReadAsProfileFilesAre) {
       {"[MAIN]\nSEL1=\"1\"", "1"},
       {"[MAIN]\nSEL1=" + std::string(200, '7'), std::string(127, '7')},
       {"[MAIN]\rSEL1=1\rSEL1=2", "1"},
+      {"[MAIN]\nSEL1\nSEL1=1", "1"},
   };
   for (const auto& c : cases) EXPECT_EQ(ReadMainValue(c.text, "MAIN", "SEL1"), c.value) << c.text;
 }

@@ -88,6 +88,23 @@ TEST(TextReport, GroupsThatAreNotInUseHaveNoTable) {
   }
 }
 
+/// The report's order is not that of the stored flags.
+TEST(TextReport, EachBeepIsShownByItsOwnFlag) {
+  const std::pair<std::size_t, std::string> beeps[] = {
+      {0, "Send Distress Alert:"}, {1, "Received All Ships:"},   {2, "Received Group:"},
+      {3, "Received Individual:"}, {4, "Received POS Request:"}, {5, "Received POS Send:"},
+      {6, "Received Geografic:"}};
+  for (const auto& [index, label] : beeps) {
+    core::RadioData data = FullData(3);
+    data.Dsc.BeepOutput = {};
+    data.Dsc.BeepOutput[index] = true;
+    for (const auto& [other, other_label] : beeps) {
+      const std::string line = LineOf(data, "DSC Setup (Basic Setup)", other_label);
+      EXPECT_EQ(line.ends_with(" On"), other == index) << label << " " << line;
+    }
+  }
+}
+
 TEST(TextReport, LongTextsAreCutToTheirCells) {
   core::RadioData data = FullData(0);
   data.Table(core::MarineGroup::kUsa)[32].ChTag = "ABCDEFGHIJKLMNOP";
