@@ -26,7 +26,8 @@ void PrintedPages(benchmark::State& state) {
   const core::RadioData data = UsedRadio();
   constexpr double kA4Height = 297;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(files::BuildPrintedPages(data, files::LinesPerPage(kA4Height)).size());
+    benchmark::DoNotOptimize(
+        files::BuildPrintedPages(data, files::LinesPerPage(kA4Height), kToday).size());
   }
 }
 BENCHMARK(PrintedPages)->Unit(benchmark::kMicrosecond);

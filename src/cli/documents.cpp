@@ -74,7 +74,7 @@ bool Documents::CheckOutput(const std::string& path, const core::RadioData& data
 bool Documents::Save(const std::string& path, core::RadioData& data) {
   const std::string extension = Extension(path);
   if (extension == ".dat") return SaveSettingFile(path, data);
-  if (extension == ".txt") return SaveBytes(path, data, ReportFileText(data));
+  if (extension == ".txt") return SaveBytes(path, data, {std::nullopt, ReportFileText(data)});
   if (extension == ".pdf") return SaveBytes(path, data, services_.make_pdf(data));
   files::PrepareImageForSaving(data, services_.clock.Today());
   return SaveImage(path, data);
@@ -99,10 +99,9 @@ bool Documents::SaveSettingFile(const std::string& path, core::RadioData& data) 
 }
 
 bool Documents::SaveBytes(const std::string& path, const core::RadioData& data,
-                          const std::string& bytes) {
+                          const core::FileBytes& made) {
   const std::optional<core::SystemError> error =
-      bytes.empty() ? core::SystemError{0, "The page could not be painted"}
-                    : services_.files.WriteFile(path, bytes);
+      made.error ? made.error : services_.files.WriteFile(path, made.bytes);
   if (error) TellSaveFailure(path, data, *error);
   return !error;
 }

@@ -36,7 +36,7 @@ class Documents {
                                      std::optional<std::int16_t> model_type, core::RadioData& data);
   [[nodiscard]] bool SaveSettingFile(const std::string& path, core::RadioData& data);
   [[nodiscard]] bool SaveBytes(const std::string& path, const core::RadioData& data,
-                               const std::string& bytes);
+                               const core::FileBytes& made);
   void TellSaveFailure(const std::string& path, const core::RadioData& data,
                        const core::SystemError& error);
 

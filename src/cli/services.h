@@ -28,8 +28,8 @@ struct Services {
   link::PortFinder& ports;
   platform::Interrupts& interrupts;
   std::function<std::unique_ptr<link::SerialPort>(const std::string& device)> make_port;
-  /// The printed report as PDF bytes, "" when it cannot be made.
-  std::function<std::string(const core::RadioData& data)> make_pdf;
+  /// The printed report as PDF bytes, or why it cannot be made.
+  std::function<core::FileBytes(const core::RadioData& data)> make_pdf;
   Terminals terminals;
 };
 

@@ -58,7 +58,7 @@ void WindowCommands::Program(CommandHost& host) {
 }
 
 void WindowCommands::PrintToFile(CommandHost& host) {
-  ReportWindow(services_, host).exec();
+  if (host.CheckPage()) ReportWindow(services_, host).exec();
 }
 
 void WindowCommands::Print(CommandHost& host) {
@@ -71,7 +71,7 @@ void WindowCommands::Print(CommandHost& host) {
   std::optional<core::SystemError> failure;
   {
     const Working working(host.Widget());
-    failure = devices_.printer.Print(data_);
+    failure = devices_.printer.Print(data_, services_.clock.Today());
   }
   if (failure) ReportPrintFailure(*failure);
 }
@@ -86,9 +86,8 @@ void WindowCommands::PrintAsPdf(CommandHost& host) {
   std::optional<core::SystemError> failure;
   {
     const Working working(host.Widget());
-    const std::string pdf = platform::PdfReport(data_);
-    failure = pdf.empty() ? core::SystemError{0, "The pages could not be painted."}
-                          : services_.files.WriteFile(path, pdf);
+    const core::FileBytes pdf = platform::PdfReport(data_, services_.clock.Today());
+    failure = pdf.error ? pdf.error : services_.files.WriteFile(path, pdf.bytes);
   }
   if (failure) ReportPrintFailure(*failure);
 }

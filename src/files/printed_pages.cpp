@@ -52,7 +52,8 @@ class PageWriter {
   /// A text that would run into its neighbour or off the page is cut.
   void WriteLine(const std::vector<LineText>& texts) {
     for (std::size_t i = 0; i < texts.size(); ++i) {
-      const double end = i + 1 < texts.size() ? texts[i + 1].x : kPrintRightMm - kPrintLeftMm;
+      const double end =
+          i + 1 < texts.size() ? texts[i + 1].x - kPrintGapMm : kPrintRightMm - kPrintLeftMm;
       const std::string_view whole = texts[i].text;
       const std::string_view text = core::TrimRight(whole.substr(0, Room(texts[i].x, end)));
       if (text.empty()) continue;
@@ -62,7 +63,16 @@ class PageWriter {
     ++line_;
   }
 
-  [[nodiscard]] std::vector<PrintedPage> Take() { return std::move(pages_); }
+  /// The pages, each with its footer.
+  [[nodiscard]] std::vector<PrintedPage> Take(const std::string& file_name,
+                                              const std::string& date) {
+    const std::string count = std::to_string(pages_.size());
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+      pages_[i].footer_left = file_name;
+      pages_[i].footer_right = date + "   Page " + std::to_string(i + 1) + " of " + count;
+    }
+    return std::move(pages_);
+  }
 
  private:
   /// Characters that fit between two positions.
@@ -77,13 +87,22 @@ class PageWriter {
   std::vector<PrintedPage> pages_;
 };
 
+std::string ContinuedTitle(const std::string& title) {
+  return TitleLine(title) + " (continued)";
+}
+
 void WriteSection(PageWriter& writer, const ReportSection& section) {
-  const auto write = [&writer](const std::vector<LineText>& texts) {
-    if (writer.PageFull()) writer.NewPage();
+  bool begun = false;
+  const auto write = [&](const std::vector<LineText>& texts) {
+    if (writer.PageFull()) {
+      writer.NewPage();
+      if (begun) writer.WriteLine({{.x = 0, .text = ContinuedTitle(section.title)}});
+    }
     writer.WriteLine(texts);
   };
   write({});
   write({{.x = 0, .text = TitleLine(section.title)}});
+  begun = true;
   for (const ReportLine& line : section.lines) {
     if (!line.printed) continue;
     std::vector<LineText> texts;
@@ -137,21 +156,41 @@ bool DependsOnForm(const ChannelColumn& column) {
   return column.kind == ColumnKind::kEnable || column.kind == ColumnKind::kGroup;
 }
 
-/// The columns of the other form under these headings: what the forms share keeps its place, the
-/// rest divides the room of what it replaces.
-PlacedColumns PlaceOtherForm(const PlacedColumns& headings, std::vector<ChannelColumn> columns) {
-  const auto first = std::find_if(columns.begin(), columns.end(), DependsOnForm) - columns.begin();
-  const auto own = std::count_if(columns.begin(), columns.end(), DependsOnForm);
-  const auto replaced =
-      std::count_if(headings.columns.begin(), headings.columns.end(), DependsOnForm);
-  const auto shared = headings.x.begin() + first + replaced;
-  const double start = headings.x[static_cast<std::size_t>(first)];
-
-  std::vector<double> x(headings.x.begin(), headings.x.begin() + first);
-  for (std::ptrdiff_t i = 0; i < own; ++i) {
-    x.push_back(start + (*shared - start) * static_cast<double>(i) / static_cast<double>(own));
+/// Positions of more texts than the headings have there: spread with equal gaps from the text
+/// before them to the one behind, for the room of the headings alone would let them touch.
+std::vector<double> SpreadOut(std::span<const ChannelColumn> columns, double start, double end) {
+  double gap = end - start;
+  for (const ChannelColumn& column : columns) gap -= column.dash_width * kPrintCharacterMm;
+  gap /= static_cast<double>(columns.size() + 1);
+  std::vector<double> x;
+  for (const ChannelColumn& column : columns) {
+    x.push_back(start + gap);
+    start = x.back() + column.dash_width * kPrintCharacterMm;
   }
-  x.insert(x.end(), shared, headings.x.end());
+  return x;
+}
+
+/// The columns of the other form under these headings: what the forms share keeps its place, the
+/// rest stands in that of what it replaces.
+PlacedColumns PlaceOtherForm(const PlacedColumns& headings, std::vector<ChannelColumn> columns) {
+  const auto first = static_cast<std::size_t>(
+      std::find_if(columns.begin(), columns.end(), DependsOnForm) - columns.begin());
+  const auto own =
+      static_cast<std::size_t>(std::count_if(columns.begin(), columns.end(), DependsOnForm));
+  const auto replaced = static_cast<std::size_t>(
+      std::count_if(headings.columns.begin(), headings.columns.end(), DependsOnForm));
+
+  std::vector<double> x = headings.x;
+  if (own > replaced) {
+    const double start = x[first - 1] + columns[first - 1].dash_width * kPrintCharacterMm;
+    const std::vector<double> spread =
+        SpreadOut(std::span(columns).subspan(first, own), start, x[first + replaced]);
+    const auto at = x.begin() + static_cast<std::ptrdiff_t>(first);
+    x.insert(x.erase(at, at + static_cast<std::ptrdiff_t>(replaced)), spread.begin(), spread.end());
+  } else {
+    const auto at = x.begin() + static_cast<std::ptrdiff_t>(first + own);
+    x.erase(at, at + static_cast<std::ptrdiff_t>(replaced - own));
+  }
   return {.columns = std::move(columns), .x = std::move(x)};
 }
 
@@ -167,16 +206,15 @@ void WriteCells(PageWriter& writer, const PlacedColumns& placed, CellText text) 
 /// One table: title and headings, then rows over as many pages as they take.
 class TableWriter {
  public:
-  TableWriter(PageWriter& writer, const std::string& title, const PlacedColumns& headings)
-      : writer_(writer), headings_(headings) {
-    writer_.WriteLine({{.x = 0, .text = TitleLine(title)}});
-    WriteHeadings();
+  TableWriter(PageWriter& writer, std::string title, const PlacedColumns& headings)
+      : writer_(writer), title_(std::move(title)), headings_(headings) {
+    WriteHeadings(TitleLine(title_));
   }
 
   void WriteRow(const PlacedColumns& placed, const ChannelRow& row) {
     if (writer_.PageFull()) {
       writer_.NewPage();
-      WriteHeadings();
+      WriteHeadings(ContinuedTitle(title_));
     }
     WriteCells(writer_, placed, [&row](const ChannelColumn& column) {
       return column.text(row).substr(0, static_cast<std::size_t>(column.cell_width));
@@ -184,7 +222,8 @@ class TableWriter {
   }
 
  private:
-  void WriteHeadings() {
+  void WriteHeadings(const std::string& title_line) {
+    writer_.WriteLine({{.x = 0, .text = title_line}});
     WriteCells(writer_, headings_,
                [](const ChannelColumn& column) { return std::string(column.heading); });
     WriteCells(writer_, headings_, [](const ChannelColumn& column) {
@@ -193,6 +232,7 @@ class TableWriter {
   }
 
   PageWriter& writer_;
+  std::string title_;
   const PlacedColumns& headings_;
 };
 
@@ -234,9 +274,24 @@ void WriteExtraTable(PageWriter& writer, const RadioData& data, bool lmr_pass) {
   }
 }
 
+std::string FileName(const RadioData& data) {
+  const std::string& path = data.CurrentFileName;
+  return path.empty() ? "Not saved in a file" : path.substr(path.find_last_of("/\\") + 1);
+}
+
+/// "2026-06-15"
+std::string DateText(core::Date date) {
+  const auto two = [](unsigned number) {
+    return (number < 10 ? "-0" : "-") + std::to_string(number);
+  };
+  return std::to_string(static_cast<int>(date.year())) + two(static_cast<unsigned>(date.month())) +
+         two(static_cast<unsigned>(date.day()));
+}
+
 }  // namespace
 
-std::vector<PrintedPage> BuildPrintedPages(const RadioData& data, int lines_per_page) {
+std::vector<PrintedPage> BuildPrintedPages(const RadioData& data, int lines_per_page,
+                                           core::Date today) {
   const core::ModelProfile& profile = core::ProfileOf(data);
   PageWriter writer(data.ModelName + " Kivomatic", lines_per_page);
 
@@ -259,7 +314,7 @@ std::vector<PrintedPage> BuildPrintedPages(const RadioData& data, int lines_per_
     writer.NewPage();
     WriteExtraTable(writer, data, /*lmr_pass=*/false);
   }
-  return writer.Take();
+  return writer.Take(FileName(data), DateText(today));
 }
 
 }  // namespace orvane::files

@@ -2,10 +2,13 @@
 
 #include <QBuffer>
 #include <QFont>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRawFont>
 #include <vector>
 
 #include "files/printed_pages.h"
@@ -16,12 +19,59 @@ namespace {
 
 constexpr double kMmPerInch = 25.4;
 
-QFont TypewriterFont() {
+constexpr const char* kNotPainted = "The pages could not be painted.";
+constexpr const char* kNoFont =
+    "There is no font with characters of one width, and the report's columns need one. Install "
+    "one, for example the package fonts-dejavu-core, and try again.";
+
+// Characters wider than that would run into one another.
+bool Fits(const QFont& font) {
+  constexpr double kRounding = 0.001;
+  const QRawFont raw = QRawFont::fromFont(font);
+  if (!QFontInfo(font).fixedPitch() || !raw.isValid() || !raw.supportsCharacter(QChar('W'))) {
+    return false;
+  }
+  const QList<quint32> glyphs = raw.glyphIndexesForString("W");
+  const QList<QPointF> advances = raw.advancesForGlyphIndexes(glyphs);
+  const double em = raw.pixelSize();
+  return !advances.isEmpty() &&
+         advances.constFirst().x() <= em * (files::kPrintCharacterEm + kRounding);
+}
+
+/// The usual typewriter face, or whatever stands in for it, or else the first that fits.
+std::optional<QFont> TypewriterFont() {
+  // Without any font at all Qt paints boxes and says nothing.
+  const QStringList families = QFontDatabase::families();
+  if (families.isEmpty()) return std::nullopt;
   QFont font("Courier New");
   font.setStyleHint(QFont::TypeWriter);
   font.setFixedPitch(true);
   font.setPointSizeF(files::kPrintFontPoints);
-  return font;
+  if (Fits(font)) return font;
+  for (const QString& family : families) {
+    if (!QFontDatabase::isFixedPitch(family)) continue;
+    font.setFamily(family);
+    if (Fits(font)) return font;
+  }
+  return std::nullopt;
+}
+
+void PaintFooter(const files::PrintedPage& page, double height_mm, QPainter& painter) {
+  const double dots_per_mm = painter.device()->logicalDpiX() / kMmPerInch;
+  const QFont page_font = painter.font();
+  QFont font = page_font;
+  font.setPointSizeF(files::kFooterFontPoints);
+  painter.setFont(font);
+  const QFontMetricsF metrics(font, painter.device());
+  const double y = (height_mm - files::kFooterUpMm) * painter.device()->logicalDpiY() / kMmPerInch +
+                   metrics.ascent();
+  const QString right = FromUtf8(page.footer_right);
+  painter.drawText(QPointF(files::kPrintLeftMm * dots_per_mm, y),
+                   metrics.elidedText(FromUtf8(page.footer_left), Qt::ElideMiddle,
+                                      files::kFooterNameMm * dots_per_mm));
+  painter.drawText(
+      QPointF(files::kPrintRightMm * dots_per_mm - metrics.horizontalAdvance(right), y), right);
+  painter.setFont(page_font);
 }
 
 void PaintPage(const files::PrintedPage& page, QPainter& painter) {
@@ -52,30 +102,37 @@ QPageSize::PageSizeId LocalPaper() {
 
 }  // namespace
 
-bool PaintReport(const core::RadioData& data, QPagedPaintDevice& device) {
+std::optional<core::SystemError> PaintReport(const core::RadioData& data, core::Date today,
+                                             QPagedPaintDevice& device) {
+  const std::optional<QFont> font = TypewriterFont();
+  if (!font) return core::SystemError{0, kNoFont};
+  const core::SystemError not_painted{0, kNotPainted};
   const double height_mm = device.pageLayout().fullRect(QPageLayout::Millimeter).height();
   const std::vector<files::PrintedPage> pages =
-      files::BuildPrintedPages(data, files::LinesPerPage(height_mm));
+      files::BuildPrintedPages(data, files::LinesPerPage(height_mm), today);
   QPainter painter;
-  if (!painter.begin(&device)) return false;
-  painter.setFont(TypewriterFont());
+  if (!painter.begin(&device)) return not_painted;
+  painter.setFont(*font);
   painter.translate(-PrintableOrigin(device));
   for (std::size_t number = 0; number < pages.size(); ++number) {
-    if (number > 0 && !device.newPage()) return false;
+    if (number > 0 && !device.newPage()) return not_painted;
     PaintPage(pages[number], painter);
+    PaintFooter(pages[number], height_mm, painter);
   }
-  return painter.end();
+  return painter.end() ? std::nullopt : std::optional(not_painted);
 }
 
-std::string PdfReport(const core::RadioData& data) {
+core::FileBytes PdfReport(const core::RadioData& data, core::Date today) {
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter writer(&buffer);
   writer.setPageLayout(QPageLayout(QPageSize(LocalPaper()), QPageLayout::Portrait, QMarginsF()));
   writer.setTitle(FromUtf8(data.ProgramTitle));
   writer.setCreator(FromUtf8(data.ProductName));
-  if (!PaintReport(data, writer)) return {};
-  return buffer.data().toStdString();
+  if (const std::optional<core::SystemError> failure = PaintReport(data, today, writer)) {
+    return {failure, {}};
+  }
+  return {std::nullopt, buffer.data().toStdString()};
 }
 
 }  // namespace orvane::platform

@@ -1,17 +1,23 @@
 #pragma once
 
 #include <QPagedPaintDevice>
-#include <string>
+#include <optional>
 
+#include "core/calendar.h"
 #include "core/radio_data.h"
+#include "core/services.h"
 
 /// The printed report on paper or in a PDF file. Needs a QGuiApplication, for its fonts.
 namespace orvane::platform {
 
-/// Paints the whole report. False when the device cannot be painted on.
-[[nodiscard]] bool PaintReport(const core::RadioData& data, QPagedPaintDevice& device);
+/// Paints the whole report; today's date stands in its footers. Returns the failure: the device
+/// cannot be painted on, or there is no font whose characters are all of one width, without which
+/// the columns would be a mess.
+[[nodiscard]] std::optional<core::SystemError> PaintReport(const core::RadioData& data,
+                                                           core::Date today,
+                                                           QPagedPaintDevice& device);
 
 /// The report as the bytes of a PDF file; the paper is Letter where that is the locale's, else A4.
-[[nodiscard]] std::string PdfReport(const core::RadioData& data);
+[[nodiscard]] core::FileBytes PdfReport(const core::RadioData& data, core::Date today);
 
 }  // namespace orvane::platform

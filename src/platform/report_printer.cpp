@@ -43,13 +43,16 @@ bool QtReportPrinter::Ask(QWidget& parent) {
   return dialog.exec() == QDialog::Accepted;
 }
 
-std::optional<core::SystemError> QtReportPrinter::Print(const core::RadioData& data) {
+std::optional<core::SystemError> QtReportPrinter::Print(const core::RadioData& data,
+                                                        core::Date today) {
   if (!printer_) return core::SystemError{0, "No printer was chosen."};
   printer_->setDocName(FromUtf8(data.ProgramTitle));
-  const bool painted = PaintReport(data, *printer_);
+  const std::optional<core::SystemError> failure = PaintReport(data, today, *printer_);
   const QPrinter::PrinterState state = printer_->printerState();
-  if (painted && state != QPrinter::Error && state != QPrinter::Aborted) return std::nullopt;
-  return core::SystemError{0, ToUtf8(printer_->printerName()) + ": " + StateText(state)};
+  if (!failure && state != QPrinter::Error && state != QPrinter::Aborted) return std::nullopt;
+  const std::string reason =
+      failure && state == QPrinter::Idle ? failure->description : StateText(state);
+  return core::SystemError{0, ToUtf8(printer_->printerName()) + ": " + reason};
 }
 
 }  // namespace orvane::platform

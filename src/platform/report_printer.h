@@ -18,7 +18,8 @@ class ReportPrinter {
   /// Shows the print dialog; false when the user cancelled. The choice holds until the next time.
   [[nodiscard]] virtual bool Ask(QWidget& parent) = 0;
   /// Prints the report as chosen. Pages that a failing printer already took stay printed.
-  [[nodiscard]] virtual std::optional<core::SystemError> Print(const core::RadioData& data) = 0;
+  [[nodiscard]] virtual std::optional<core::SystemError> Print(const core::RadioData& data,
+                                                               core::Date today) = 0;
 };
 
 /// The printers the system knows, through its own dialog.
@@ -26,7 +27,8 @@ class QtReportPrinter : public ReportPrinter {
  public:
   [[nodiscard]] bool HasPrinter() const override;
   [[nodiscard]] bool Ask(QWidget& parent) override;
-  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& data) override;
+  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& data,
+                                                       core::Date today) override;
 
  private:
   std::unique_ptr<QPrinter> printer_;

@@ -63,7 +63,7 @@ class CliBench : public ::testing::Test {
   OnePort ports;
   ScriptedInterrupts interrupts;
   std::vector<std::string> opened;  ///< devices that ports were made for
-  std::string pdf = "%PDF-";
+  core::FileBytes pdf = {std::nullopt, "%PDF-"};
   Services services{files,
                     bench.clock,
                     bench.pump,

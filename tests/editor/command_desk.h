@@ -18,7 +18,8 @@ class ScriptedPrinter : public platform::ReportPrinter {
  public:
   [[nodiscard]] bool HasPrinter() const override { return has_printer; }
   [[nodiscard]] bool Ask(QWidget& /*parent*/) override { return chosen; }
-  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& /*data*/) override {
+  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& /*data*/,
+                                                       core::Date /*today*/) override {
     ++printed;
     return failure;
   }

@@ -20,6 +20,11 @@ using testing::FullData;
 
 constexpr double kA4Height = 297;
 constexpr double kLetterHeight = 279.4;
+constexpr core::Date kToday{std::chrono::year{2026}, std::chrono::month{6}, std::chrono::day{5}};
+
+std::vector<PrintedPage> Pages(const core::RadioData& data, int lines_per_page) {
+  return BuildPrintedPages(data, lines_per_page, kToday);
+}
 
 /// "text@x text@x ..." of a line, x in whole millimetres without the left margin.
 std::string LineText(const PrintedPage& page, int line) {
@@ -61,8 +66,7 @@ std::string PagesText(const std::vector<PrintedPage>& pages, int head_lines) {
 
 TEST(PrintedPages, GoldenPagesOfAFullDataSet) {
   const int lines = LinesPerPage(kA4Height);
-  testing::ExpectGolden("printed_model5.txt",
-                        PagesText(BuildPrintedPages(FullData(5), lines), lines));
+  testing::ExpectGolden("printed_model5.txt", PagesText(Pages(FullData(5), lines), lines));
 }
 
 TEST(PrintedPages, SettingsAndHeadingsFollowTheModel) {
@@ -70,7 +74,7 @@ TEST(PrintedPages, SettingsAndHeadingsFollowTheModel) {
   for (std::int16_t model = 0; model <= 6; ++model) {
     constexpr int kHeadLines = 5;
     text += "model " + std::to_string(model) + "\n" +
-            PagesText(BuildPrintedPages(FullData(model), LinesPerPage(kA4Height)), kHeadLines);
+            PagesText(Pages(FullData(model), LinesPerPage(kA4Height)), kHeadLines);
   }
   testing::ExpectGolden("printed_headings.txt", text);
 }
@@ -90,7 +94,7 @@ TEST(PrintedPages, OnePageForEachGroupInUse) {
     for (core::UsableGroup& group : data.Usable) group.Enable = false;
     for (const int group : c.groups) data.Usable[static_cast<std::size_t>(group)].Enable = true;
     data.ExpPresent = c.exp;
-    EXPECT_EQ(BuildPrintedPages(data, LinesPerPage(kLetterHeight)).size(), c.pages) << c.model;
+    EXPECT_EQ(Pages(data, LinesPerPage(kLetterHeight)).size(), c.pages) << c.model;
   }
 }
 
@@ -106,12 +110,13 @@ TEST(PrintedPages, NothingOverlapsOrLeavesThePage) {
     }
     for (core::ChannelRecord& channel : data.Table(core::MarineGroup::kUsa)) channel.Enable = true;
     for (const double height : {kA4Height, kLetterHeight}) {
-      for (const PrintedPage& page : BuildPrintedPages(data, LinesPerPage(height))) {
+      for (const PrintedPage& page : Pages(data, LinesPerPage(height))) {
         EXPECT_LE(LineCount(page), LinesPerPage(height));
         std::map<int, double> line_ends;
         for (const PlacedText& placed : page.texts) {
           const auto [end, first] = line_ends.try_emplace(placed.line, 0);
-          EXPECT_GE(placed.x_mm + 1e-6, end->second) << model << " " << placed.text;
+          const double gap = first ? 0 : kPrintGapMm;
+          EXPECT_GE(placed.x_mm - end->second + 1e-6, gap) << model << " " << placed.text;
           end->second = placed.x_mm + static_cast<double>(placed.text.size()) * kPrintCharacterMm;
           EXPECT_LE(end->second, kPrintRightMm) << model << " " << placed.text;
         }
@@ -120,19 +125,40 @@ TEST(PrintedPages, NothingOverlapsOrLeavesThePage) {
   }
 }
 
+TEST(PrintedPages, FootersNameFileDateAndPage) {
+  core::RadioData data = FullData(2);
+  EXPECT_EQ(Pages(data, 70)[0].footer_left, "Not saved in a file");
+  data.CurrentFileName = "/home/me/B\u00F6otchen.dat";
+  const std::vector<PrintedPage> pages = Pages(data, 70);
+  EXPECT_EQ(pages[0].footer_left, "B\u00F6otchen.dat");
+  EXPECT_EQ(pages[0].footer_right, "2026-06-05   Page 1 of 6");
+  EXPECT_EQ(pages[5].footer_right, "2026-06-05   Page 6 of 6");
+}
+
+/// 12 lines: on the first page two below the header are left for the second section.
+TEST(PrintedPages, LongSectionsRepeatTheirTitle) {
+  const std::vector<PrintedPage> pages = Pages(FullData(5), 12);
+  EXPECT_EQ(LineText(pages[0], 3), "##### Available CH Group Setup #####@0");
+  EXPECT_EQ(LineText(pages[0], 11), "##### Common Setup #####@0");
+  EXPECT_EQ(LineText(pages[1], 2), "##### Common Setup ##### (continued)@0");
+  EXPECT_EQ(LineText(pages[1], 3), "[Starting TX Mode]@0");
+}
+
 TEST(PrintedPages, LongTablesGoOnUnderTheSameHeadings) {
   core::RadioData data = FullData(5);
   for (core::ChannelRecord& channel : data.Table(core::MarineGroup::kUsa)) channel.Enable = true;
   for (std::size_t i = 1; i < data.Usable.size(); ++i) data.Usable[i].Enable = false;
   data.ExpPresent = false;
   constexpr int kLines = 50;
-  const std::vector<PrintedPage> pages = BuildPrintedPages(data, kLines);
-  // 45 rows on the page with the title, 46 on each of those that follow: 240 take six.
+  const std::vector<PrintedPage> pages = Pages(data, kLines);
+  // 45 rows on each page: 240 take six.
   ASSERT_EQ(pages.size(), 1U + 6U + 1U);
   std::vector<std::string> rows;
   for (std::size_t p = 1; p <= 6; ++p) {
-    const int heading = p == 1 ? 3 : 2;
+    constexpr int heading = 3;
     EXPECT_EQ(LineText(pages[p], 0), "KT740 Kivomatic@0");
+    EXPECT_EQ(LineText(pages[p], 2), p == 1 ? "##### Programable USA Channel #####@0"
+                                            : "##### Programable USA Channel ##### (continued)@0");
     EXPECT_TRUE(LineText(pages[p], heading).starts_with("CH@0|RX(MHz)@12|"));
     EXPECT_TRUE(LineText(pages[p], heading + 1).starts_with("---@0|-------@12|"));
     for (int line = heading + 2; line < LineCount(pages[p]); ++line) {

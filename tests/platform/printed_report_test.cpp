@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QCoreApplication>
+#include <QFile>
 #include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPdfWriter>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <cmath>
 #include <map>
 #include <vector>
@@ -18,6 +22,7 @@ namespace orvane::platform {
 namespace {
 
 constexpr double kRounding = 0.01;  // mm
+constexpr core::Date kToday{std::chrono::year{2026}, std::chrono::month{6}, std::chrono::day{5}};
 
 /// Notes where texts land on the paper.
 class TextRecorder : public QPaintEngine {
@@ -76,10 +81,37 @@ class PrintedReport : public ::testing::TestWithParam<QPageLayout> {
   core::RadioData data_ = testing::FullData(5);
 };
 
+/// Without a font Qt paints boxes instead of characters and calls that success. The fonts of a
+/// process cannot be taken from it: the test runs once more, where there are none.
+TEST(PrintedReportWithoutFonts, IsRefusedAndTheRemedyNamed) {
+  if (!qEnvironmentVariableIsSet("ORVANE_TEST_WITHOUT_FONTS")) {
+    QTemporaryDir folder;
+    QFile config(folder.filePath("fonts.conf"));
+    ASSERT_TRUE(config.open(QIODevice::WriteOnly));
+    config.write("<fontconfig></fontconfig>");
+    config.close();
+    QProcess again;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("FONTCONFIG_FILE", config.fileName());
+    environment.insert("ORVANE_TEST_WITHOUT_FONTS", "1");
+    again.setProcessEnvironment(environment);
+    again.setProcessChannelMode(QProcess::MergedChannels);
+    again.start(QCoreApplication::applicationFilePath(),
+                {"--gtest_filter=PrintedReportWithoutFonts.*"});
+    ASSERT_TRUE(again.waitForFinished());
+    EXPECT_EQ(again.exitCode(), 0) << again.readAll().toStdString();
+    return;
+  }
+  const core::FileBytes pdf = PdfReport(testing::FullData(5), kToday);
+  ASSERT_TRUE(pdf.error);
+  EXPECT_NE(pdf.error->description.find("fonts-dejavu-core"), std::string::npos);
+  EXPECT_TRUE(pdf.bytes.empty());
+}
+
 TEST_P(PrintedReport, TextsStandWhereThePagesPlaceThem) {
-  ASSERT_TRUE(PaintReport(data_, paper_));
+  ASSERT_FALSE(PaintReport(data_, kToday, paper_));
   const double height = GetParam().fullRect(QPageLayout::Millimeter).height();
-  const auto pages = files::BuildPrintedPages(data_, files::LinesPerPage(height));
+  const auto pages = files::BuildPrintedPages(data_, files::LinesPerPage(height), kToday);
   const auto& painted = paper_.recorder.texts;
   const QPointF shift = GetParam().mode() == QPageLayout::FullPageMode
                             ? QPointF()
@@ -97,13 +129,26 @@ TEST_P(PrintedReport, TextsStandWhereThePagesPlaceThem) {
       EXPECT_NEAR(Mm(text.baseline.x()) + shift.x(), placed.x_mm, 0.05) << placed.text;
       EXPECT_NEAR(Mm(text.baseline.y()) + shift.y(), top + ascent, 0.05) << placed.text;
     }
+    for (const std::string& footer : {pages[page].footer_left, pages[page].footer_right}) {
+      ASSERT_LT(next, painted.size());
+      const TextRecorder::Text& text = painted[next++];
+      EXPECT_EQ(text.text, FromUtf8(footer));
+      const double left = Mm(text.baseline.x()) + shift.x();
+      const double width = Mm(QFontMetricsF(text.font, &paper_).horizontalAdvance(text.text));
+      if (footer == pages[page].footer_left) {
+        EXPECT_NEAR(left, files::kPrintLeftMm, 0.05);
+      } else {
+        EXPECT_NEAR(left + width, files::kPrintRightMm, 0.05);
+      }
+      EXPECT_GT(Mm(text.baseline.y()) + shift.y(), height - files::kPrintBottomMm);
+    }
   }
   EXPECT_EQ(next, painted.size());
 }
 
 // With the font that really paints, which may be another than the one asked for.
 TEST_P(PrintedReport, NoTextReachesTheNextOrLeavesThePaper) {
-  ASSERT_TRUE(PaintReport(data_, paper_));
+  ASSERT_FALSE(PaintReport(data_, kToday, paper_));
   const QRectF paper = GetParam().fullRect(QPageLayout::Millimeter);
   using Line = std::map<double, double>;  // left to right edge
   std::map<std::pair<int, double>, Line> lines;
@@ -126,7 +171,7 @@ TEST_P(PrintedReport, NoTextReachesTheNextOrLeavesThePaper) {
 
 TEST_P(PrintedReport, DeviceThatTakesNoMorePagesIsAFailure) {
   paper_.pages_before_failure = 2;
-  EXPECT_FALSE(PaintReport(data_, paper_));
+  EXPECT_TRUE(PaintReport(data_, kToday, paper_));
 }
 
 INSTANTIATE_TEST_SUITE_P(
