@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(KeepQuiet);
   const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv, words);
 
-  platform::QtFileStore files;
+  platform::QtFileStore files(platform::CopiesFolder());
   platform::QtClock clock;
   platform::QtEventPump pump(clock);
   platform::FileErrorLog log(platform::ErrorLogPath(), true);
@@ -74,7 +74,7 @@ int main(int argc, char** argv) {
       ports,
       interrupts,
       [](const std::string& device) { return std::make_unique<platform::QtSerialPort>(device); },
-      platform::PdfReport,
+      [&clock](const core::RadioData& data) { return platform::PdfReport(data, clock.Today()); },
       {IsTerminal(0), IsTerminal(1), IsTerminal(2)}};
   return cli::Run(words, std::cin, std::cout, std::cerr, services);
 }

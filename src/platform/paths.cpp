@@ -32,6 +32,10 @@ QString ConfigRoot() {
 #endif
 }
 
+QString StateFolder() {
+  return UserFolder("XDG_STATE_HOME", ".local/state") + "/" + ProductFolderName();
+}
+
 bool MayWriteErrorLog(const QString& folder) {
   const QFileInfo log(folder + "/err.log");
   return log.exists() ? log.isFile() && log.isWritable() : QFileInfo(folder).isWritable();
@@ -70,11 +74,14 @@ std::string CacheFolder() {
 #endif
 }
 
+std::string CopiesFolder() {
+  return ToUtf8(StateFolder() + "/copies");
+}
+
 std::string ErrorLogPath() {
   const QString program = QCoreApplication::applicationDirPath();
   if (MayWriteErrorLog(program)) return ToUtf8(program + "/err.log");
-  const QString state = UserFolder("XDG_STATE_HOME", ".local/state") + "/" + ProductFolderName();
-  return ToUtf8(state + "/err.log");
+  return ToUtf8(StateFolder() + "/err.log");
 }
 
 }  // namespace orvane::platform

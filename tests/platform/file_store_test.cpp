@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QFile>
@@ -42,6 +43,8 @@ TEST_F(FileStore, TellsBeforehandWhatCannotBeWrittenAndChangesNothing) {
                {Path("missing/boat.dat"), ENOENT},
                {Path("file/boat.dat"), ENOTDIR},
                {Path("folder"), EISDIR},
+               {Path("B\xF6tchen.dat"), EILSEQ},
+               {Path("B\xEF\xBF\xBDtchen.dat"), EILSEQ},
                {"/dev/full", EINVAL}};
   for (const auto& expected : cases) {
     const auto check = store_.CheckWritable(expected.path);
@@ -67,7 +70,15 @@ TEST_F(FileStore, ReplacesWhatALinkPointsAtAndKeepsTheLink) {
 TEST_F(FileStore, ReadingReportsTheSystemsReason) {
   EXPECT_EQ(store_.ReadFile(Path("missing")).error.value().number, ENOENT);
   EXPECT_TRUE(store_.ReadFile(ToUtf8(folder_.path())).error);
-  EXPECT_EQ(store_.ReadFile("/dev/zero").error.value().number, EFBIG);
+  // Each of these would otherwise keep the reader waiting, or busy, for ever.
+  ASSERT_EQ(::mkfifo(Path("fifo").c_str(), 0600), 0);
+  for (const std::string& path : {std::string("/dev/zero"), Path("fifo")}) {
+    EXPECT_EQ(store_.ReadFile(path).error.value().number, EINVAL) << path;
+  }
+  QFile large(folder_.filePath("large"));
+  ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(QtFileStore::kLargestFile + 1));
+  EXPECT_EQ(store_.ReadFile(Path("large")).error.value().number, EFBIG);
+  EXPECT_EQ(store_.ReadFile(Path("B\xF6tchen.dat")).error.value().number, EILSEQ);
   EXPECT_FALSE(store_.FileSize(Path("missing")));
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -68,6 +69,45 @@ TEST_F(SavingUnderFaults, ADiskThatIsFullAtAnyByteLeavesTheOldFile) {
     return 0;
   });
   EXPECT_EQ(status, 0);
+}
+
+/// What may be written in a folder that may not cannot be replaced by a rename. As root, who may
+/// do everything, the child becomes somebody else.
+TEST_F(SavingUnderFaults, AFolderThatTakesNoNewFileHasTheOldOneOverwrittenAfterACopy) {
+  constexpr uid_t kNobody = 65534;
+  const std::string path = Path("boats/boat.hex");
+  const std::string copies = Path("copies");
+  const QString folder = folder_.filePath("boats");
+  ASSERT_TRUE(QDir(folder_.path()).mkdir("boats") && QDir(folder_.path()).mkdir("copies"));
+  ASSERT_FALSE(store_.WriteFile(path, kOld + "longer"));
+  for (const std::string& each : {path, copies, ToUtf8(folder_.path())}) {
+    ASSERT_EQ(::chmod(each.c_str(), 0777), 0);
+  }
+  ASSERT_EQ(::chmod(ToUtf8(folder).c_str(), 0555), 0);
+  const int status = InChild([&] {
+    if (::geteuid() == 0 && ::setuid(kNobody) != 0) return 1;
+    if (store_.WriteFile(path, kNew).value().number != EACCES) return 2;  // nowhere for a copy
+    QtFileStore copying(copies);
+    if (copying.CheckWritable(path) || copying.WriteFile(path, kNew)) return 3;
+    if (copying.ReadFile(path).bytes != kNew) return 4;
+    if (!copying.WriteFile(Path("boats/new.hex"), kNew)) return 5;
+    // The disk takes no more: the file is what it was.
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit size = {kNew.size(), kNew.size()};
+    ::setrlimit(RLIMIT_FSIZE, &size);
+    const auto error = copying.WriteFile(path, kOld + "longer");
+    if (!error || error->number != EFBIG || copying.ReadFile(path).bytes != kNew) return 6;
+    // Where no copy can be kept, nothing is overwritten.
+    QtFileStore nowhere(Path("boats/copies"));
+    return !nowhere.WriteFile(path, kOld) || copying.ReadFile(path).bytes != kNew ? 7 : 0;
+  });
+  EXPECT_EQ(status, 0);
+  const QDir kept(FromUtf8(copies));
+  const QStringList names = kept.entryList(QDir::Files);
+  ASSERT_EQ(names.size(), 1);
+  EXPECT_TRUE(names[0].endsWith("%boats%boat.hex")) << ToUtf8(names[0]);
+  EXPECT_EQ(store_.ReadFile(ToUtf8(kept.filePath(names[0]))).bytes, kNew);
+  ASSERT_EQ(::chmod(ToUtf8(folder).c_str(), 0777), 0);
 }
 
 TEST_F(SavingUnderFaults, AFolderThatIsGoneOrNoFolderAnyMoreIsToldOf) {
