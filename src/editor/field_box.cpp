@@ -67,6 +67,7 @@ FieldBox::FieldBox(const FieldRule& rule, QWidget* parent)
     : QLineEdit(parent), rule_(rule), filter_(new Filter(rule, this)) {
   setObjectName(QLatin1String(rule.control));
   setMaxLength(rule.max_length);
+  setAcceptDrops(false);  // a file let go here is meant for the window
   setValidator(filter_);
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
     if (!showing_ && (IsLocked() || !isEnabled())) {

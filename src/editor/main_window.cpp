@@ -218,18 +218,32 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   }
 }
 
+bool MainWindow::TakeDrop(QDropEvent& event) const {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  if (urls.size() != 1 || !urls.constFirst().isLocalFile()) return false;
+  if (!isEnabled() || data_.Flags.Busy || QApplication::activeModalWidget() != nullptr)
+    return false;
+  // Never what is proposed: told that it was moved, a file manager removes the file.
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+  return true;
+}
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  const QList<QUrl> urls = event->mimeData()->urls();
-  if (urls.size() == 1 && urls.constFirst().isLocalFile()) event->acceptProposedAction();
+  TakeDrop(*event);
+}
+
+void MainWindow::dragMoveEvent(QDragMoveEvent* event) {
+  TakeDrop(*event);
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-  const QString path = event->mimeData()->urls().value(0).toLocalFile();
-  if (path.isEmpty()) return;
-  event->acceptProposedAction();
+  if (!TakeDrop(*event)) return;
+  const std::string path = platform::ToUtf8(event->mimeData()->urls().constFirst().toLocalFile());
   // Whoever the file was dragged from waits until this returns.
-  QTimer::singleShot(0, &file_commands_,
-                     [this, path] { file_commands_.OpenFile(platform::ToUtf8(path)); });
+  QTimer::singleShot(0, &file_commands_, [this, path] {
+    if (isEnabled()) file_commands_.OpenFile(path);
+  });
 }
 
 }  // namespace orvane::editor

@@ -57,6 +57,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
  private:
@@ -77,6 +78,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   /// Over the whole screen, maximized or more.
   [[nodiscard]] bool IsSpread() const;
 
+  /// True when what is dragged is a file that can be opened now; the answer is then Copy.
+  bool TakeDrop(QDropEvent& event) const;
   /// True when the key was meant for the window; the control must not see it then.
   [[nodiscard]] bool TakeKey(QWidget& target, const QKeyEvent& event);
   void OpenHelp(const QWidget* focus);

@@ -1,5 +1,6 @@
 #include "editor/report_window.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -8,9 +9,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <optional>
 
 #include "core/messages.h"
@@ -135,6 +140,10 @@ QWidget* ReportWindow::BuildFindBar() {
   };
   add("cmdFindPrevious", Qt::UpArrow, tr("Find previous"), QTextDocument::FindBackward);
   add("cmdFindNext", Qt::DownArrow, tr("Find next"), {});
+  found_ = new QLabel(find_bar_);
+  found_->setObjectName(QStringLiteral("lblFind"));
+  row->addWidget(found_);
+  connect(find_text_, &QLineEdit::textChanged, found_, &QLabel::clear);
   find_bar_->hide();
   return find_bar_;
 }
@@ -157,7 +166,11 @@ void ReportWindow::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (finding) Find({});
+      if (finding) {
+        Find({});
+      } else if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {
+        button->click();
+      }
       return;
     case Qt::Key_Escape:
       if (!find_bar_->isHidden()) {
@@ -175,9 +188,25 @@ void ReportWindow::BuildReport() {
     const Working working(*this);
     report_ = files::BuildTextReport(data_);
     text_->setPlainText(platform::FromAnsi(report_));
+    FitWidth();
     host_.Wait(kCommandPause);
   }
   text_->setFocus();
+}
+
+// The first size is too narrow for most reports; the screen's width is the limit.
+void ReportWindow::FitWidth() {
+  if (isMaximized()) return;
+  const QTextDocument& document = *text_->document();
+  const int frame = width() - text_->viewport()->width();
+  const int scroll_bar =
+      text_->verticalScrollBar()->isVisible() ? 0 : text_->verticalScrollBar()->sizeHint().width();
+  const int wanted = static_cast<int>(std::ceil(document.idealWidth())) + frame + scroll_bar;
+  const QRect room = screen()->availableGeometry();
+  const int fitting = std::clamp(wanted, width(), std::max(width(), room.width()));
+  resize(fitting, height());
+  move(std::clamp(x(), room.left(), std::max(room.left(), room.right() + 1 - frameSize().width())),
+       y());
 }
 
 void ReportWindow::SaveAs() {
@@ -229,12 +258,17 @@ void ReportWindow::Find(QTextDocument::FindFlags direction) {
     ShowFindBar();
     return;
   }
+  found_->clear();
   if (text_->find(wanted, direction)) return;
   const QTextCursor before = text_->textCursor();
   text_->moveCursor(direction == QTextDocument::FindBackward ? QTextCursor::End
                                                              : QTextCursor::Start);
   if (text_->find(wanted, direction)) return;
   text_->setTextCursor(before);
+  find_bar_->show();  // Find Next may come from the menu
+  found_->setText(tr("Not found"));
+  QAccessibleEvent told(found_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&told);
   QApplication::beep();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -32,6 +33,8 @@ class ReportWindow : public QDialog {
   QWidget* BuildFindBar();
 
   void BuildReport();
+  /// Makes the window as wide as the report's lines.
+  void FitWidth();
   /// The cancel flag tells of a cancelled dialog or a failure, the error flag of the latter.
   void SaveAs();
   void CopyAll();
@@ -50,6 +53,7 @@ class ReportWindow : public QDialog {
   QFont normal_font_;
   QWidget* find_bar_ = nullptr;
   QLineEdit* find_text_ = nullptr;
+  QLabel* found_ = nullptr;  ///< "Not found", else empty
   QTimer* timer_;
 };
 

@@ -94,6 +94,7 @@ void UsablePage::BuildGroup(std::size_t index, const QString& caption) {
 
   // Status names are shown in the tree; their boxes are not offered.
   auto* status_name = new QLineEdit(group.frame);
+  status_name->setAcceptDrops(false);
   status_name->setObjectName(MemberName("txtUsable", i));
   status_name->setAccessibleName(tr("Status Name"));
   status_name->setEnabled(false);

@@ -6,6 +6,8 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QScrollBar>
 #include <QToolButton>
 
 #include "command_desk.h"
@@ -46,16 +48,22 @@ void PressDebugKey(CommandDesk& desk, Qt::Key key) {
   QTest::keyClick(&desk.Tree(), key, Qt::ControlModifier);
 }
 
-/// A file is dragged onto the window and let go; true when the window took it.
-bool Drop(const CommandDesk& desk, const QString& path) {
+/// What a file manager does that would rather move the file: dragged over a control and let go
+/// there. The answer of the window, or none when it took nothing.
+Qt::DropAction Drop(const CommandDesk& desk, const QWidget& control, const QString& path) {
   QMimeData dropped;
   dropped.setUrls({QUrl::fromLocalFile(path)});
-  QDragEnterEvent enter({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(desk.window.get(), &enter);
-  QDropEvent drop({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(desk.window.get(), &drop);
+  QWindow* const window = desk.window->windowHandle();
+  const QPoint place = control.mapTo(desk.window.get(), control.rect().center());
+  const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+  QDragEnterEvent enter(place, offered, &dropped, Qt::LeftButton, Qt::NoModifier);
+  enter.setDropAction(Qt::MoveAction);
+  QApplication::sendEvent(window, &enter);
+  QDropEvent drop(place, offered, &dropped, Qt::LeftButton, Qt::NoModifier);
+  drop.setDropAction(Qt::MoveAction);
+  QApplication::sendEvent(window, &drop);
   QCoreApplication::processEvents();  // whoever dropped it is not kept waiting
-  return enter.isAccepted();
+  return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
 }
 
 std::string HexBytes(const core::RadioData& data) {
@@ -83,6 +91,13 @@ class CommandsTest : public QObject {
       QString report = Text(window).toPlainText();
       QCOMPARE(platform::ToAnsi(report.replace("\n", "\r\n")), files::BuildTextReport(desk.data));
       QVERIFY(window.isEnabled() && Text(window).isReadOnly());
+      // As wide as its lines, or as the screen where that is narrower.
+      QVERIFY(Text(window).horizontalScrollBar()->maximum() == 0 ||
+              window.width() >= window.screen()->availableGeometry().width());
+      auto* ok = window.findChild<QPushButton*>("cmdOK");
+      ok->setFocus();
+      QTest::keyClick(ok, Qt::Key_Return);
+      QVERIFY(!window.isVisible());
     });
     desk.data.Table(core::MarineGroup::kUsa)[32].ChTag = "OTHERWISE";
     InReport(desk, [](QDialog& window) {
@@ -137,6 +152,9 @@ class CommandsTest : public QObject {
       const int before = Text(window).textCursor().position();
       Choose(window, "mnuEditFindNext");
       QCOMPARE(Text(window).textCursor().position(), before);
+      QCOMPARE(window.findChild<QLabel*>("lblFind")->text(), "Not found");
+      wanted->setText("setup");
+      QCOMPARE(window.findChild<QLabel*>("lblFind")->text(), "");
       QTest::keyClick(wanted, Qt::Key_Escape);
       QVERIFY(window.isVisible() && !wanted->isVisible());
 
@@ -245,6 +263,36 @@ class CommandsTest : public QObject {
     QVERIFY(desk.data.Flags.Cancel && !desk.data.Flags.Busy && desk.window->isEnabled());
   }
 
+  void WindowIsBusyWhileAFileIsReadOrWritten() {
+    CommandDesk desk;
+    desk.data.Flags.Debug = true;
+    desk.Start();
+    desk.data.Image = desk.sample.Image;
+    desk.dialogs.paths = {"/out/a.dat", "/out/a.dat", "/out/a.hex", "/out/a.hex"};
+    int looks = 0;
+    const auto look = [&] {
+      ++looks;
+      QVERIFY(desk.data.Flags.Busy);
+      QVERIFY(!desk.window->isEnabled());
+    };
+    const auto looked = [&](const char* what) {
+      const testing::Row row(what);
+      QVERIFY(std::exchange(looks, 0) > 0);
+      QVERIFY(!desk.data.Flags.Busy && !desk.data.Flags.Cancel && desk.window->isEnabled());
+    };
+    desk.pump.on_yield = look;
+    desk.Item("mnuFileSaveAs").trigger();
+    looked("settings file, written");
+    desk.Item("mnuFileOpen").trigger();
+    looked("settings file, read");
+    desk.files.on_use = look;
+    PressDebugKey(desk, Qt::Key_F3);
+    looked("image file, written");
+    PressDebugKey(desk, Qt::Key_F2);
+    looked("image file, read");
+    desk.files.on_use = desk.pump.on_yield = nullptr;
+  }
+
   void AboutBoxNamesProgramAndVersion() {
     CommandDesk desk;
     desk.Start();
@@ -282,8 +330,25 @@ class CommandsTest : public QObject {
     desk.dialogs.paths = {"/out/boat.dat"};
     desk.Item("mnuFileSaveAs").trigger();
     desk.TriggerAndWait("mnuFileNew");
-    QVERIFY(Drop(desk, "/out/boat.dat"));
+    QCOMPARE(Drop(desk, desk.Tree(), "/out/boat.dat"), Qt::CopyAction);
     QVERIFY(desk.window->windowTitle().endsWith(" - boat.dat"));
+    for (const char* key : {"General", "PU32", "L1", "E1", "Usable", "Common"}) {
+      desk.window->SelectNode(QLatin1String(key));
+      for (const auto* box : desk.window->findChildren<QLineEdit*>()) {
+        const testing::Row row(key, box->objectName());
+        QVERIFY(!box->acceptDrops());
+        if (!box->isVisible()) continue;
+        desk.TriggerAndWait("mnuFileNew");
+        desk.window->SelectNode(QLatin1String(key));
+        const QString before = box->text();
+        QCOMPARE(Drop(desk, *box, "/out/boat.dat"), Qt::CopyAction);
+        QCOMPARE(box->text(), before);
+        QVERIFY(desk.window->windowTitle().endsWith(" - boat.dat"));
+      }
+    }
+    desk.InWindowOf("mnuHelpAbout", [&](QDialog& /*box*/) {
+      QCOMPARE(Drop(desk, desk.Tree(), "/out/boat.dat"), Qt::IgnoreAction);
+    });
   }
 
   void BadPageStopsEveryCommandAndStaysOnShow() {
@@ -320,14 +385,14 @@ class CommandsTest : public QObject {
       };
       desk.Item("mnuEditModel_1").setEnabled(true);
       for (const char* item :
-           {"mnuFileNew", "mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFilePrint",
+           {"mnuFileNew", "mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFilePrint", kReport,
             "mnuFileExit", "mnuTransferRead", "mnuTransferProgram", "mnuEditModel_1"}) {
         desk.Item(item).trigger();
         stopped(item);
       }
       PressDebugKey(desk, Qt::Key_F3);
       stopped("image file");
-      QVERIFY(Drop(desk, "/out/boat.dat"));
+      QCOMPARE(Drop(desk, *box, "/out/boat.dat"), Qt::CopyAction);
       stopped("dropped file");
       desk.window->SelectNode("General");
       stopped("another node");

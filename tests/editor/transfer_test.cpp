@@ -82,10 +82,16 @@ class TransferTest : public QObject {
     desk.ports.Add(3, "Adapter");
     desk.Start();
     desk.Item("mnuOptionsSerialPort1_0").trigger();
+    desk.dialogs.paths = {"/out/other.dat"};
+    desk.Item("mnuFileSaveAs").trigger();
+    const std::string other = desk.files.files["/out/other.dat"];
     desk.window->SelectNode("PU32");
     desk.window->DataChanged();
     QVERIFY(desk.Transfer(kRead));
     QCOMPARE(desk.Messages(), QStringList{"Complete!!"});
+    desk.Item("mnuFileSave").trigger();  // asks for a name: what was read is another radio's
+    QCOMPARE(desk.dialogs.requests.size(), std::size_t{2});
+    QCOMPARE(desk.files.files["/out/other.dat"], other);
     QCOMPARE(desk.PageName(), "pictGeneral");
     QVERIFY(!desk.data.Flags.DataChanged && !desk.data.Flags.Busy);
     QCOMPARE(desk.data.EXP[1].ChTag, desk.sample.EXP[1].ChTag);

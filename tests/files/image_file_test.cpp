@@ -113,6 +113,20 @@ TEST_F(ImageFile, RefusedFilesChangeNothing) {
   EXPECT_TRUE(log.lines.empty());
 }
 
+TEST_F(ImageFile, IsBusyWhileItReadsAndWrites) {
+  RadioData data = Fresh(5);
+  data.Image[kProductByte] = 2;
+  int uses = 0;
+  files.on_use = [&] {
+    ++uses;
+    EXPECT_TRUE(data.Flags.Busy && !data.Flags.Cancel);
+  };
+  SaveHexFileAs(data, kPath, files, prompts, log);
+  Load(data);
+  EXPECT_EQ(uses, 2);
+  EXPECT_FALSE(data.Flags.Busy || data.Flags.Cancel || data.Flags.Error);
+}
+
 TEST_F(ImageFile, ATemplateWithoutSel1RenamesTheModel) {
   RadioData other = Fresh(5);
   other.Image[kProductByte] = 2;

@@ -63,9 +63,13 @@ class ManualPump : public core::EventPump {
     }
     if (clock_.now <= deadline) clock_.now = deadline + 0.001;
   }
-  void ProcessEvents() override { ++yields; }
+  void ProcessEvents() override {
+    ++yields;
+    if (on_yield) on_yield();
+  }
 
   std::function<std::optional<double>(double deadline)> on_wait;
+  std::function<void()> on_yield;
   int waits = 0;
   int yields = 0;
 
@@ -92,6 +96,7 @@ class MemorySettings : public core::SettingsStore {
 class MemoryFiles : public core::FileStore {
  public:
   [[nodiscard]] core::FileBytes ReadFile(const std::string& path) override {
+    if (on_use) on_use();
     const auto it = files.find(path);
     if (failing.contains(path)) return {failing[path], {}};
     if (it == files.end()) return {core::SystemError{2, "No such file or directory"}, {}};
@@ -104,6 +109,7 @@ class MemoryFiles : public core::FileStore {
   }
   [[nodiscard]] std::optional<core::SystemError> WriteFile(const std::string& path,
                                                            std::string_view bytes) override {
+    if (on_use) on_use();
     if (failing.contains(path)) return failing[path];
     files[path] = std::string(bytes);
     return std::nullopt;
@@ -124,6 +130,7 @@ class MemoryFiles : public core::FileStore {
 
   std::map<std::string, std::string> files;
   std::map<std::string, core::SystemError> failing;
+  std::function<void()> on_use;  ///< when a file is read or written
 };
 
 class RecordingLog : public core::ErrorLog {
