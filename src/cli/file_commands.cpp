@@ -3,6 +3,7 @@
 #include "cli/commands.h"
 #include "cli/data_tree.h"
 #include "core/model_profile.h"
+#include "core/text.h"
 #include "image/memory_map.h"
 #include "link/port_list.h"
 #include "platform/ansi_text.h"
@@ -69,11 +70,15 @@ bool RunPorts(Workplace& place) {
   nlohmann::ordered_json list = nlohmann::ordered_json::array();
   for (int index = 0, count = ports.Create(); index < count; ++index) {
     const link::PortEntry port = ports.PortItem(index);
+    // Both end in the blank that parted them from the port's number.
+    const std::string full_name = ports.RefComName(index);
+    const std::string_view name = core::TrimRight(full_name);
+    const std::string_view description = core::TrimRight(port.description);
     list.push_back({{"number", port.port_number},
-                    {"name", ports.RefComName(index)},
-                    {"description", port.description},
+                    {"name", name},
+                    {"description", description},
                     {"device", port.device}});
-    if (!place.options.json) place.out << ports.RefComName(index) << ' ' << port.device << '\n';
+    if (!place.options.json) place.out << name << ' ' << port.device << '\n';
   }
   if (place.options.json) {
     PrintJson(place.out, list);

@@ -37,8 +37,8 @@ constexpr std::array<CommandInfo, 8> kCommands = {{
 // The words as they stand, before their values are looked at.
 struct RawOptions {
   Options options;
-  std::string model;
-  std::string port;
+  std::optional<std::string> model;
+  std::optional<std::string> port;
 };
 
 std::string UsageLine(const CommandInfo& info) {
@@ -55,9 +55,14 @@ std::string ModelNumbers() {
 }
 
 void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
-  const auto model = [&] { return app.add_option("--model", raw.model, "MODELTYPE 0 to 6"); };
+  // An empty word is a word, and a wrong one.
+  const auto word = [&](const char* name, std::optional<std::string>& value, const char* help) {
+    return app.add_option_function<std::string>(
+        name, [&value](const std::string& given) { value = given; }, help);
+  };
+  const auto model = [&] { return word("--model", raw.model, "MODELTYPE 0 to 6"); };
   const auto port = [&] {
-    app.add_option("--port", raw.port, "port number, COM and number, or device path")->required();
+    word("--port", raw.port, "port number, COM and number, or device path")->required();
   };
   const auto input = [&](const char* help) {
     return app.add_option("IN", raw.options.input, help);
@@ -151,15 +156,16 @@ std::optional<std::string> WrongOutput(const Options& options) {
 
 // Brings the values of model and port over. Returns what is wrong with them.
 std::optional<std::string> TakeValues(RawOptions& raw) {
-  if (!raw.model.empty()) {
-    const bool known = raw.model.size() == 1 && raw.model[0] >= '0' && raw.model[0] <= '6';
-    if (!known) return "--model \"" + raw.model + "\" is no model. Models: " + ModelNumbers() + ".";
-    raw.options.model = static_cast<std::int16_t>(raw.model[0] - '0');
+  if (raw.model) {
+    const std::string& model = *raw.model;
+    const bool known = model.size() == 1 && model[0] >= '0' && model[0] <= '6';
+    if (!known) return "--model \"" + model + "\" is no model. Models: " + ModelNumbers() + ".";
+    raw.options.model = static_cast<std::int16_t>(model[0] - '0');
   }
-  if (!raw.port.empty()) {
-    const std::optional<PortChoice> port = ParsePort(raw.port);
+  if (raw.port) {
+    const std::optional<PortChoice> port = ParsePort(*raw.port);
     if (!port) {
-      return "--port \"" + raw.port +
+      return "--port \"" + *raw.port +
              "\" is no port. Give a number 1 to 16, COM1 to COM16 or the path of a device.";
     }
     raw.options.port = *port;

@@ -1,7 +1,9 @@
 #include "cli/run.h"
 
+#include <cerrno>
 #include <istream>
 #include <ostream>
+#include <system_error>
 
 #include "cli/commands.h"
 #include "cli/documents.h"
@@ -39,6 +41,17 @@ bool Execute(Workplace& place) {
   return false;
 }
 
+/// Says why when the output has not been taken whole: the disk is full, the reader is gone.
+bool FlushOutput(std::ostream& out, std::ostream& err) {
+  out.flush();
+  if (out.good()) return true;
+  const int number = errno;
+  err << "The output could not be written";
+  if (number != 0) err << ": " << std::generic_category().message(number);
+  err << '\n' << std::flush;
+  return false;
+}
+
 }  // namespace
 
 int Run(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
@@ -47,7 +60,8 @@ int Run(const std::vector<std::string>& words, std::istream& in, std::ostream& o
   if (!parsed.options) {
     out << parsed.help;
     err << parsed.error;
-    return parsed.error.empty() ? kDone : kWrongUsage;
+    if (!parsed.error.empty()) return kWrongUsage;
+    return FlushOutput(out, err) ? kDone : kFailed;
   }
   const Options& options = *parsed.options;
   StatusLine lines(err);
@@ -59,9 +73,10 @@ int Run(const std::vector<std::string>& words, std::istream& in, std::ostream& o
   core::ErrorLog& log = options.debug ? services.log : no_log;
   Documents documents(services, prompts, log, options.debug);
   Workplace place{options, services, out, lines, prompts, log, documents};
+  errno = 0;
   const bool done = Execute(place);
-  out.flush();
-  return done && out.good() ? kDone : kFailed;
+  const bool written = FlushOutput(out, err);
+  return done && written ? kDone : kFailed;
 }
 
 }  // namespace orvane::cli

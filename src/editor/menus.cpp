@@ -87,6 +87,9 @@ void AddOptionsMenu(QMenuBar& bar, Menus& menus) {
                           QStringLiteral("(not exist)"));
   menus.no_port->setEnabled(false);
   AddItems(*menus.serial_port, "mnuOptionsSerialPort1", menus.ports);
+  menus.gone_port = AddItem(*menus.serial_port, QStringLiteral("mnuOptionsSerialPortGone"), {});
+  menus.gone_port->setEnabled(false);
+  menus.gone_port->setVisible(false);
 }
 
 }  // namespace

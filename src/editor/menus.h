@@ -29,6 +29,7 @@ struct Menus {
   QMenu* serial_port;
   QAction* no_port;
   std::array<QAction*, kPorts> ports;
+  QAction* gone_port;  ///< the chosen port while it is not there
   QAction* help_contents;
   QAction* about;
 };

@@ -1,7 +1,6 @@
 #include "editor/serial_port_menu.h"
 
 #include <cstddef>
-#include <cstdint>
 
 #include "platform/ansi_text.h"
 
@@ -29,11 +28,13 @@ void SerialPortMenu::UpdateComList() {
       item->setText(PlainCaption(platform::FromUtf8(list_.RefComName(index))));
     }
   }
+  const bool gone = !chosen_.isEmpty() && list_.FindPortIndex(port_number_) < 0;
+  menus_.gone_port->setVisible(gone);
+  if (gone) menus_.gone_port->setText(chosen_ + tr(" (not connected)"));
 }
 
 void SerialPortMenu::SelectStoredPort() {
-  if (port_number_ < INT16_MIN || port_number_ > INT16_MAX) return;
-  const int index = list_.FindPortIndex(static_cast<std::int16_t>(port_number_));
+  const int index = list_.FindPortIndex(port_number_);
   if (index >= 0) CheckOnly(index);
 }
 
@@ -44,6 +45,7 @@ void SerialPortMenu::Pick(int index) {
 }
 
 void SerialPortMenu::CheckOnly(int index) {
+  chosen_ = menus_.ports[static_cast<std::size_t>(index)]->text().trimmed();
   for (int other = 0; other < Menus::kPorts; ++other) {
     menus_.ports[static_cast<std::size_t>(other)]->setChecked(other == index);
   }

@@ -9,7 +9,7 @@
 namespace orvane::editor {
 
 /// The menu of the serial ports. It is filled anew each time it opens; the check mark moves only
-/// when the user picks a port.
+/// when the user picks a port. A chosen port that is gone stays below the others, disabled.
 class SerialPortMenu : public QObject {
   Q_OBJECT
 
@@ -30,6 +30,7 @@ class SerialPortMenu : public QObject {
   link::CComList list_;
   core::AppSettings settings_;
   int port_number_;
+  QString chosen_;  ///< caption of the port that was checked, "" as long as none was
 };
 
 }  // namespace orvane::editor

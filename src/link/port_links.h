@@ -16,4 +16,9 @@ namespace orvane::link {
 /// The number 1..16 of a link, nothing for any other file name.
 [[nodiscard]] std::optional<int> ParsePortLinkName(std::string_view file_name);
 
+/// Whether a character device is a serial or a pseudo-terminal, told by its numbers and the text
+/// of /proc/tty/drivers: a line for each driver with its name, path, major number, minor number or
+/// numbers ("64" or "0-255") and type.
+[[nodiscard]] bool HasTerminalDriver(std::string_view drivers, unsigned major, unsigned minor);
+
 }  // namespace orvane::link

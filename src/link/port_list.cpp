@@ -82,7 +82,7 @@ PortEntry CComList::PortItem(int index) const {
   return index >= 0 && index < count_ ? entries_[static_cast<std::size_t>(index)] : PortEntry{};
 }
 
-std::int16_t CComList::FindPortIndex(std::int16_t number) const {
+std::int16_t CComList::FindPortIndex(int number) const {
   for (std::int16_t index = 0; index < count_; ++index) {
     if (entries_[static_cast<std::size_t>(index)].port_number == number) return index;
   }

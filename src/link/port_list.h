@@ -42,7 +42,7 @@ class CComList {
   /// An empty entry (number 0) outside the valid ones.
   [[nodiscard]] PortEntry PortItem(int index) const;
   /// Index of the entry with that number, -1 when there is none.
-  [[nodiscard]] std::int16_t FindPortIndex(std::int16_t number) const;
+  [[nodiscard]] std::int16_t FindPortIndex(int number) const;
 
  private:
   PortFinder& finder_;

@@ -12,6 +12,13 @@
 #include "link/port_name.h"
 #include "platform/ansi_text.h"
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+#ifdef Q_OS_LINUX
+#include <sys/sysmacros.h>
+#endif
+
 namespace orvane::platform {
 namespace {
 
@@ -66,6 +73,21 @@ std::string LinkedDescription(const std::string& device) {
   return device.starts_with("/dev/pts/") ? "Simulated radio" : "Serial port " + device;
 }
 
+// What is no terminal cannot be a port. It is not opened to find out: opening moves the lines of a
+// cable, and closing hangs up a pseudo-terminal.
+bool IsTerminal(const std::string& device) {
+  struct stat status = {};
+  if (::stat(device.c_str(), &status) != 0 || !S_ISCHR(status.st_mode)) return false;
+#ifdef Q_OS_LINUX
+  QFile drivers("/proc/tty/drivers");
+  if (!drivers.open(QIODevice::ReadOnly)) return true;
+  return link::HasTerminalDriver(drivers.readAll().toStdString(), major(status.st_rdev),
+                                 minor(status.st_rdev));
+#else
+  return true;
+#endif
+}
+
 std::vector<link::PinnedPort> ReadLinks(const std::string& folder) {
   std::vector<link::PinnedPort> pins;
   const QFileInfoList entries =
@@ -73,8 +95,7 @@ std::vector<link::PinnedPort> ReadLinks(const std::string& folder) {
   for (const QFileInfo& entry : entries) {
     const std::optional<int> number = link::ParsePortLinkName(ToUtf8(entry.fileName()));
     const std::string device = ToUtf8(entry.canonicalFilePath());
-    // The canonical path of a link that leads nowhere is empty.
-    if (number && !device.empty()) pins.push_back({*number, device, LinkedDescription(device)});
+    if (number && IsTerminal(device)) pins.push_back({*number, device, LinkedDescription(device)});
   }
   return pins;
 }
@@ -96,7 +117,7 @@ std::vector<link::FoundPort> QtPortFinder::FindPorts() {
 std::string DeviceOfPort(link::PortFinder& finder, int number) {
   link::CComList ports(finder);
   ports.Create();
-  const int index = ports.FindPortIndex(static_cast<std::int16_t>(number));
+  const int index = ports.FindPortIndex(number);
   if (index < 0) return link::PortName(number);
   return ports.PortItem(index).device;
 }

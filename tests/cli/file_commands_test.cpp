@@ -1,4 +1,6 @@
+#include <cerrno>
 #include <nlohmann/json.hpp>
+#include <streambuf>
 
 #include "cli_bench.h"
 #include "core/model_profile.h"
@@ -88,12 +90,31 @@ TEST_F(FileCommands, TheReportIsTheSameOnScreenAndInAFile) {
   EXPECT_TRUE(out_.ends_with("\r\n"));
 }
 
+TEST_F(FileCommands, AnOutputThatTakesNothingIsToldWithTheSystemsReason) {
+  class FullDisk : public std::streambuf {
+    int_type overflow(int_type /*c*/) override {
+      errno = ENOSPC;
+      return traits_type::eof();
+    }
+  } full;
+  Keep("a.hex", sample);
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"report", "a.hex"}, {"map"}, {"--help"}}) {
+    std::istringstream in;
+    std::ostream out(&full);
+    std::ostringstream err;
+    EXPECT_EQ(cli::Run(words, in, out, err, services), kFailed) << words[0];
+    EXPECT_EQ(err.str(), "The output could not be written: No space left on device\n") << words[0];
+  }
+}
+
 TEST_F(FileCommands, PrintedPagesAreWrittenOnlyWhenTheyCouldBePainted) {
   Keep("a.hex", sample);
   EXPECT_EQ(Run({"convert", "a.hex", "a.PDF"}), kDone);
   EXPECT_EQ(files.files["a.PDF"], "%PDF-");
-  pdf.clear();
+  pdf = {core::SystemError{0, "There is no font."}, {}};
   EXPECT_EQ(Run({"convert", "a.hex", "b.pdf"}), kFailed);
+  EXPECT_TRUE(ErrHas("b.pdf: There is no font.")) << err_;
   EXPECT_FALSE(files.files.contains("b.pdf"));
 }
 
@@ -163,10 +184,12 @@ TEST_F(FileCommands, ShowListsOnlyWhatIsInUse) {
 
 TEST_F(CliBench, PortsAreListedWithNumberDescriptionAndDevice) {
   ASSERT_EQ(Run({"ports"}), kDone);
-  EXPECT_EQ(out_, "COM16 Simulated radio  /dev/radio\n");
+  EXPECT_EQ(out_, "COM16 Simulated radio /dev/radio\n");
   ASSERT_EQ(Run({"ports", "--json"}), kDone);
   const nlohmann::json list = nlohmann::json::parse(out_);
   EXPECT_EQ(list[0]["number"], 16);
+  EXPECT_EQ(list[0]["name"], "COM16 Simulated radio");
+  EXPECT_EQ(list[0]["description"], "Simulated radio");
   EXPECT_EQ(list[0]["device"], "/dev/radio");
   ports.ports.clear();
   ASSERT_EQ(Run({"ports"}), kDone);

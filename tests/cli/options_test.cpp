@@ -31,6 +31,8 @@ TEST_F(CliBench, WrongUsageSaysWhatIsWrongAndWhatIsRight) {
       {{"read", "--model", "5", "--port", "COM17", "-o", "a.hex"},
        "\"COM17\" is no port",
        "COM1 to COM16"},
+      {{"read", "--model", "5", "--port", "", "-o", "a.hex"}, "\"\" is no port", "--port P"},
+      {{"program", "--model", "", "--port", "1", "a.hex"}, "\"\" is no model", "Models: 0 "},
       {{"read", "--model", "5", "--port", "1", "-o", "a.dat", "--raw"}, "With --raw", ".hex."},
       {{"read", "--model", "5", "--port", "1", "-o", "a.hex", "--base", "a.txt"},
        "--base",

@@ -136,6 +136,14 @@ class MenusTest : public QObject {
     QCOMPARE(desk.window->PortNumber(), 12);
     desk.Item("mnuOptionsSerialPort1_1").trigger();  // picking it again keeps it
     QCOMPARE(Captions(desk, kPorts, true).size(), 1);
+    const std::vector<link::FoundPort> both = desk.ports.ports;
+    for (const bool there : {false, true}) {
+      desk.ports.ports = there ? both : std::vector{both[1]};
+      emit desk.Find<QMenu>(kPorts)->aboutToShow();
+      const QString gone = "COM12 USB && Serial (not connected)";
+      QCOMPARE(Captions(desk, kPorts).contains(gone), !there);
+      QVERIFY(!desk.Item("mnuOptionsSerialPortGone").isEnabled());
+    }
   }
 
   void DestinationIsAskedForAndMayHaveNoFile() {

@@ -1,5 +1,7 @@
 #include "link/port_list.h"
 
+#include "link/port_links.h"
+
 #include <gtest/gtest.h>
 
 namespace orvane::link {
@@ -46,6 +48,7 @@ TEST(PortList, IsEmptyWithoutPortsAndRebuiltEachTime) {
   EXPECT_EQ(list.FindPortIndex(7), 1);
   EXPECT_EQ(list.PortItem(1).device, "/dev/b");
   EXPECT_EQ(list.FindPortIndex(4), -1);
+  EXPECT_EQ(list.FindPortIndex(65536 + 7), -1);
   finder.ports.clear();
   EXPECT_EQ(list.Create(), 0);
   EXPECT_EQ(list.FindPortIndex(7), -1);
@@ -66,6 +69,25 @@ TEST(NumberDevices, PinsKeepTheirNumbersAndTheOthersFillTheGaps) {
       {{2, "/dev/s0"}, {16, "/dev/pts/4", "Simulated radio"}, {16, "/dev/u1"}, {17, "/dev/u1"}});
   EXPECT_EQ(Offered(finder), (std::vector<std::string>{"COM1 Adapter ", "COM2 UART ",
                                                        "COM3 /dev/u1 ", "COM16 Simulated radio "}));
+}
+
+TEST(PortLinks, OnlyTerminalsArePorts) {
+  constexpr std::string_view kDrivers =
+      "/dev/tty             /dev/tty        5       0 system:/dev/tty\n"
+      "serial               /dev/ttyS       4      64 serial\n"
+      "acm                  /dev/ttyACM   166 0-255 serial\n"
+      "pty_slave            /dev/pts      136 0-1048575 pty:slave\n"
+      "pty_master           /dev/ptm      128 0-1048575 pty:master\n"
+      "unknown              /dev/tty        4 1-63 console\n";
+  const struct {
+    unsigned major, minor;
+    bool terminal;
+  } cases[] = {{4, 64, true},     {4, 65, false}, {4, 1, false},   {5, 0, false}, {166, 7, true},
+               {166, 256, false}, {136, 9, true}, {128, 9, false}, {1, 3, false}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(HasTerminalDriver(kDrivers, c.major, c.minor), c.terminal)
+        << c.major << ":" << c.minor;
+  }
 }
 
 TEST(NumberDevices, LeavesOutWhatDoesNotFit) {
