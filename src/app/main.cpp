@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -36,21 +37,56 @@ std::vector<std::string> CommandLineWords(const QStringList& arguments) {
   return words;
 }
 
+constexpr const char* kHelpText =
+    "Usage: orvane [/D]\n"
+    "Opens the window that programs the radios of the KT740 series.\n\n"
+    "  /D         debug mode: image files by Ctrl+F2 and Ctrl+F3, failures written to err.log\n"
+    "  --help     this text\n"
+    "  --version  the program's version\n\n"
+    "Options of Qt, such as -style and -platform, are taken too. orvane-cli does without a "
+    "window.\n";
+
+/// The text asked for in place of a window. That needs no display, so it is told apart before one
+/// is looked for.
+std::string TextInsteadOfWindow(int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  const orvane::core::StartWords words = orvane::core::ReadStartWords(CommandLineWords(arguments));
+  if (words.help) return kHelpText;
+  if (!words.version) return {};
+  return std::string(orvane::core::kProductName) + " " + ORVANE_VERSION + "\n";
+}
+
+void TellUnknown(const std::vector<std::string>& words) {
+  for (const std::string& word : words) {
+    std::cerr << "orvane: \"" << word << "\" is not known and is ignored; see orvane --help."
+              << std::endl;
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   namespace platform = orvane::platform;
+  const std::string text = TextInsteadOfWindow(argc, argv);
+  if (!text.empty()) {
+    std::cout << text << std::flush;
+    return std::cout.good() ? 0 : 1;
+  }
   QApplication application(argc, argv);
   QApplication::setApplicationName(QLatin1String(orvane::core::kProductName.data()));
 
+  const orvane::core::StartWords words =
+      orvane::core::ReadStartWords(CommandLineWords(QApplication::arguments()));
+  TellUnknown(words.unknown);
   orvane::core::RadioData data;
-  data.Flags.Debug = orvane::core::HasDebugSwitch(CommandLineWords(QApplication::arguments()));
+  data.Flags.Debug = words.debug;
 
   platform::MessageBoxPrompts prompts;
   platform::QtClock clock;
   platform::QtEventPump pump(clock);
   platform::QtSettingsStore settings(platform::SettingsPath());
-  platform::QtFileStore files;
+  platform::QtFileStore files(platform::CopiesFolder());
   platform::FileErrorLog log(platform::ErrorLogPath(), data.Flags.Debug);
   platform::QtPortFinder ports(platform::PortLinksFolder());
   platform::QtFileDialogs dialogs;

@@ -62,9 +62,21 @@ std::string_view NameOf(std::string_view file_name) {
 
 }  // namespace
 
-bool HasDebugSwitch(const std::vector<std::string>& words) {
-  return std::any_of(words.begin(), words.end(),
-                     [](const std::string& word) { return UpperCase(word) == "/D"; });
+StartWords ReadStartWords(const std::vector<std::string>& words) {
+  StartWords read;
+  for (const std::string& word : words) {
+    const std::string upper = UpperCase(word);
+    if (upper == "/D") {
+      read.debug = true;
+    } else if (upper == "--HELP" || upper == "-H") {
+      read.help = true;
+    } else if (upper == "--VERSION") {
+      read.version = true;
+    } else {
+      read.unknown.push_back(word);
+    }
+  }
+  return read;
 }
 
 int AppSettings::PortNumber() const {

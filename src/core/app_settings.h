@@ -13,8 +13,14 @@
 /// stand beside the program.
 namespace orvane::core {
 
-/// True when one of the words is "/D", in either letter case.
-[[nodiscard]] bool HasDebugSwitch(const std::vector<std::string>& words);
+/// What the words of the command line ask of the window's program, in either letter case.
+struct StartWords {
+  bool debug = false;                ///< "/D"
+  bool help = false;                 ///< "--help", "-h"
+  bool version = false;              ///< "--version"
+  std::vector<std::string> unknown;  ///< all others, which are ignored
+};
+[[nodiscard]] StartWords ReadStartWords(const std::vector<std::string>& words);
 
 struct WindowGeometry {  ///< twips: 1/1440 inch, 15 to a device-independent pixel
   int left = 0, top = 0, width = 0, height = 0;

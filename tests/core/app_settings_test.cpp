@@ -9,11 +9,26 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-TEST(DebugSwitch, IsTheWholeWordInEitherCase) {
-  EXPECT_TRUE(HasDebugSwitch({"file.dat", "/d"}));
-  EXPECT_TRUE(HasDebugSwitch({"/D"}));
-  EXPECT_FALSE(HasDebugSwitch({"/DEBUG", "-D", "D", "/D/D", ""}));
-  EXPECT_FALSE(HasDebugSwitch({}));
+TEST(StartWords, AreReadInEitherLetterCaseAndTheOthersNamed) {
+  const struct {
+    std::vector<std::string> words;
+    bool debug, help, version;
+    std::vector<std::string> unknown;
+  } cases[] = {
+      {{}, false, false, false, {}},
+      {{"file.dat", "/d"}, true, false, false, {"file.dat"}},
+      {{"/DEBUG", "-D", "D", "/D/D", ""}, false, false, false, {"/DEBUG", "-D", "D", "/D/D", ""}},
+      {{"--HELP", "/D"}, true, true, false, {}},
+      {{"-h"}, false, true, false, {}},
+      {{"--version"}, false, false, true, {}},
+  };
+  for (const auto& c : cases) {
+    const StartWords read = ReadStartWords(c.words);
+    EXPECT_EQ(read.debug, c.debug);
+    EXPECT_EQ(read.help, c.help);
+    EXPECT_EQ(read.version, c.version);
+    EXPECT_EQ(read.unknown, c.unknown);
+  }
 }
 
 TEST(AppSettings, EmptyStoreGivesTheDefaults) {
