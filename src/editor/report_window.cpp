@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -197,11 +198,17 @@ void ReportWindow::BuildReport() {
 // The first size is too narrow for most reports; the screen's width is the limit.
 void ReportWindow::FitWidth() {
   if (isMaximized()) return;
-  const QTextDocument& document = *text_->document();
-  const int frame = width() - text_->viewport()->width();
+  // The box lays out, and measures, only the lines that it shows.
+  double longest = 0;
+  const QFontMetricsF metrics(text_->font());
+  for (const QString& line : text_->toPlainText().split(QLatin1Char('\n'))) {
+    longest = std::max(longest, metrics.horizontalAdvance(line));
+  }
   const int scroll_bar =
       text_->verticalScrollBar()->isVisible() ? 0 : text_->verticalScrollBar()->sizeHint().width();
-  const int wanted = static_cast<int>(std::ceil(document.idealWidth())) + frame + scroll_bar;
+  const int around = width() - text_->viewport()->width() + scroll_bar;
+  const int wanted =
+      static_cast<int>(std::ceil(longest + 2 * text_->document()->documentMargin())) + around;
   const QRect room = screen()->availableGeometry();
   const int fitting = std::clamp(wanted, width(), std::max(width(), room.width()));
   resize(fitting, height());
