@@ -77,6 +77,8 @@ bool Documents::Save(const std::string& path, core::RadioData& data) {
   if (extension == ".txt") return SaveBytes(path, data, {std::nullopt, ReportFileText(data)});
   if (extension == ".pdf") return SaveBytes(path, data, services_.make_pdf(data));
   files::PrepareImageForSaving(data, services_.clock.Today());
+  // Data that never came from a radio would make an image file that no reader takes.
+  image::StoreProduct(data.Image, core::ProfileOf(data));
   return SaveImage(path, data);
 }
 

@@ -36,6 +36,10 @@ void StoreCommonChecksum(core::MemoryImage& image);
 /// Writes the model code at both of its places.
 void StoreModelCodes(core::MemoryImage& image, const core::ModelProfile& profile);
 
+/// Writes the product byte that the model's images must carry, where there is one. A fresh image
+/// has none; one that came from a radio has it.
+void StoreProduct(core::MemoryImage& image, const core::ModelProfile& profile);
+
 /// Destination bits of the image.
 [[nodiscard]] bool Sel1(const core::MemoryImage& image);
 [[nodiscard]] bool Sel2(const core::MemoryImage& image);

@@ -32,6 +32,10 @@ void StoreModelCodes(core::MemoryImage& image, const core::ModelProfile& profile
   WriteBits(bytes, places::kModelCodeFromEnd.MovedBy(profile.image_size), profile.code);
 }
 
+void StoreProduct(core::MemoryImage& image, const core::ModelProfile& profile) {
+  if (profile.product_byte) WriteBits(image.All().data(), places::kProduct, *profile.product_byte);
+}
+
 void MakeFreshImage(core::RadioData& data) {
   const core::ModelProfile& profile = core::ProfileOf(data);
   std::fill(data.Image.All().begin(), data.Image.All().end(), kErased);

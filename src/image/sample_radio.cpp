@@ -70,9 +70,7 @@ core::RadioData NewDataSetThatTransmits(std::int16_t model_type, core::Date toda
   data.MODELTYPE = model_type;
   ResetToDefaults(data, today);
   SetTransmitPower(data);
-  if (const auto product = core::ProfileOf(data).product_byte) {
-    WriteBits(data.Image.All().data(), places::kProduct, *product);
-  }
+  StoreProduct(data.Image, core::ProfileOf(data));
   return data;
 }
 
