@@ -318,6 +318,7 @@ TEST_P(SettingsFileReading, GivesTheValue) {
   RadioData data = f.Fresh(5);
   data.Common.SQL = 9;
   data.Common.SCAN = true;
+  data.Common.PTT_SCAN_Clear = false;
   data.Common.Last_Display_CH = 7;
   data.Usable[0].TX_TOT = true;
   data.Usable[1] = {true, true, 5, true, "OLD", 0};
