@@ -69,7 +69,9 @@ class PageWriter {
     const std::string count = std::to_string(pages_.size());
     for (std::size_t i = 0; i < pages_.size(); ++i) {
       pages_[i].footer_left = file_name;
-      pages_[i].footer_right = date + "   Page " + std::to_string(i + 1) + " of " + count;
+      std::string& right = pages_[i].footer_right;
+      right = date;
+      right.append("   Page ").append(std::to_string(i + 1)).append(" of ").append(count);
     }
     return std::move(pages_);
   }
