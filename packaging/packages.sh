@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # The Debian packages the project needs, and how to install those that are missing.
 # Sourced by ./run and ./test.
 
@@ -29,9 +30,11 @@ install_missing() {
     }
     root=sudo
   fi
-  $root apt-get update -q
+  # A machine that has just been started may still be installing something of its own.
+  $root apt-get -o DPkg::Lock::Timeout=300 update -q
   # shellcheck disable=SC2086
-  $root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends $missing
+  $root env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=300 install -y -q \
+    --no-install-recommends $missing
 }
 
 # build_preset NAME [TARGET...]: configures and builds a preset of CMakePresets.json.

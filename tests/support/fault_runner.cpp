@@ -89,7 +89,7 @@ bool IsKnownFailure(const core::Message& message, std::string_view title) {
       "confirm the synchronization of the communication|";
   if (message.title == "Orvane") return message.text == "5\r\rInput/output error";
   if (message.title == "Model Check") return message.text == "Communication Error!!";
-  return message.title == title && kTexts.find("|" + message.text + "|") != kTexts.npos;
+  return message.title == title && kTexts.find("|" + message.text + "|") != std::string_view::npos;
 }
 
 int CountFaults(const std::vector<link::Exchange>& asked) {

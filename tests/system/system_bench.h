@@ -42,7 +42,7 @@ class SystemBench : public ::testing::Test {
   }
   [[nodiscard]] std::string Contents(const std::string& name) const {
     std::ifstream file(Path(name), std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    return {std::istreambuf_iterator<char>(file), {}};
   }
 
   /// A radio at COM16 that is ready; it keeps its memory in the file "kept". Fast unless told.
