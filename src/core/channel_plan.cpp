@@ -80,13 +80,13 @@ void ApplyDefault(const MarineDefault& row, ChannelRecord& channel) {
 }  // namespace
 
 const std::array<ChannelPlanEntry, kMarineChannels>& ChannelPlan() {
-  static const std::array<ChannelPlanEntry, kMarineChannels> plan = MakeChannelPlan();
-  return plan;
+  static const std::array<ChannelPlanEntry, kMarineChannels> kPlan = MakeChannelPlan();
+  return kPlan;
 }
 
 const std::array<ChannelPlanEntry, kWxChannels>& WxPlan() {
-  static const std::array<ChannelPlanEntry, kWxChannels> plan = MakeWxPlan();
-  return plan;
+  static const std::array<ChannelPlanEntry, kWxChannels> kPlan = MakeWxPlan();
+  return kPlan;
 }
 
 void ResetMarineTable(MarineGroup group, MarineTable& table) {

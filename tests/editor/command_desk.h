@@ -46,10 +46,10 @@ class RecordingHelp : public help::HelpOpener {
 /// The main window with its real commands, and a simulated radio at whichever port is opened.
 struct CommandDesk : WindowDesk {
   explicit CommandDesk(core::FileStore* other_files = nullptr) : WindowDesk(other_files) {
-    used_commands = &real_commands;
+    used_commands = &real_commands_;
     pump.on_wait = [this](double deadline) {
       if (waiting) waiting();
-      return plugged == nullptr ? std::nullopt : plugged->NextWake(deadline);
+      return plugged_ == nullptr ? std::nullopt : plugged_->NextWake(deadline);
     };
     radio.SetObserver([this](const link::Exchange& exchange) {
       asked.push_back(exchange);
@@ -78,7 +78,7 @@ struct CommandDesk : WindowDesk {
   class PluggedPort : public link::SimulatedPort {
    public:
     explicit PluggedPort(CommandDesk& desk)
-        : SimulatedPort(desk.radio, desk.clock, 9600), slot_(desk.plugged) {
+        : SimulatedPort(desk.radio, desk.clock, 9600), slot_(desk.plugged_) {
       slot_ = this;
     }
     PluggedPort(const PluggedPort&) = delete;
@@ -89,15 +89,15 @@ struct CommandDesk : WindowDesk {
     SimulatedPort*& slot_;
   };
 
-  link::SimulatedPort* plugged = nullptr;
-  editor::WindowCommands real_commands{Services(),
-                                       {.make_port =
-                                            [this](int number) {
-                                              opened_ports.push_back(number);
-                                              return std::make_unique<PluggedPort>(*this);
-                                            },
-                                        .printer = printer,
-                                        .help = &help}};
+  link::SimulatedPort* plugged_ = nullptr;
+  editor::WindowCommands real_commands_{Services(),
+                                        {.make_port =
+                                             [this](int number) {
+                                               opened_ports.push_back(number);
+                                               return std::make_unique<PluggedPort>(*this);
+                                             },
+                                         .printer = printer,
+                                         .help = &help}};
 };
 
 }  // namespace orvane::testing

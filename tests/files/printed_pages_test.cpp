@@ -155,13 +155,13 @@ TEST(PrintedPages, LongTablesGoOnUnderTheSameHeadings) {
   ASSERT_EQ(pages.size(), 1U + 6U + 1U);
   std::vector<std::string> rows;
   for (std::size_t p = 1; p <= 6; ++p) {
-    constexpr int heading = 3;
+    constexpr int kHeading = 3;
     EXPECT_EQ(LineText(pages[p], 0), "KT740 Kivomatic@0");
     EXPECT_EQ(LineText(pages[p], 2), p == 1 ? "##### Programable USA Channel #####@0"
                                             : "##### Programable USA Channel ##### (continued)@0");
-    EXPECT_TRUE(LineText(pages[p], heading).starts_with("CH@0|RX(MHz)@12|"));
-    EXPECT_TRUE(LineText(pages[p], heading + 1).starts_with("---@0|-------@12|"));
-    for (int line = heading + 2; line < LineCount(pages[p]); ++line) {
+    EXPECT_TRUE(LineText(pages[p], kHeading).starts_with("CH@0|RX(MHz)@12|"));
+    EXPECT_TRUE(LineText(pages[p], kHeading + 1).starts_with("---@0|-------@12|"));
+    for (int line = kHeading + 2; line < LineCount(pages[p]); ++line) {
       const std::string text = LineText(pages[p], line);
       rows.push_back(text.substr(0, text.find('@')));
     }
