@@ -48,7 +48,9 @@ std::string Linked(std::string_view text) {
     const std::size_t end = html.find(')', turn);
     const std::string words = html.substr(open + 1, turn - open - 1);
     const std::string page = html.substr(turn + 2, end - turn - 2);
-    html.replace(open, end + 1 - open, "<a href=\"" + page + "\">" + words + "</a>");
+    std::string link = "<a href=\"";
+    link.append(page).append("\">").append(words).append("</a>");
+    html.replace(open, end + 1 - open, link);
   }
   return html;
 }

@@ -30,8 +30,8 @@ class HelpWindow : public QMainWindow {
 
  private:
   void BuildToolBar();
-  QAction* AddTool(QToolBar& bar, const char* name, const QString& caption,
-                   const QKeySequence& shortcut);
+  static QAction* AddTool(QToolBar& bar, const char* name, const QString& caption,
+                          const QKeySequence& shortcut);
   QWidget* BuildContents();
   QWidget* BuildIndex();
   QWidget* BuildSearch();

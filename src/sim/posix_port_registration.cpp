@@ -81,7 +81,8 @@ class LinkRegistration final : public PortRegistration {
 
   /// Not the file of a radio that removed it between our opening and locking it.
   [[nodiscard]] bool IsAtItsPath(int file) const {
-    struct stat opened = {}, named = {};
+    struct stat opened = {};
+    struct stat named = {};
     return fstat(file, &opened) == 0 && stat(lock_path_.c_str(), &named) == 0 &&
            opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
   }
