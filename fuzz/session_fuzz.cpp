@@ -17,8 +17,8 @@
 /// 255 come, and its bits say what else: 1 the echo before them, 2 the true answer before them,
 /// 4 Cancel is pressed, 8 the device fails afterwards.
 ///
-/// A whole session is a thousand exchanges, nearly all of them alike: most inputs get so many that
-/// the first blocks travel, and then silence.
+/// A whole session is a thousand exchanges, nearly all of them alike: all but a few of the shortest
+/// inputs get so many that the first blocks travel, and then silence.
 namespace orvane::fuzz {
 namespace {
 
@@ -129,7 +129,8 @@ void Transfer(std::span<const std::uint8_t> bytes) {
   Input input(bytes);
   const int choice = input.Next().value_or(0);
   const bool read = choice / 7 % 2 == 0;
-  const bool endless = choice >= 250;  // programs models 5 and 6, reads models 0 to 3
+  // Programs models 5 and 6, reads models 0 to 3, with room for one disturbance.
+  const bool endless = choice >= 250 && bytes.size() <= 4;
   auto& [before, memory, data] = BenchOf(choice % 7);
 
   link::SimulatedRadio radio(memory);

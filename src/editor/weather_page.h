@@ -30,7 +30,7 @@ class WeatherPage : public Page {
   void ConnectRow(int index);
   [[nodiscard]] core::ChannelRecord& Channel(int index) const;
   /// Scan and name can be set for a channel in use only.
-  void FollowEnable(const Row& row);
+  static void FollowEnable(const Row& row);
   /// Whether a handler may write: the page is on show and no fill runs.
   [[nodiscard]] bool MayWrite() const { return isEnabled() && !Data().Flags.Busy; }
 

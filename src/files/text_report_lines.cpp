@@ -60,7 +60,7 @@ class Line {
 };
 
 Line OnOffLine(std::string_view label, bool flag) {
-  return Line(label, core::OnOffText(flag));
+  return {label, core::OnOffText(flag)};
 }
 
 Line PairLine(std::string_view label, const core::FlagPair& pair) {
