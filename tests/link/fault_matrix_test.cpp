@@ -136,7 +136,7 @@ class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
   static FaultRunner MakeRunner(SessionKind kind, bool all_groups) {
     return {Desk(GetParam(), all_groups), SampleMemory(GetParam()), kind};
   }
-  void TearDown() override { RecordProperty("runs", runs_); }
+  void TearDown() override { RecordProperty("runs", runs); }
 
   // Every fault that the exchange can show.
   void StrikeAt(const FaultRunner& runner, std::size_t index) {
@@ -149,7 +149,7 @@ class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
           const FaultCase fault_case{
               .faults = {{.kind = info.kind, .number = exchange.number, .value = value}},
               .agree = agree};
-          ++runs_;
+          ++runs;
           ASSERT_EQ(runner.CheckSingle(fault_case, index), "") << CaseText(fault_case);
         }
       }
@@ -161,7 +161,7 @@ class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
       const FaultCase fault_case{
           .cancel = testing::CancelPress{runner.Exchanges()[index].number, waits},
           .baud = kLineSpeed};
-      ++runs_;
+      ++runs;
       ASSERT_EQ(runner.Check(fault_case), "") << CaseText(fault_case);
     }
   }
@@ -173,7 +173,7 @@ class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
     }
   }
 
-  int runs_ = 0;
+  int runs = 0;
 };
 
 TEST_P(FaultMatrix, AFaultyReadEndsInTimeAndChangesNothing) {
@@ -231,7 +231,7 @@ TEST_P(FaultMatrix, RandomFaultsKeepEveryPromise) {
     if (seed % kModels != model) continue;
     const FaultRunner& runner = seed % 3 == 0 ? read : (seed % 10 == 1 ? program_all : program);
     const FaultCase fault_case = RandomCase(seed, runner.Exchanges());
-    ++runs_;
+    ++runs;
     ASSERT_EQ(runner.Check(fault_case), "")
         << "ORVANE_FAULT_SEED=" << seed << " ORVANE_FAULT_RUNS=1: " << CaseText(fault_case);
   }
