@@ -19,6 +19,7 @@ namespace {
 constexpr std::array<int, 2> kSignals = {SIGINT, SIGTERM};
 
 // A signal handler can reach nothing but a global.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 volatile std::sig_atomic_t signal_pipe = -1;
 
 extern "C" void OnSignal(int /*number*/) {

@@ -61,8 +61,8 @@ constexpr const char* kOtherMessages[] = {
 };
 
 QString CacheFolder() {
-  static const QTemporaryDir folder;
-  return folder.path();
+  static const QTemporaryDir kFolder;
+  return kFolder.path();
 }
 
 /// The texts in the source files that end as messages do, in "!!" or a question mark, those of the

@@ -165,7 +165,9 @@ TEST(SerialLinkReading, CancelIsSeenWhileBytesKeepComing) {
   Bench bench;
   bench.port.Deliver(std::string(100'000, 'x'), 0);
   struct Button : core::EventPump {
-    void WaitForEvents(double) override { FAIL() << "slept although bytes were waiting"; }
+    void WaitForEvents(double /*deadline*/) override {
+      FAIL() << "slept although bytes were waiting";
+    }
     void ProcessEvents() override { data->Flags.Cancel = true; }
     core::RadioData* data = nullptr;
   } button;

@@ -18,6 +18,7 @@ constexpr int kPatienceMs = 30'000;
 std::vector<char*> Pointers(const std::vector<std::string>& texts) {
   std::vector<char*> pointers;
   pointers.reserve(texts.size() + 1);
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): execv changes nothing
   for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
   return pointers;
 }
