@@ -6,12 +6,14 @@ build=$1
 shift
 
 for config in .clang-tidy tests/.clang-tidy; do
-  for check in $(sed -n 's/^  -\([a-z][A-Za-z.-]*\),\{0,1\}$/\1/p' "$config"); do
-    grep -q "^# $check: ." "$config" || {
+  set -f
+  for check in $(sed -n 's/^  -\([a-z][A-Za-z.*-]*\),\{0,1\}$/\1/p' "$config"); do
+    grep -qF "# $check: " "$config" || {
       echo "$config switches off $check without a reason" >&2
       exit 1
     }
   done
+  set +f
 done
 
 # Large files first, so that no processor waits for the last one.
