@@ -343,7 +343,7 @@ void SimulatedRadio::SpoilDelivery(CableReaction& reaction) {
     Struck(fault->kind);
   }
   if (const std::optional<Fault> unplug = FindFault(kind, kUnplugFault)) {
-    const std::size_t left = static_cast<std::size_t>(unplug->value - bytes_received_);
+    const auto left = static_cast<std::size_t>(unplug->value - bytes_received_);
     reaction.answer.resize(std::min(left, reaction.answer.size()));
     Unplug(reaction);
   }

@@ -235,7 +235,7 @@ TEST(Connect, SaysWhyThePortCannotBeOpened) {
   for (const std::size_t opening : {0U, 1U}) {
     Bench bench;
     bench.port.open_failures.assign(opening, std::nullopt);
-    bench.port.open_failures.push_back(refusal);
+    bench.port.open_failures.emplace_back(refusal);
     bench.port.replies = {{"P"}, {""}, {"OK\r\n"}};
     EXPECT_FALSE(bench.protocol.Connect());
     ASSERT_EQ(bench.prompts.Texts(), Texts{"port inicialize error!!"});
