@@ -11,6 +11,7 @@ namespace orvane::core {
 /// Index 0 is "Off", then the 50 standard tones in ascending order.
 [[nodiscard]] const std::array<std::string_view, 51>& CtcssList();
 /// Index 0 is "Off", then the 104 codes in ascending order.
+inline constexpr int kLastCtcss = 50;
 [[nodiscard]] const std::array<std::string_view, 105>& DcsList();
 inline constexpr int kLastDcs = 104;  ///< indexes above it are the same codes inverted
 
