@@ -1,0 +1,131 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/catalogue.h"
+#include "core/radio_data.h"
+
+namespace orvane::document {
+
+/// Where a data set came from.
+enum class Origin { kNew, kOpened, kRead, kTemplate, kImage };
+
+/// A data set and the file it belongs to.
+struct Contents {
+  core::RadioData data;
+  std::string file_name{};  ///< full path, "" for one without a file
+  Origin origin = Origin::kNew;
+  std::string time{};  ///< when it was read, opened or last saved, as the user sees it ("14:02")
+};
+
+/// What one command of the user did. Undo takes it back whole.
+struct Step {
+  std::string name;                   ///< "CH16 CH Name", "Open boat.dat", "Read from Radio"
+  std::vector<core::Change> changes;  ///< an edit; empty for a replacement
+  /// A replacement (New, Open, Read from Radio and the like): the data set on the other side of
+  /// the step. So no command that replaces the data loses work, although none of them asks.
+  std::unique_ptr<Contents> other;
+  bool saved_after = false;  ///< with this step done, and none after it, the file holds the data
+};
+
+/// Told after the data changed. Called from Edit, Undo, Redo, GoTo and Replace, and may not call
+/// them.
+class Watcher {
+ public:
+  virtual ~Watcher() = default;
+  /// An edit was made, taken back or made again. The befores and afters are the edit's own, which
+  /// way soever it went.
+  virtual void Changed(std::span<const core::Change> changes) = 0;
+  /// Another data set stands in the place of the old one.
+  virtual void Replaced() = 0;
+  /// File name, saved mark or history changed; sent after the others as well.
+  virtual void StatusChanged() = 0;
+};
+
+/// The data set being worked on, its history and what of it is not on disk yet. Everybody reads
+/// Data(), whose address stays; nobody but this class writes to it.
+///
+/// A step keeps differences, not copies: some 90 bytes a field and the text beyond 15 characters,
+/// against 150 kB for a data set. The oldest steps go when the history outgrows its bound.
+class Document {
+ public:
+  static constexpr std::size_t kHistoryBytes = std::size_t{16} * 1024 * 1024;
+
+  explicit Document(std::unique_ptr<Contents> contents, std::size_t history_bytes = kHistoryBytes);
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+
+  [[nodiscard]] const core::RadioData& Data() const { return contents_->data; }
+  [[nodiscard]] const std::string& FileName() const { return contents_->file_name; }
+  [[nodiscard]] Origin ComesFrom() const { return contents_->origin; }
+  [[nodiscard]] const std::string& Time() const { return contents_->time; }
+
+  /// The one door. Runs the edit on a copy and takes it over; the differences become a step. False,
+  /// and no step, when the edit changed nothing. An edit that throws changes nothing.
+  ///
+  /// name "": that of the first field changed. Edits that follow each other with the same run
+  /// number (not 0) become one step, as the letters of a name do; EndRun closes it.
+  bool Edit(std::string name, const std::function<void(core::RadioData&)>& edit,
+            std::uint64_t run = 0);
+  void EndRun() { run_ = 0; }
+
+  /// New, Open, Read from Radio, a destination, another model: another data set, as one step of
+  /// the history. `saved`: it is what a file holds.
+  void Replace(std::string name, Contents contents, bool saved);
+
+  void Undo();                  ///< REQUIRES: CanUndo()
+  void Redo();                  ///< REQUIRES: CanRedo()
+  void GoTo(std::size_t done);  ///< until that many steps are done; at most all of them
+  [[nodiscard]] bool CanUndo() const { return done_ > 0; }
+  [[nodiscard]] bool CanRedo() const { return done_ < steps_.size(); }
+  /// Oldest first; the first DoneCount() of them are done, the others undone.
+  [[nodiscard]] std::span<const Step> Steps() const { return steps_; }
+  [[nodiscard]] std::size_t DoneCount() const { return done_; }
+  /// What the history takes in memory, about.
+  [[nodiscard]] std::size_t HistorySize() const { return bytes_; }
+
+  /// The data is what the file on disk holds.
+  [[nodiscard]] bool IsSaved() const { return done_ == 0 ? saved_at_start_ : Last().saved_after; }
+  /// Nothing was edited since the data set came.
+  [[nodiscard]] bool IsAsItCame() const;
+  void MarkSaved(std::string file_name, std::string time);
+
+  /// What the question on exit asks about: set by every edit, undo and redo and by input not yet
+  /// taken over, cleared where New, reading and loading an image clear it, and never by saving.
+  [[nodiscard]] bool HasChanged() const { return changed_; }
+  void NoteChange() { changed_ = true; }
+  void ForgetChange() { changed_ = false; }
+
+  void Watch(Watcher& watcher) { watchers_.push_back(&watcher); }  ///< Unwatch before it ends
+  void Unwatch(Watcher& watcher);
+
+ private:
+  [[nodiscard]] const Step& Last() const { return steps_[done_ - 1]; }
+  bool JoinRun(std::span<const core::Change> changes);
+  void Record(Step step);
+  void DropUndone();
+  void DropOldest();
+  void Swap(Step& step);
+  void TellChanged(std::span<const core::Change> changes) const;
+  void TellReplaced() const;
+  void TellStatus() const;
+
+  std::unique_ptr<Contents> contents_;
+  std::vector<Step> steps_;
+  std::size_t done_ = 0;
+  std::size_t history_bytes_;
+  std::size_t bytes_ = 0;
+  std::uint64_t run_ = 0;
+  bool saved_at_start_ = false;  ///< before the first step kept, the file held the data
+  bool at_start_as_it_came_ = true;
+  bool changed_ = false;
+  std::vector<Watcher*> watchers_;
+};
+
+}  // namespace orvane::document

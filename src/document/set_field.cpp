@@ -1,0 +1,182 @@
+#include <optional>
+
+#include "core/catalogue_fields.h"
+#include "core/extra_channel.h"
+#include "core/text.h"
+#include "document/edits.h"
+
+namespace orvane::document {
+namespace {
+
+using core::ChannelRecord;
+using core::Value;
+using Kind = ChannelPlace::Kind;
+
+/// One setting of a channel field by its rule.
+struct Setting {
+  core::RadioData& data;
+  ChannelPlace place;
+  const Value& value;
+  core::Date today;
+
+  [[nodiscard]] bool On() const { return std::get<bool>(value); }
+  [[nodiscard]] int Number() const { return std::get<std::int32_t>(value); }
+  [[nodiscard]] const ChannelRecord& Channel() const { return ChannelAt(data, place); }
+};
+
+std::string Taken(bool taken) {
+  return taken ? std::string() : std::string(kLastChannelRefusal);
+}
+
+template <bool GroupMembership::*kGroup>
+std::string SetGroup(const Setting& setting) {
+  GroupMembership groups = GroupsOf(setting.data, setting.place);
+  groups.*kGroup = setting.On();
+  return Taken(SetGroups(setting.data, setting.place, groups, setting.today));
+}
+
+template <Way kWay>
+std::string SetMegahertz(const Setting& setting) {
+  SetFrequency(setting.data, setting.place, kWay, std::get<double>(setting.value), setting.today);
+  return {};
+}
+template <Way kWay>
+std::string SetTone(const Setting& setting) {
+  SetCtcss(setting.data, setting.place, kWay, setting.Number());
+  return {};
+}
+template <Way kWay>
+std::string SetCode(const Setting& setting) {
+  SetDcs(setting.data, setting.place, kWay, setting.Number());
+  return {};
+}
+
+std::string SetEnable(const Setting& setting) {
+  return Taken(EnableChannel(setting.data, setting.place, setting.On(), setting.today));
+}
+
+std::string SetTxEnable(const Setting& setting) {
+  if (setting.On() && setting.Channel().RxOnly) return "The channel plan allows reception only.";
+  SetTransmit(setting.data, setting.place, setting.On(), setting.Channel().LowPower);
+  return {};
+}
+std::string SetLowPower(const Setting& setting) {
+  SetTransmit(setting.data, setting.place, setting.Channel().TxEnable, setting.On());
+  return {};
+}
+
+struct Rule {
+  const char* member;
+  std::string (*set)(const Setting&);
+};
+template <auto kMember>
+constexpr Rule For(std::string (*set)(const Setting&)) {
+  return {core::CatalogueField<ChannelRecord, kMember>().member, set};
+}
+
+constexpr std::array kChannelRules = {
+    For<&ChannelRecord::Enable>(&SetEnable),
+    For<&ChannelRecord::TxEnable>(&SetTxEnable),
+    For<&ChannelRecord::LowPower>(&SetLowPower),
+    For<&ChannelRecord::USA_Group>(&SetGroup<&GroupMembership::usa>),
+    For<&ChannelRecord::INT_Group>(&SetGroup<&GroupMembership::intl>),
+    For<&ChannelRecord::CAN_Group>(&SetGroup<&GroupMembership::canada>),
+    For<&ChannelRecord::Rxfreq>(&SetMegahertz<Way::kReceive>),
+    For<&ChannelRecord::Txfreq>(&SetMegahertz<Way::kTransmit>),
+    For<&ChannelRecord::RxCTCSS>(&SetTone<Way::kReceive>),
+    For<&ChannelRecord::TxCTCSS>(&SetTone<Way::kTransmit>),
+    For<&ChannelRecord::RxDCS>(&SetCode<Way::kReceive>),
+    For<&ChannelRecord::TxDCS>(&SetCode<Way::kTransmit>),
+};
+
+template <class Record, auto... kPath>
+bool Is(const core::Field& field) {
+  return field.member == core::CatalogueField<Record, kPath...>().member;
+}
+
+// A choice that the page does not offer for this channel.
+std::string NotOffered(const core::RadioData& data, ChannelPlace place, const core::Field& field,
+                       const Value& value, core::Date today) {
+  const ChannelRecord& channel = ChannelAt(data, place);
+  if (Is<ChannelRecord, &ChannelRecord::Duplex>(field) && std::get<bool>(value) &&
+      !channel.DuplexAllowed) {
+    return "The channel plan has no second frequency for duplex here.";
+  }
+  if (Is<ChannelRecord, &ChannelRecord::Narrow>(field) && !std::get<bool>(value) &&
+      MustBeNarrow(data, place, today)) {
+    return "LMR channels from 150 to 174 MHz are narrow, by rule of the FCC.";
+  }
+  if (Is<ChannelRecord, &ChannelRecord::Scramble>(field) && std::get<std::int32_t>(value) != 0 &&
+      !MayScramble(data, place)) {
+    return "The scrambler is not offered for this channel and destination.";
+  }
+  return {};
+}
+
+std::string SetChannelField(const Setting& setting, core::FieldRef at) {
+  const core::Field& field = core::FieldOf(at);
+  std::string refusal =
+      NotOffered(setting.data, setting.place, field, setting.value, setting.today);
+  if (!refusal.empty()) return refusal;
+  for (const Rule& rule : kChannelRules) {
+    if (rule.member == field.member) return rule.set(setting);
+  }
+  core::Set(setting.data, at, setting.value);
+  return {};
+}
+
+// Names and displays are kept in capitals.
+Value AsKept(const core::Field& field, Value value) {
+  const bool capitals = Is<ChannelRecord, &ChannelRecord::ChTag>(field) ||
+                        Is<ChannelRecord, &ChannelRecord::CHDisplayL>(field) ||
+                        Is<ChannelRecord, &ChannelRecord::CHDisplayR>(field);
+  if (auto* text = std::get_if<std::string>(&value); text != nullptr && capitals) {
+    *text = core::UpperCase(*text);
+  }
+  return value;
+}
+
+}  // namespace
+
+std::optional<ChannelPlace> PlaceOf(const core::RadioData& data, core::FieldRef at) {
+  const core::Table& table = core::TableOf(at);
+  if (table.kind == core::TableKind::kExtra) {
+    const int number = at.entry + 1;
+    return ChannelPlace{data.EXP[number].IsLmr() ? Kind::kLmr : Kind::kExp, number};
+  }
+  if (table.kind != core::TableKind::kMarine) return {};
+  for (const core::MarineGroup group : core::kMarineGroups) {
+    if (table.record(data, 0) == data.Table(group).data()) {
+      return ChannelPlace{static_cast<Kind>(group), at.entry};
+    }
+  }
+  return {};
+}
+
+std::string SetField(core::RadioData& data, core::FieldRef at, std::string_view text,
+                     core::Date today) {
+  const core::Field& field = core::FieldOf(at);
+  const core::ModelProfile& profile = core::ProfileOf(data);
+  if (!core::HasField(profile, core::TableOf(at), field)) {
+    return "A " + std::string(profile.model) + " has no such field.";
+  }
+  if (field.derived) return "It follows from other data and cannot be set.";
+  const std::optional<Value> parsed = field.notation->parse(text);
+  if (!parsed) return "It must be " + std::string(field.notation->expects) + ".";
+  const Value value = AsKept(field, *parsed);
+  std::string refusal = core::RefusalOf(profile, at, value);
+  if (!refusal.empty()) return refusal;
+  if (const std::optional<ChannelPlace> place = PlaceOf(data, at)) {
+    return SetChannelField({data, *place, value, today}, at);
+  }
+  if (Is<core::UsableGroup, &core::UsableGroup::Enable>(field)) {
+    SwitchGroup(data, at.entry, std::get<bool>(value));
+  } else if (field.member == core::catalogue::kExpPresentFields[0].member) {
+    SwitchExp(data, std::get<bool>(value));
+  } else {
+    core::Set(data, at, value);
+  }
+  return {};
+}
+
+}  // namespace orvane::document
