@@ -27,7 +27,7 @@ void ChannelPage::ModelChanged() {
 }
 
 core::WayOut ChannelPage::WayOut() const {
-  if (IsLastEnabled()) return core::WayOut::kNone;
+  if (document::IsLastEnabled(Data(), Place())) return core::WayOut::kNone;
   return enable_->isChecked() ? core::WayOut::kSwitchOff : core::WayOut::kSwitchOnAndOff;
 }
 
@@ -69,9 +69,10 @@ bool ChannelPage::TakeOver(const Frequency& frequency) {
   FrequencyBox& box = *frequency.box;
   const std::optional<double> mhz = box.Rule().check(box.text(), core::ProfileOf(Data()));
   if (!mhz) return false;
-  Channel().*frequency.value = *mhz;
+  const bool transmit = &frequency == &frequencies_[kTransmit];
+  document::SetFrequency(Data(), Place(), WayOf(transmit ? kTransmit : kReceive), *mhz, Today());
   ShowFrequency(frequency);
-  if (&frequency == &frequencies_[kTransmit]) ApplyNarrowbandRule();
+  if (transmit) ShowNarrowbandRule();
   return true;
 }
 

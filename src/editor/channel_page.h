@@ -13,6 +13,7 @@
 
 #include "core/channel_plan.h"
 #include "core/message_facts.h"
+#include "document/edits.h"
 #include "editor/controls.h"
 #include "editor/frequency_box.h"
 #include "editor/page.h"
@@ -31,6 +32,9 @@ class ChannelPage : public Page {
 
  private:
   enum Direction : std::size_t { kTransmit, kReceive };
+  static document::Way WayOf(Direction direction) {
+    return direction == kTransmit ? document::Way::kTransmit : document::Way::kReceive;
+  }
   struct ToneLists {
     PickBox* ctcss;
     PickBox* dcs;
@@ -60,6 +64,9 @@ class ChannelPage : public Page {
   [[nodiscard]] core::ChannelRecord& Channel() const;
   [[nodiscard]] const core::ChannelPlanEntry& Plan() const;
   [[nodiscard]] bool OfShownKind() const;
+  /// The channel on show, as the rules of editing call it.
+  [[nodiscard]] document::ChannelPlace Place() const;
+  [[nodiscard]] core::Date Today() const { return Services().clock.Today(); }
   /// Whether a handler may write: the page is on show and no fill runs.
   [[nodiscard]] bool MayWrite() const { return isEnabled() && !Data().Flags.Busy; }
   void Changed() { Host().DataChanged(); }
@@ -83,30 +90,27 @@ class ChannelPage : public Page {
   void FollowLowPower();
   void FollowReceiveDcs();
   void FollowNarrowbandRule();
-  [[nodiscard]] bool ScramblerAllowed() const;
-  [[nodiscard]] bool MustBeNarrow() const;
 
   // Handlers.
   void Connect();
   void ConnectFlag(QCheckBox& box, core::Flag core::ChannelRecord::*flag);
   void ConnectFields();
   void EnableClicked(bool on);
-  void SetChannelEnable(bool on);
-  void StoreGroups();
+  void ShowChannelEnable(bool on);
+  [[nodiscard]] document::GroupMembership ShownGroups() const;
   void GroupClicked(QCheckBox& box, bool on);
   void HandleTxEnable();
   void HandleLowPower();
   void HandleCtcss(Direction direction);
   void HandleDcs(Direction direction);
   void StoreDisplay(const FieldBox& box, std::string core::ChannelRecord::*half);
-  [[nodiscard]] bool IsLastEnabled() const;
   /// Says why the switch of the last channel in use stays on.
   void TellLastEnabled();
 
   // Frequencies.
   [[nodiscard]] bool TakeOver(const Frequency& frequency);
   void Abandon(const Frequency& frequency);
-  void ApplyNarrowbandRule();
+  void ShowNarrowbandRule();
   void TellWrongFrequency(const FrequencyBox& box);
   [[nodiscard]] bool CheckCompleteness();
   /// How the page can be left while the channel is incomplete.

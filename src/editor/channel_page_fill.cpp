@@ -98,6 +98,13 @@ const core::ChannelPlanEntry& ChannelPage::Plan() const {
   return core::ChannelPlan()[static_cast<std::size_t>(in_plan ? position : node_.number)];
 }
 
+document::ChannelPlace ChannelPage::Place() const {
+  using Kind = document::ChannelPlace::Kind;
+  if (!IsMarine()) return {UnderLmrRoot() ? Kind::kLmr : Kind::kExp, node_.number};
+  constexpr std::array kKinds = {Kind::kUsa, Kind::kIntl, Kind::kCanada};
+  return {kKinds[static_cast<std::size_t>(node_.group)], node_.number};
+}
+
 bool ChannelPage::OfShownKind() const {
   return core::OfKind(core::ProfileOf(Data()), Channel(), UnderLmrRoot());
 }
@@ -136,8 +143,9 @@ void ChannelPage::FollowEntry() {
   const ChannelRecord& channel = Channel();
   duplex_->setEnabled(channel.DuplexAllowed);
   tx_enable_->setEnabled(!IsMarine() || !channel.RxOnly);
-  scrambler_->setEnabled(ScramblerAllowed());
-  scrambler_caption_->setEnabled(ScramblerAllowed());
+  const bool may_scramble = document::MayScramble(Data(), Place());
+  scrambler_->setEnabled(may_scramble);
+  scrambler_caption_->setEnabled(may_scramble);
   FollowTxEnable();
   FollowReceiveDcs();
   FollowNarrowbandRule();
@@ -161,22 +169,10 @@ void ChannelPage::FollowReceiveDcs() {
 }
 
 void ChannelPage::FollowNarrowbandRule() {
-  const bool forced = MustBeNarrow();
+  const bool forced = document::MustBeNarrow(Data(), Place(), Today());
   if (forced) ShowChecked(*narrow_, true);
   wide_->setEnabled(!forced);
   narrow_->setEnabled(!forced);
-}
-
-bool ChannelPage::ScramblerAllowed() const {
-  if (!IsMarine()) return image::Sel1(Data().Image);
-  const int position = Channel().Position;
-  // The distress channels must stay in the clear.
-  return Channel().SelectedPlan && position != core::kChannel16 && position != core::kChannel70;
-}
-
-bool ChannelPage::MustBeNarrow() const {
-  return !IsMarine() &&
-         core::WideTest(Data(), Channel(), Services().clock.Today()) == core::WideState::kForbidden;
 }
 
 }  // namespace orvane::editor

@@ -1,32 +1,12 @@
-#include <algorithm>
 #include <string>
 
-#include "core/extra_channel.h"
 #include "core/model_profile.h"
 #include "core/text.h"
 #include "editor/channel_page.h"
-#include "files/columns.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
-namespace {
-
 using core::ChannelRecord;
-
-// Transmit power codes of a channel with and without "Low Power Only".
-constexpr std::uint8_t kLowPowerCode = 1;
-constexpr std::uint8_t kFullPowerCode = 3;
-
-struct ToneFields {
-  std::int16_t ChannelRecord::*ctcss;
-  std::int16_t ChannelRecord::*dcs;
-};
-// By direction: transmit, receive.
-constexpr std::array<ToneFields, 2> kToneFields = {
-    {{&ChannelRecord::TxCTCSS, &ChannelRecord::TxDCS},
-     {&ChannelRecord::RxCTCSS, &ChannelRecord::RxDCS}}};
-
-}  // namespace
 
 void ChannelPage::Connect() {
   connect(enable_, &QCheckBox::toggled, this, &ChannelPage::EnableClicked);
@@ -92,27 +72,21 @@ void ChannelPage::ConnectFields() {
 
 void ChannelPage::EnableClicked(bool on) {
   if (!MayWrite()) return;
-  if (!on && IsLastEnabled()) {
+  if (!document::EnableChannel(Data(), Place(), on, Today())) {
     ShowChecked(*enable_, true);
     TellLastEnabled();
     return;
   }
-  SetChannelEnable(on);
+  ShowChannelEnable(on);
   enable_->setFocus();
 }
 
-void ChannelPage::SetChannelEnable(bool on) {
-  ChannelRecord& channel = Channel();
-  channel.Enable = on;
-  if (on && !IsMarine()) {
-    channel.SetLmr(UnderLmrRoot());
-    StoreGroups();
-  }
+/// CH Enable has been switched in the data.
+void ChannelPage::ShowChannelEnable(bool on) {
   FollowEnable();
   if (on) {
     FollowEntry();
-    if (!IsMarine()) ApplyNarrowbandRule();
-    HandleTxEnable();
+    if (!IsMarine()) ShowNarrowbandRule();
   }
   Changed();
   Host().RefreshMarks();
@@ -120,37 +94,20 @@ void ChannelPage::SetChannelEnable(bool on) {
 
 void ChannelPage::GroupClicked(QCheckBox& box, bool on) {
   if (!MayWrite()) return;
-  const bool last = !on && std::none_of(groups_.begin(), groups_.end(),
-                                        [](const QCheckBox* group) { return group->isChecked(); });
-  if (last && IsLastEnabled()) {
+  const document::GroupMembership groups = ShownGroups();
+  if (!document::SetGroups(Data(), Place(), groups, Today())) {
     ShowChecked(box, true);
     TellLastEnabled();
     return;
   }
-  StoreGroups();
   Changed();
-  if (!on && !last) return;
+  if (!on && groups.Any()) return;
   ShowChecked(*enable_, on);
-  SetChannelEnable(on);
+  ShowChannelEnable(on);
 }
 
-void ChannelPage::StoreGroups() {
-  ChannelRecord& channel = Channel();
-  channel.USA_Group = groups_[0]->isChecked();
-  channel.INT_Group = groups_[1]->isChecked();
-  channel.CAN_Group = groups_[2]->isChecked();
-}
-
-/// Whether switching this channel off would leave a group of the radio without any channel.
-bool ChannelPage::IsLastEnabled() const {
-  if (!Channel().Enable) return false;
-  if (IsMarine()) return files::EnabledMarineRows(Data().Table(node_.group)).size() == 1;
-  const bool group_in_use = UnderLmrRoot() ? Data().LmrPresent() : Data().ExpPresent;
-  if (!group_in_use) return false;
-  for (int n = core::ExtraTable::kFirst; n <= core::ExtraTable::kLast; ++n) {
-    if (n != node_.number && core::MarkedEnabled(Data(), n, UnderLmrRoot())) return false;
-  }
-  return true;
+document::GroupMembership ChannelPage::ShownGroups() const {
+  return {groups_[0]->isChecked(), groups_[1]->isChecked(), groups_[2]->isChecked()};
 }
 
 void ChannelPage::TellLastEnabled() {
@@ -172,23 +129,16 @@ void ChannelPage::HandleTxEnable() {
 void ChannelPage::HandleLowPower() {
   if (!MayWrite()) return;
   FollowLowPower();
-  ChannelRecord& channel = Channel();
-  channel.TxEnable = tx_enable_->isChecked();
-  channel.LowPower = low_power_->isChecked();
-  channel.TXPower = low_power_->isChecked() ? kLowPowerCode : kFullPowerCode;
+  document::SetTransmit(Data(), Place(), tx_enable_->isChecked(), low_power_->isChecked());
   Changed();
 }
 
 void ChannelPage::HandleCtcss(Direction direction) {
   if (!MayWrite()) return;
   const ToneLists& lists = tones_[direction];
-  const ToneFields& fields = kToneFields[direction];
-  const auto tone = static_cast<std::int16_t>(lists.ctcss->currentData().toInt());
-  Channel().*fields.ctcss = tone;
-  if (tone != 0) {
-    Channel().*fields.dcs = 0;
-    lists.dcs->ShowItem(0);
-  }
+  const int tone = lists.ctcss->currentData().toInt();
+  document::SetCtcss(Data(), Place(), WayOf(direction), tone);
+  if (tone != 0) lists.dcs->ShowItem(0);
   FollowReceiveDcs();
   Changed();
 }
@@ -196,13 +146,9 @@ void ChannelPage::HandleCtcss(Direction direction) {
 void ChannelPage::HandleDcs(Direction direction) {
   if (!MayWrite()) return;
   const ToneLists& lists = tones_[direction];
-  const ToneFields& fields = kToneFields[direction];
-  const auto code = static_cast<std::int16_t>(lists.dcs->currentData().toInt());
-  Channel().*fields.dcs = code;
-  if (code != 0) {
-    Channel().*fields.ctcss = 0;
-    lists.ctcss->ShowItem(0);
-  }
+  const int code = lists.dcs->currentData().toInt();
+  document::SetDcs(Data(), Place(), WayOf(direction), code);
+  if (code != 0) lists.ctcss->ShowItem(0);
   FollowReceiveDcs();
   Changed();
 }
@@ -215,8 +161,7 @@ void ChannelPage::StoreDisplay(const FieldBox& box, std::string ChannelRecord::*
 
 /// After an edit the record holds what the page shows. Where the page does not show the record's
 /// bandwidth, the user's choice stays.
-void ChannelPage::ApplyNarrowbandRule() {
-  if (MustBeNarrow()) Channel().Narrow = true;
+void ChannelPage::ShowNarrowbandRule() {
   if (core::ProfileOf(Data()).shows_bandwidth) ShowBandwidth();
   FollowNarrowbandRule();
 }

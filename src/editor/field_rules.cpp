@@ -1,24 +1,19 @@
 #include "editor/field_rules.h"
 
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstring>
 
+#include "core/field_rules.h"
 #include "core/number_text.h"
 
 namespace orvane::editor {
 namespace {
 
-constexpr double kUnitsPerMegahertz = 10000.0;  // 100 Hz, the radio's own unit
-constexpr double kRaster = 250.0;               // 25 kHz in these units
-
 constexpr const char* kFrequencyKeys = "0123456789.";
-// What a seven-segment display can show, in the case in which it shows it.
-constexpr const char* kDisplayKeys = "0123456789AbCdEFGHIJLnoPqrtSUy";
-// Shapes that only the first place of the display has the segments for.
-constexpr const char* kFirstPlaceKeys = "MK";
-constexpr const char* kNameKeys = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-/, _.";
+constexpr const char* kDisplayKeys = core::kDisplayCharacters.data();
+constexpr const char* kFirstPlaceKeys = core::kFirstDisplayCharacters.data();
+constexpr const char* kNameKeys = core::kNameCharacters.data();
 constexpr const char* kDisplayHint = "Indispensable 2 figures.";
 constexpr const char* kNameHint = "A maximum of 12 characters";
 
@@ -39,24 +34,24 @@ constexpr std::array kRules = {
               .head = kFirstPlaceKeys,
               .head_length = 1,
               .backspace = false,
-              .max_length = 2,
+              .max_length = core::kDisplayLength,
               .min_length = 2,
               .hint = kDisplayHint},
     FieldRule{.control = "txtCN_1",
               .allowed = kDisplayKeys,
               .head = kFirstPlaceKeys,
               .backspace = false,
-              .max_length = 2,
+              .max_length = core::kDisplayLength,
               .hint = kDisplayHint},
     FieldRule{.control = "txtCTag",
               .allowed = kNameKeys,
               .upper_case = true,
-              .max_length = 12,
+              .max_length = core::kNameLength,
               .hint = kNameHint},
     FieldRule{.control = "txtDTagName",
               .allowed = kNameKeys,
               .upper_case = true,
-              .max_length = 12,
+              .max_length = core::kNameLength,
               .hint = kNameHint},
 };
 
@@ -96,9 +91,7 @@ QString SweptText(const FieldRule& rule, const QString& text) {
 std::optional<double> FrequencyOf(const QString& text, const core::ModelProfile& profile) {
   if (text.isEmpty()) return 0.0;
   const double mhz = core::LeadingNumber(text.toStdString());
-  if (!(mhz >= profile.min_frequency && mhz <= core::kMaxFrequency)) return std::nullopt;
-  const double units = core::RoundHalfEven(mhz * kUnitsPerMegahertz);
-  if (profile.raster_25khz && std::fmod(units, kRaster) != 0) return std::nullopt;
+  if (!core::TakesFrequency(profile, mhz)) return std::nullopt;
   return mhz;
 }
 

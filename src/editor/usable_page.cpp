@@ -8,9 +8,9 @@
 #include "core/channel_plan.h"
 #include "core/model_profile.h"
 #include "core/rendering.h"
+#include "document/edits.h"
 #include "editor/tool_tips.h"
 #include "files/columns.h"
-#include "image/layout_places.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -18,25 +18,6 @@ namespace {
 
 QStringList OffOn() {
   return {platform::FromAnsi(core::OnOffText(false)), platform::FromAnsi(core::OnOffText(true))};
-}
-
-/// A group that the radio offers must have a channel. The test looks at the memory image, as the
-/// radio does.
-void GiveFirstChannel(core::RadioData& data, std::size_t group) {
-  const image::Bits area = image::places::MarineEnable(static_cast<int>(group));
-  const std::span<std::uint8_t> bytes = data.Image.All().subspan(
-      static_cast<std::size_t>(area.FirstByte()), static_cast<std::size_t>(area.Length()));
-  if (std::any_of(bytes.begin(), bytes.end(), [](std::uint8_t byte) { return byte != 0; })) return;
-  image::WriteBits(data.Image.All().data(), {area.first, 1}, 1);
-  data.Marine[group][1].Enable = true;
-}
-
-/// EXP channels are in use when they belong to a channel group; LMR channels by their own flag.
-void EnableExpChannelsByGroup(core::ExtraTable& table) {
-  for (core::ChannelRecord& channel : table) {
-    if (channel.IsLmr()) continue;
-    channel.Enable = channel.USA_Group || channel.INT_Group || channel.CAN_Group;
-  }
 }
 
 }  // namespace
@@ -189,11 +170,8 @@ void UsablePage::FollowEnable(std::size_t index) {
 
 void UsablePage::SwitchGroup(std::size_t index, bool on) {
   if (!MayWrite()) return;
-  Data().Usable[index].Enable = on;
-  if (on && index != core::kExtraGroup) {
-    GiveFirstChannel(Data(), index);
-    ListPriorityChannels(index);
-  }
+  document::SwitchGroup(Data(), index, on);
+  if (on && index != core::kExtraGroup) ListPriorityChannels(index);
   FollowEnable(index);
   Host().DataChanged();
   Host().RebuildTree();
@@ -201,8 +179,7 @@ void UsablePage::SwitchGroup(std::size_t index, bool on) {
 
 void UsablePage::SwitchExp(bool on) {
   if (!MayWrite()) return;
-  Data().ExpPresent = on;
-  if (on) EnableExpChannelsByGroup(Data().EXP);
+  document::SwitchExp(Data(), on);
   ListPriorityChannels(core::kExtraGroup);
   FollowEnable(core::kExtraGroup);
   Host().DataChanged();
