@@ -29,6 +29,8 @@ struct Workplace {
 [[nodiscard]] bool RunReport(Workplace& place);
 [[nodiscard]] bool RunMap(Workplace& place);
 [[nodiscard]] bool RunShow(Workplace& place);
+[[nodiscard]] bool RunGet(Workplace& place);
+[[nodiscard]] bool RunSet(Workplace& place);
 [[nodiscard]] bool RunPorts(Workplace& place);
 [[nodiscard]] bool RunRead(Workplace& place);
 [[nodiscard]] bool RunProgram(Workplace& place);

@@ -1,13 +1,12 @@
 #include "cli/data_tree.h"
 
-#include <array>
-#include <cstdint>
 #include <nlohmann/json.hpp>
+#include <string>
 #include <string_view>
-#include <variant>
 
-#include "core/channel_plan.h"
+#include "core/catalogue_fields.h"
 #include "core/model_profile.h"
+#include "core/text.h"
 #include "image/codec.h"
 #include "platform/ansi_text.h"
 
@@ -15,188 +14,115 @@ namespace orvane::cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-// Which channels have the field.
-enum class Kind { kAll, kMarine, kNamed, kExtra };
-
-template <class Record>
-struct Field {
-  const char* name;
-  std::variant<core::Flag Record::*, std::uint8_t Record::*, std::int16_t Record::*,
-               std::int32_t Record::*, double Record::*, std::string Record::*>
-      member;
-  Kind kind = Kind::kAll;
-};
-
-Json ToJson(core::Flag value) {
-  return static_cast<bool>(value);
-}
-Json ToJson(const std::string& value) {
-  return platform::AnsiToUtf8(value);
-}
-Json ToJson(core::FlagPair value) {
-  return {{"on", ToJson(value.On)}, {"hi", ToJson(value.Hi)}};
-}
-template <class Number>
-Json ToJson(Number value) requires std::is_arithmetic_v<Number> {
-  return value;
-}
-template <class T, std::size_t N>
-Json ToJson(const std::array<T, N>& values) {
-  Json list = Json::array();
-  for (const T& value : values) list.push_back(ToJson(value));
-  return list;
-}
-
-template <class Record>
-void AddField(Json& node, const Record& record, const Field<Record>& field) {
-  node[field.name] = std::visit([&](auto member) { return ToJson(record.*member); }, field.member);
-}
-
-template <class Record, std::size_t N>
-Json RecordTree(const Record& record, const std::array<Field<Record>, N>& fields) {
-  Json node = Json::object();
-  for (const Field<Record>& field : fields) AddField(node, record, field);
-  return node;
-}
-
 using core::ChannelRecord;
-constexpr std::array<Field<ChannelRecord>, 25> kChannelFields = {{
-    {"enable", &ChannelRecord::Enable},
-    {"name", &ChannelRecord::ChTag, Kind::kNamed},
-    {"rx_frequency", &ChannelRecord::Rxfreq, Kind::kExtra},
-    {"tx_frequency", &ChannelRecord::Txfreq, Kind::kExtra},
-    {"tx_enable", &ChannelRecord::TxEnable},
-    {"tx_power", &ChannelRecord::TXPower},
-    {"low_power", &ChannelRecord::LowPower},
-    {"power_up", &ChannelRecord::PowUp},
-    {"duplex", &ChannelRecord::Duplex, Kind::kMarine},
-    {"duplex_allowed", &ChannelRecord::DuplexAllowed, Kind::kMarine},
-    {"rx_only", &ChannelRecord::RxOnly, Kind::kMarine},
-    {"scan_memory", &ChannelRecord::ScanMemory},
-    {"scramble", &ChannelRecord::Scramble, Kind::kNamed},
-    {"narrow", &ChannelRecord::Narrow, Kind::kExtra},
-    {"rx_ctcss", &ChannelRecord::RxCTCSS, Kind::kExtra},
-    {"tx_ctcss", &ChannelRecord::TxCTCSS, Kind::kExtra},
-    {"rx_dcs", &ChannelRecord::RxDCS, Kind::kExtra},
-    {"tx_dcs", &ChannelRecord::TxDCS, Kind::kExtra},
-    {"rx_comp", &ChannelRecord::RxComp, Kind::kExtra},
-    {"clock_shift", &ChannelRecord::ClockShift, Kind::kExtra},
-    {"display_left", &ChannelRecord::CHDisplayL, Kind::kExtra},
-    {"display_right", &ChannelRecord::CHDisplayR, Kind::kExtra},
-    {"usa_group", &ChannelRecord::USA_Group, Kind::kExtra},
-    {"int_group", &ChannelRecord::INT_Group, Kind::kExtra},
-    {"can_group", &ChannelRecord::CAN_Group, Kind::kExtra},
-}};
+using core::Field;
+using core::Table;
+using core::TableKind;
 
-using core::UsableGroup;
-constexpr std::array<Field<UsableGroup>, 6> kGroupFields = {{
-    {"enable", &UsableGroup::Enable},
-    {"tx_tot", &UsableGroup::TX_TOT},
-    {"priority_ch", &UsableGroup::Priority_CH},
-    {"status_icon", &UsableGroup::Status_Icon},
-    {"status_name", &UsableGroup::Status_name},
-    {"backup", &UsableGroup::Backup},
-}};
-
-using core::CommonSettings;
-constexpr std::array<Field<CommonSettings>, 14> kCommonFields = {{
-    {"tx_po_display", &CommonSettings::TX_Po_Display},
-    {"last_tx_power", &CommonSettings::Last_TX_Power},
-    {"sql", &CommonSettings::SQL},
-    {"last_ch_group", &CommonSettings::Last_CH_Group},
-    {"last_display_ch", &CommonSettings::Last_Display_CH},
-    {"marine_lmr_ch", &CommonSettings::Marine_LMR_CH},
-    {"scan", &CommonSettings::SCAN},
-    {"resume_time", &CommonSettings::Resume_Time},
-    {"ptt_scan_clear", &CommonSettings::PTT_SCAN_Clear},
-    {"dual_watch", &CommonSettings::Dual_Watch},
-    {"offset_time", &CommonSettings::Offset_Time},
-    {"magnetic_variation", &CommonSettings::Magnetic_Variation},
-    {"weather_alert", &CommonSettings::Weater},
-    {"rotary_beep", &CommonSettings::RotaryBeep},
-}};
-
-using core::DirectoryEntry;
-constexpr std::array<Field<DirectoryEntry>, 3> kDirectoryFields = {{
-    {"enable", &DirectoryEntry::Enable},
-    {"name", &DirectoryEntry::TagName},
-    {"mmsi", &DirectoryEntry::Mmsid},
-}};
-
-constexpr std::array<const char*, core::kUsableGroups> kGroupNames = {"usa", "intl", "canada",
-                                                                      "extra"};
-
-Json DscTree(const core::DscSettings& dsc) {
-  return {{"available_group", ToJson(dsc.AvailableGroup)},
-          {"user_mmsi", ToJson(dsc.UserMmsi)},
-          {"distress_cancel_call", ToJson(dsc.DistressCancelCall)},
-          {"stanby_mode", ToJson(dsc.StanbyMode)},
-          {"pos_request", ToJson(dsc.PosRequest)},
-          {"pos_send", ToJson(dsc.PosSend)},
-          {"beep_output", ToJson(dsc.BeepOutput)},
-          {"all_ships_call", ToJson(dsc.AllShipsCall)},
-          {"group_call", ToJson(dsc.GroupCall)},
-          {"individual_call", ToJson(dsc.IndividualCall)},
-          {"individual_ack_menu", ToJson(dsc.IndividualAckMenu)},
-          {"individual_ack_message_menu", ToJson(dsc.IndividualAckMessageMenu)},
-          {"pos_request_ack_menu", ToJson(dsc.PosRequestAckMenu)}};
+Json ToJson(const core::Value& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return platform::AnsiToUtf8(*text);
+  return std::visit([](const auto& plain) { return Json(plain); }, value);
 }
 
-Json CallSignTree(const core::RadioData& data) {
-  Json list = Json::array();
-  for (const core::AtisCallSign& sign : data.CallSigns) {
-    list.push_back({{"mid", ToJson(sign.Mid)}, {"display", ToJson(sign.Display)}});
+// "available_group/usa" is an item of the list "available_group", "pos_request/hi" the member "hi"
+// of the object "pos_request". The items of a list stand one behind the other in the catalogue.
+void AddField(Json& node, const Field& field, const core::Value& value, std::string_view& item) {
+  const std::vector<std::string_view> parts = core::Split(field.id, '/');
+  Json& member = node[std::string(parts[0])];
+  if (parts.size() == 1) {
+    member = ToJson(value);
+  } else if (!field.in_list) {
+    member[std::string(parts[1])] = ToJson(value);
+  } else if (parts.size() == 2) {
+    member.push_back(ToJson(value));
+  } else {
+    if (member.empty() || item != parts[1]) member.push_back(Json::object());
+    member.back()[std::string(parts[2])] = ToJson(value);
+    item = parts[1];
   }
-  return list;
 }
 
-template <std::size_t N>
-Json DirectoryTree(const core::OneBasedArray<DirectoryEntry, N>& directory) {
-  Json list = Json::array();
-  int number = 0;
-  for (const DirectoryEntry& entry : directory) {
-    Json node = {{"number", ++number}};
-    node.update(RecordTree(entry, kDirectoryFields));
-    list.push_back(std::move(node));
+template <auto kMember>
+bool Is(const Field& field) {
+  return field.member == core::CatalogueField<ChannelRecord, kMember>().member;
+}
+
+// Settings are listed whole, channels with the fields that their table has. Weather channels are
+// listed with those of a marine channel.
+bool IsListed(const core::ModelProfile& profile, const Table& table, const Field& field) {
+  if (Is<&ChannelRecord::Position>(field) || Is<&ChannelRecord::SelectedPlan>(field) ||
+      Is<&ChannelRecord::DispayA>(field) || Is<&ChannelRecord::LMR_EXP>(field)) {
+    return false;
   }
-  return list;
-}
-
-bool HasField(Kind field, Kind table, const core::ModelProfile& profile) {
-  if (field == Kind::kNamed) return profile.has_channel_names;
-  return field == Kind::kAll || field == table;
-}
-
-Json ChannelTree(const Json& label, const ChannelRecord& channel, Kind table,
-                 const core::ModelProfile& profile) {
-  Json node = {{"channel", label}};
-  for (const Field<ChannelRecord>& field : kChannelFields) {
-    if (HasField(field.kind, table, profile)) AddField(node, channel, field);
+  if (field.exists == nullptr) return true;
+  switch (table.kind) {
+    case TableKind::kMarine:
+    case TableKind::kWeather:
+      return field.exists(profile, TableKind::kMarine);
+    case TableKind::kExtra:
+      return field.exists(profile, TableKind::kExtra);
+    default:
+      return true;
   }
-  if (table == Kind::kExtra) node["kind"] = profile.GroupWord(channel.IsLmr());
+}
+
+Json RecordTree(const core::ModelProfile& profile, const Table& table, const void* record,
+                Json node = Json::object()) {
+  std::string_view item;
+  for (const Field& field : table.fields) {
+    if (IsListed(profile, table, field)) AddField(node, field, field.get(record), item);
+  }
   return node;
 }
 
-Json ChannelTables(const core::RadioData& data) {
+// What names an entry of a list: the label of a marine channel, the number of any other.
+Json EntryHead(const Table& table, int entry) {
+  switch (table.kind) {
+    case TableKind::kMarine:
+      return {{"channel", table.entry_name(entry)}};
+    case TableKind::kWeather:
+    case TableKind::kExtra:
+      return {{"channel", entry + 1}};
+    default:
+      return table.fields.size() == core::catalogue::kDirectoryFields.size()
+                 ? Json{{"number", entry + 1}}
+                 : Json::object();
+  }
+}
+
+Json ListTree(const core::RadioData& data, const Table& table) {
   const core::ModelProfile& profile = core::ProfileOf(data);
-  Json tables = Json::object();
-  for (const core::MarineGroup group : core::kMarineGroups) {
-    Json& list = tables[kGroupNames[static_cast<std::size_t>(group)]] = Json::array();
-    int position = 0;
-    for (const ChannelRecord& channel : data.Table(group)) {
-      list.push_back(ChannelTree(core::PlanLabel(position++), channel, Kind::kMarine, profile));
+  Json list = Json::array();
+  for (int entry = 0; entry < table.count; ++entry) {
+    const void* const record = table.record(data, entry);
+    list.push_back(RecordTree(profile, table, record, EntryHead(table, entry)));
+    if (table.kind == TableKind::kExtra) {
+      list.back()["kind"] = profile.GroupWord(static_cast<const ChannelRecord*>(record)->IsLmr());
     }
   }
-  Json& weather = tables["wx"] = Json::array();
-  for (const ChannelRecord& channel : data.WX) {
-    weather.push_back(ChannelTree(weather.size() + 1, channel, Kind::kMarine, profile));
+  return list;
+}
+
+Json GroupsTree(const core::RadioData& data, const Table& table) {
+  Json groups = Json::object();
+  for (int entry = 0; entry < table.count; ++entry) {
+    groups[table.entry_name(entry)] =
+        RecordTree(core::ProfileOf(data), table, table.record(data, entry));
   }
-  Json& extra = tables["extra"] = Json::array();
-  for (const ChannelRecord& channel : data.EXP) {
-    extra.push_back(ChannelTree(extra.size() + 1, channel, Kind::kExtra, profile));
-  }
-  return tables;
+  return groups;
+}
+
+Json ModelTree(const core::RadioData& data) {
+  return {{"type", data.MODELTYPE},
+          {"name", platform::AnsiToUtf8(data.ModelName)},
+          {"code", core::ProfileOf(data).code},
+          {"sel1", image::Sel1(data.Image)},
+          {"sel2", image::Sel2(data.Image)}};
+}
+
+bool IsChannelTable(const Table& table) {
+  return table.kind == TableKind::kMarine || table.kind == TableKind::kWeather ||
+         table.kind == TableKind::kExtra;
 }
 
 }  // namespace
@@ -204,25 +130,22 @@ Json ChannelTables(const core::RadioData& data) {
 Json DataTree(const core::RadioData& data) {
   const core::ModelProfile& profile = core::ProfileOf(data);
   Json tree;
-  tree["model"] = {{"type", data.MODELTYPE},
-                   {"name", platform::AnsiToUtf8(data.ModelName)},
-                   {"code", profile.code},
-                   {"sel1", image::Sel1(data.Image)},
-                   {"sel2", image::Sel2(data.Image)}};
-  for (std::size_t group = 0; group < kGroupNames.size(); ++group) {
-    tree["usable_groups"][kGroupNames[group]] = RecordTree(data.Usable[group], kGroupFields);
-  }
-  tree["exp_present"] = ToJson(data.ExpPresent);
-  tree["common"] = RecordTree(data.Common, kCommonFields);
-  if (profile.has_dsc) tree["dsc"] = DscTree(data.Dsc);
-  tree["atis"] = {{"usable_group", ToJson(data.Atis.UsableGroup)},
-                  {"code", ToJson(data.Atis.Code)},
-                  {"killer_group", ToJson(data.Atis.KillerGroup)}};
-  if (profile.has_call_signs) tree["call_signs"] = CallSignTree(data);
-  tree["channels"] = ChannelTables(data);
-  if (profile.has_dsc) {
-    tree["stations"] = DirectoryTree(data.Stations);
-    tree["station_groups"] = DirectoryTree(data.StationGroups);
+  tree["model"] = ModelTree(data);
+  for (const Table& table : core::Catalogue()) {
+    const std::string id(table.id);
+    if (tree.contains(id) || table.kind == TableKind::kMemory) continue;
+    if (table.exists != nullptr && !table.exists(profile)) continue;
+    if (IsChannelTable(table)) {
+      tree["channels"][id] = ListTree(data, table);
+    } else if (table.kind == TableKind::kDirectory) {
+      tree[id] = ListTree(data, table);
+    } else if (table.entry_name != nullptr) {
+      tree[id] = GroupsTree(data, table);
+    } else if (table.fields.size() == 1) {
+      tree[id] = ToJson(table.fields.front().get(table.record(data, 0)));
+    } else {
+      tree[id] = RecordTree(profile, table, table.record(data, 0));
+    }
   }
   return tree;
 }

@@ -19,7 +19,7 @@ struct CommandInfo {
   std::string_view usage;  ///< behind the program's name
   std::string_view help;
 };
-constexpr std::array<CommandInfo, 8> kCommands = {{
+constexpr std::array<CommandInfo, 10> kCommands = {{
     {Command::kNew, "new", "[--yes] new --model M -o OUT", "a fresh data set, saved"},
     {Command::kConvert, "convert", "[--yes] convert IN OUT",
      "between .hex, .dat and to .txt, .pdf, by extension"},
@@ -27,6 +27,9 @@ constexpr std::array<CommandInfo, 8> kCommands = {{
     {Command::kMap, "map", "map [--model M] [IN.hex]",
      "every field of the image: offset, bits, name, bytes, value"},
     {Command::kShow, "show", "show IN [--json]", "the decoded data set"},
+    {Command::kGet, "get", "get IN PATH...", "single fields, such as usa/16/name"},
+    {Command::kSet, "set", "[--yes] set IN PATH=VALUE... -o OUT",
+     "changes single fields by the rules of the window"},
     {Command::kPorts, "ports", "ports [--json]", "the serial ports"},
     {Command::kRead, "read", "[--yes] read --model M --port P -o OUT [--raw] [--base FILE]",
      "the radio's contents into a file"},
@@ -94,6 +97,16 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
       input(kDocument)->required();
       json();
       break;
+    case Command::kGet:
+      input(kDocument)->required();
+      app.add_option("PATH", raw.options.fields, "which field")->required();
+      break;
+    case Command::kSet:
+      input(kDocument)->required();
+      app.add_option("PATH=VALUE", raw.options.fields, "which field, and what it shall be")
+          ->required();
+      output();
+      break;
     case Command::kPorts:
       json();
       break;
@@ -148,7 +161,7 @@ std::optional<std::string> WrongOutput(const Options& options) {
     return WrongExtension(options.output, "With --raw the file to write", {".hex"});
   }
   if (options.command == Command::kNew || options.command == Command::kConvert ||
-      options.command == Command::kRead) {
+      options.command == Command::kSet || options.command == Command::kRead) {
     return WrongExtension(options.output, "The file to write", {".dat", ".hex", ".txt", ".pdf"});
   }
   return std::nullopt;

@@ -9,7 +9,7 @@
 
 namespace orvane::cli {
 
-enum class Command { kNew, kConvert, kReport, kMap, kShow, kPorts, kRead, kProgram };
+enum class Command { kNew, kConvert, kReport, kMap, kShow, kGet, kSet, kPorts, kRead, kProgram };
 
 /// A port number 1..16, or the path of a device.
 using PortChoice = std::variant<int, std::string>;
@@ -25,6 +25,7 @@ struct Options {
   std::string input;
   std::string output;
   std::string base;
+  std::vector<std::string> fields;  ///< get: paths; set: PATH=VALUE
 };
 
 /// What the words mean: options, or what to say instead of working. Exactly one of the three is

@@ -31,6 +31,10 @@ bool Execute(Workplace& place) {
       return RunMap(place);
     case Command::kShow:
       return RunShow(place);
+    case Command::kGet:
+      return RunGet(place);
+    case Command::kSet:
+      return RunSet(place);
     case Command::kPorts:
       return RunPorts(place);
     case Command::kRead:
