@@ -44,7 +44,7 @@ void AddField(Json& node, const Field& field, const core::Value& value, std::str
 
 template <auto kMember>
 bool Is(const Field& field) {
-  return field.member == core::CatalogueField<ChannelRecord, kMember>().member;
+  return field.member == &core::kMemberTag<kMember>;
 }
 
 // Settings are listed whole, channels with the fields that their table has. Weather channels are

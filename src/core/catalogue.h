@@ -52,7 +52,7 @@ struct Limits {
 struct Field {
   std::string_view id;     ///< "rx_frequency", "pos_request/hi": path and JSON key
   std::string_view label;  ///< "Rx Frequency": what a user reads
-  const char* member;      ///< which member it is; see CatalogueField
+  const char* member;      ///< which member it is; see kMemberTag
   Value (*get)(const void* record);
   void (*set)(void* record, const Value& value);  ///< the value has the type that get returns
   const Notation* notation;

@@ -4,6 +4,7 @@
 #include <concepts>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -12,8 +13,7 @@
 #include "core/field_rules.h"
 #include "core/tones.h"
 
-/// The rows of the catalogue, by record. Other tables that hold member pointers find a member's
-/// row here while compiling, and do not compile for a member that has none.
+/// The rows of the catalogue, by record.
 namespace orvane::core {
 
 /// The member reached by following member pointers and indexes one after the other.
@@ -30,7 +30,7 @@ constexpr auto& Follow(T& object) {
   }
 }
 
-/// Its address tells members apart while compiling.
+/// Its address tells members apart: Field::member of the row that the path leads to.
 template <auto... kPath>
 inline constexpr char kMemberTag = 0;
 
@@ -61,7 +61,7 @@ constexpr Limits DefaultLimits() {
 
 /// How a row differs from what the member's type says.
 struct More {
-  const Notation* notation = nullptr;
+  std::optional<const Notation*> notation{};
   Limits limits{1, 0};  ///< lowest above highest: those of the member's type
   Refusal refusal = nullptr;
   Exists exists = nullptr;
@@ -84,7 +84,7 @@ constexpr Field Row(std::string_view id, std::string_view label, const More& mor
             Follow<kPath...>(*static_cast<Record*>(record)) =
                 static_cast<Member>(std::get<C>(value));
           },
-      .notation = more.notation != nullptr ? more.notation : DefaultNotation<Member>(),
+      .notation = more.notation.value_or(DefaultNotation<Member>()),
       .limits = more.limits.lowest <= more.limits.highest ? more.limits : DefaultLimits<Member>(),
       .refusal = more.refusal,
       .exists = more.exists,
@@ -360,14 +360,5 @@ template <>
 inline constexpr std::span<const Field> kFieldsOf<DirectoryEntry>{kDirectoryFields};
 
 }  // namespace catalogue
-
-/// The row of a member. A member without one does not compile.
-template <class Record, auto... kPath>
-consteval const Field& CatalogueField() {
-  for (const Field& field : catalogue::kFieldsOf<Record>) {
-    if (field.member == &kMemberTag<kPath...>) return field;
-  }
-  throw "this member has no row in the catalogue";
-}
 
 }  // namespace orvane::core

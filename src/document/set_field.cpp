@@ -71,7 +71,7 @@ struct Rule {
 };
 template <auto kMember>
 constexpr Rule For(std::string (*set)(const Setting&)) {
-  return {core::CatalogueField<ChannelRecord, kMember>().member, set};
+  return {&core::kMemberTag<kMember>, set};
 }
 
 constexpr std::array kChannelRules = {
@@ -89,24 +89,23 @@ constexpr std::array kChannelRules = {
     For<&ChannelRecord::TxDCS>(&SetCode<Way::kTransmit>),
 };
 
-template <class Record, auto... kPath>
+template <auto kMember>
 bool Is(const core::Field& field) {
-  return field.member == core::CatalogueField<Record, kPath...>().member;
+  return field.member == &core::kMemberTag<kMember>;
 }
 
 // A choice that the page does not offer for this channel.
 std::string NotOffered(const core::RadioData& data, ChannelPlace place, const core::Field& field,
                        const Value& value, core::Date today) {
   const ChannelRecord& channel = ChannelAt(data, place);
-  if (Is<ChannelRecord, &ChannelRecord::Duplex>(field) && std::get<bool>(value) &&
-      !channel.DuplexAllowed) {
+  if (Is<&ChannelRecord::Duplex>(field) && std::get<bool>(value) && !channel.DuplexAllowed) {
     return "The channel plan has no second frequency for duplex here.";
   }
-  if (Is<ChannelRecord, &ChannelRecord::Narrow>(field) && !std::get<bool>(value) &&
+  if (Is<&ChannelRecord::Narrow>(field) && !std::get<bool>(value) &&
       MustBeNarrow(data, place, today)) {
     return "LMR channels from 150 to 174 MHz are narrow, by rule of the FCC.";
   }
-  if (Is<ChannelRecord, &ChannelRecord::Scramble>(field) && std::get<std::int32_t>(value) != 0 &&
+  if (Is<&ChannelRecord::Scramble>(field) && std::get<std::int32_t>(value) != 0 &&
       !MayScramble(data, place)) {
     return "The scrambler is not offered for this channel and destination.";
   }
@@ -127,9 +126,8 @@ std::string SetChannelField(const Setting& setting, core::FieldRef at) {
 
 // Names and displays are kept in capitals.
 Value AsKept(const core::Field& field, Value value) {
-  const bool capitals = Is<ChannelRecord, &ChannelRecord::ChTag>(field) ||
-                        Is<ChannelRecord, &ChannelRecord::CHDisplayL>(field) ||
-                        Is<ChannelRecord, &ChannelRecord::CHDisplayR>(field);
+  const bool capitals = Is<&ChannelRecord::ChTag>(field) || Is<&ChannelRecord::CHDisplayL>(field) ||
+                        Is<&ChannelRecord::CHDisplayR>(field);
   if (auto* text = std::get_if<std::string>(&value); text != nullptr && capitals) {
     *text = core::UpperCase(*text);
   }
@@ -169,9 +167,9 @@ std::string SetField(core::RadioData& data, core::FieldRef at, std::string_view 
   if (const std::optional<ChannelPlace> place = PlaceOf(data, at)) {
     return SetChannelField({data, *place, value, today}, at);
   }
-  if (Is<core::UsableGroup, &core::UsableGroup::Enable>(field)) {
+  if (Is<&core::UsableGroup::Enable>(field)) {
     SwitchGroup(data, at.entry, std::get<bool>(value));
-  } else if (field.member == core::catalogue::kExpPresentFields[0].member) {
+  } else if (Is<&core::RadioData::ExpPresent>(field)) {
     SwitchExp(data, std::get<bool>(value));
   } else {
     core::Set(data, at, value);
