@@ -11,24 +11,11 @@
 
 #include "core/catalogue.h"
 #include "core/field_rules.h"
+#include "core/member_path.h"
 #include "core/tones.h"
 
 /// The rows of the catalogue, by record.
 namespace orvane::core {
-
-/// The member reached by following member pointers and indexes one after the other.
-template <class T>
-constexpr T& Follow(T& object) {
-  return object;
-}
-template <auto First, auto... Rest, class T>
-constexpr auto& Follow(T& object) {
-  if constexpr (std::is_member_pointer_v<decltype(First)>) {
-    return Follow<Rest...>(object.*First);
-  } else {
-    return Follow<Rest...>(object[First]);
-  }
-}
 
 /// Its address tells members apart: Field::member of the row that the path leads to.
 template <auto... kPath>

@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "core/calendar.h"
+#include "core/member_path.h"
 #include "core/model_profile.h"
 #include "core/radio_data.h"
 #include "image/bits.h"
@@ -90,29 +91,15 @@ struct Row {
   }
 };
 
-/// The member reached by following member pointers and indexes one after the other.
-template <class T>
-constexpr T& Follow(T& object) {
-  return object;
-}
-template <auto First, auto... Rest, class T>
-constexpr auto& Follow(T& object) {
-  if constexpr (std::is_member_pointer_v<decltype(First)>) {
-    return Follow<Rest...>(object.*First);
-  } else {
-    return Follow<Rest...>(object[First]);
-  }
-}
-
 template <class Record, class Form, auto... Path>
 void DecodeField(Record& record, const std::uint8_t* base, const Place& place) {
-  Form::Read(base, place, Follow<Path...>(record));
+  Form::Read(base, place, core::Follow<Path...>(record));
 }
 
 template <class Record, class Form, auto... Path>
 void EncodeField(const Record& record, std::uint8_t* base, const Place& place,
                  const EncodeContext& context) {
-  const auto& member = Follow<Path...>(record);
+  const auto& member = core::Follow<Path...>(record);
   if constexpr (requires { Form::Write(base, place, member, context); }) {
     Form::Write(base, place, member, context);
   } else {
@@ -125,7 +112,7 @@ std::string FieldText(const std::uint8_t* base, const Place& place) {
   if constexpr (requires { Form::Text(base, place); }) {
     return Form::Text(base, place);
   } else {
-    std::remove_cvref_t<decltype(Follow<Path...>(std::declval<Record&>()))> value{};
+    std::remove_cvref_t<decltype(core::Follow<Path...>(std::declval<Record&>()))> value{};
     Form::Read(base, place, value);
     return ValueText(value);
   }

@@ -116,22 +116,6 @@ class ChannelPageTest : public QObject {
     QCOMPARE(channel.TXPower, 3);
   }
 
-  void EnablingSetsTheTransmitPower() {
-    for (Name key : {"PU48", kLmr}) {
-      for (const bool low : {false, true}) {
-        const Row row(key, low);
-        Desk desk(5);
-        ChannelRecord& channel = Channel(desk, key);
-        channel.Enable = false;
-        channel.LowPower = low;
-        channel.TXPower = 0;
-        desk.Open(key);
-        desk.Press("chkCEnable");
-        QCOMPARE(channel.TXPower, low ? 1 : 3);
-      }
-    }
-  }
-
   void EntriesHaveTheirRulesBeforeAndAfterTheyWereSwitchedOff() {
     const std::tuple<Name, bool, Name, bool, bool, bool> rows[] = {
         {"PU18", true, "09", true, true, true},   {"PU18", false, "09", true, true, false},
@@ -197,26 +181,10 @@ class ChannelPageTest : public QObject {
       QCOMPARE(desk.On("chkCScan"), stays);
       QCOMPARE(Channel(desk, key) == before, stays);
       QCOMPARE(desk.host.changes > 0, !stays);
-      const char* why = *key == 'P'   ? "Stays on: the last INTL channel in use."
-                        : *key == 'L' ? "Stays on: the last LMR channel in use."
-                                      : "Stays on: the last EXP channel in use.";
-      QCOMPARE(desk.host.notice, stays ? why : "");
+      const QString kind = *key == 'P' ? "INTL" : *key == 'L' ? "LMR" : "EXP";
+      const QString why = QString("Stays on: the last %1 channel in use.").arg(kind);
+      QCOMPARE(desk.host.notice, stays ? why : QString());
     }
-  }
-
-  void EnablingTakesKindAndGroupsFromTheRoot() {
-    Desk desk(5, "E7");
-    const ChannelRecord& channel = desk.data.EXP[7];
-    QVERIFY(channel.Enable && channel.LMR_EXP == -1 && channel.USA_Group);
-    QVERIFY(!desk.Checked("chkCEnable") && !desk.Checked("chkCGroup_0"));
-    desk.Press("chkCEnable");
-    QVERIFY(channel.Enable);
-    QCOMPARE(channel.LMR_EXP, 0);
-    QVERIFY(!channel.USA_Group && !channel.INT_Group && !channel.CAN_Group);
-    desk.Open("L7");
-    QVERIFY(!desk.Checked("chkCEnable"));
-    desk.Press("chkCEnable");
-    QCOMPARE(channel.LMR_EXP, -1);
   }
 
   void FreshExtraChannelsShowTheirUseAndCanBeLeft() {
@@ -241,21 +209,6 @@ class ChannelPageTest : public QObject {
       desk.Open("E1");
       QVERIFY(desk.Checked("chkCEnable"));
     }
-  }
-
-  void GroupsCarryTheEnableOfExpChannels() {
-    Desk desk(5);
-    ChannelRecord& channel = desk.data.EXP[13];
-    channel = ChannelRecord{};
-    desk.Open("E13");
-    desk.Press("chkCGroup_1");
-    QVERIFY(channel.Enable && channel.INT_Group && !channel.USA_Group);
-    QVERIFY(desk.Checked("chkCEnable") && desk.On("chkCScan"));
-    desk.Press("chkCGroup_2");
-    desk.Press("chkCGroup_1");
-    QVERIFY(channel.Enable && channel.CAN_Group && !channel.INT_Group);
-    desk.Press("chkCGroup_2");
-    QVERIFY(!channel.Enable && !channel.CAN_Group && !desk.Checked("chkCEnable"));
   }
 
   void ScramblerItemsKeepTheOnBit() {
