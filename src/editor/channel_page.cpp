@@ -33,13 +33,12 @@ core::WayOut ChannelPage::WayOut() const {
 
 core::ChannelRecord& ChannelPage::Channel() const {
   if (IsMarine()) return Data().Table(node_.group)[static_cast<std::size_t>(node_.number)];
-  // Before its first filling the page shows no channel; what it writes then is nobody's.
-  if (!core::ExtraTable::Contains(node_.number)) return no_channel_;
+  if (!ShowsChannel()) return no_channel_;
   return Data().EXP[node_.number];
 }
 
 bool ChannelPage::Check() {
-  if (!isEnabled()) return true;
+  if (!isEnabled() || !ShowsChannel()) return true;
   bool passed = true;
   for (const Direction direction : {kReceive, kTransmit}) {
     const Frequency& frequency = frequencies_[direction];

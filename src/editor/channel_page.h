@@ -67,8 +67,17 @@ class ChannelPage : public Page {
   /// The channel on show, as the rules of editing call it.
   [[nodiscard]] document::ChannelPlace Place() const;
   [[nodiscard]] core::Date Today() const { return Services().clock.Today(); }
-  /// Whether a handler may write: the page is on show and no fill runs.
-  [[nodiscard]] bool MayWrite() const { return isEnabled() && !Data().Flags.Busy; }
+  /// False before the first filling.
+  [[nodiscard]] bool ShowsChannel() const {
+    return IsMarine() || core::ExtraTable::Contains(node_.number);
+  }
+  /// Whether a handler may write: the page is on show, with a channel, and no fill runs.
+  [[nodiscard]] bool MayWrite() const {
+    return isEnabled() && ShowsChannel() && !Data().Flags.Busy;
+  }
+  [[nodiscard]] bool MustBeNarrow() const {
+    return ShowsChannel() && document::MustBeNarrow(Data(), Place(), Today());
+  }
   void Changed() { Host().DataChanged(); }
 
   // Filling.

@@ -169,7 +169,7 @@ void ChannelPage::FollowReceiveDcs() {
 }
 
 void ChannelPage::FollowNarrowbandRule() {
-  const bool forced = document::MustBeNarrow(Data(), Place(), Today());
+  const bool forced = MustBeNarrow();
   if (forced) ShowChecked(*narrow_, true);
   wide_->setEnabled(!forced);
   narrow_->setEnabled(!forced);

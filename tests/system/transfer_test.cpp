@@ -1,5 +1,4 @@
 #include <csignal>
-#include <regex>
 
 #include "system_bench.h"
 
@@ -66,13 +65,14 @@ TEST_F(Transfers, AProgramRunThatIsStoppedOrKilledCanBeRepeated) {
     stopped->Signal(signal);
     EXPECT_EQ(stopped->Wait(), signal == SIGINT ? 1 : 128 + SIGKILL);
     // The block is that of the single bytes, or on a slow machine the next.
-    EXPECT_TRUE(std::regex_match(
-        stopped->Err(),
-        std::regex(signal == SIGINT ? "Program to Radio: Cancelled at block 00[45]0\nThe radio now "
-                                      "holds a partly written image\\. Do not use it until it has "
-                                      "been programmed again\\.\n"
-                                    : "")))
-        << stopped->Err();
+    const auto told = [](const char* block) {
+      return std::string("Program to Radio: Cancelled at block ") + block +
+             "\nThe radio now holds a partly written image. Do not use it until it has been "
+             "programmed again.\n";
+    };
+    const std::string said = stopped->Err();
+    EXPECT_TRUE(signal == SIGINT ? said == told("0040") || said == told("0050") : said.empty())
+        << said;
     StopRadio(SIGTERM);
   }
   StartRadio({"--model", "1"});
