@@ -146,6 +146,7 @@ std::vector<std::string> DestinationNames(const std::vector<std::string>& file_n
   if (templates.size() > kMaxDestinations) templates.resize(kMaxDestinations);
 
   std::vector<std::string> names;
+  names.reserve(templates.size());
   for (const std::string& file_name : templates) names.emplace_back(NameOf(file_name));
   for (const std::string_view built_in : kBuiltInDestinations) {
     const bool listed = std::any_of(names.begin(), names.end(), [=](const std::string& name) {
