@@ -122,19 +122,18 @@ void LoadHexFile(core::RadioData& data, const std::string& path, core::FileStore
 }
 
 ImageModel DetectImageModel(std::string_view bytes) {
-  const auto& profiles = core::ModelProfiles();
-  const auto* const same_length =
-      std::find_if(profiles.begin(), profiles.end(), [&](const core::ModelProfile& profile) {
-        return core::ImageLengthMatches(profile, bytes.size());
-      });
-  if (same_length == profiles.end()) return {std::nullopt, LengthRefusal(bytes.size(), nullptr)};
+  const core::ModelProfile* same_length = nullptr;
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    if (core::ImageLengthMatches(profile, bytes.size())) same_length = &profile;
+  }
+  if (same_length == nullptr) return {std::nullopt, LengthRefusal(bytes.size(), nullptr)};
   const std::vector<std::uint8_t> image = ToBytes(bytes);
-  const core::ModelProfile* const profile = image::NamedModel(image);
-  const image::ImageFaults faults =
-      image::CheckImage(image, profile != nullptr ? *profile : *same_length);
-  if (faults.length) return {std::nullopt, LengthRefusal(bytes.size(), profile)};
+  const core::ModelProfile* const named = image::NamedModel(image);
+  const core::ModelProfile& profile = named != nullptr ? *named : *same_length;
+  const image::ImageFaults faults = image::CheckImage(image, profile);
+  if (faults.length) return {std::nullopt, LengthRefusal(bytes.size(), &profile)};
   if (faults.model) return {std::nullopt, ModelRefusal(faults.codes, nullptr)};
-  return {profile->model_type};
+  return {profile.model_type};
 }
 
 }  // namespace orvane::files
