@@ -82,7 +82,7 @@ std::string AnyText(std::mt19937& random) {
 }
 
 TEST_P(RoundTrips, ASettingsFileGivesBackTheRecordsAndTheSameFile) {
-  ForAnyImage([random = std::mt19937(GetParam())](RadioData data) mutable {
+  ForAnyImage([random = std::mt19937(static_cast<unsigned>(GetParam()))](RadioData data) mutable {
     testing::ManualClock clock;
     testing::ManualPump pump(clock);
     const core::ModelProfile& profile = core::ProfileOf(data);
