@@ -27,7 +27,7 @@ void PrintedPages(benchmark::State& state) {
   constexpr double kA4Height = 297;
   for (auto _ : state) {
     benchmark::DoNotOptimize(
-        files::BuildPrintedPages(data, files::LinesPerPage(kA4Height), kToday).size());
+        files::BuildPrintedPages(data, files::LinesPerPage(kA4Height), {{}, kToday}).size());
   }
 }
 BENCHMARK(PrintedPages)->Unit(benchmark::kMicrosecond);

@@ -14,6 +14,7 @@ class JumpingClock : public core::Clock {
  public:
   [[nodiscard]] double Now() const override { return now; }
   [[nodiscard]] core::Date Today() const override { return kToday; }
+  [[nodiscard]] std::string TimeOfDay() const override { return {}; }
   void Pause(double seconds) override { now += seconds; }
   double now = 0;
 };
@@ -52,7 +53,8 @@ void WholeSession(benchmark::State& state, link::SessionKind kind) {
     JumpingClock clock;
     link::SimulatedPort port(radio, clock);
     JumpingPump pump(clock, port);
-    link::TransferSession session(data, {port, clock, pump, nobody, nobody}, nobody);
+    core::RunState run_state;
+    link::TransferSession session(data, run_state, {port, clock, pump, nobody, nobody}, nobody);
     if (session.Run(kind).ending != link::Ending::kDone) std::abort();
   }
 }

@@ -20,8 +20,7 @@ struct UsedWindow : testing::WindowDesk {
     data = UsedRadio();
     for (core::UsableGroup& group : data.Usable) group.Enable = true;
     data.ExpPresent = true;
-    window->ModelChanged();
-    window->RefreshAfterLoad();
+    ShowArranged();
     Tree().expandAll();
     Settle();
   }

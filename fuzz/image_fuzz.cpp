@@ -68,8 +68,10 @@ void DecodeAndEncode(core::RadioData& data) {
 }
 
 void Settle(core::RadioData& data) {
-  // Tone indexes beyond their list lose a bank with each of the first rounds.
-  const int settling_rounds = core::ProfileOf(data).HasTones() ? 3 : 1;
+  // Tone indexes beyond their list lose a bank with each of the first rounds. A blank inside a call
+  // sign is written as a byte that the next round skips, which moves the rest together.
+  const core::ModelProfile& profile = core::ProfileOf(data);
+  const int settling_rounds = profile.HasTones() ? 3 : profile.has_call_signs ? 2 : 1;
   for (int round = 0; round <= settling_rounds; ++round) {
     const core::MemoryImage settled = data.Image;
     image::DecodeAll(data);

@@ -47,25 +47,26 @@ class AnsweringPort : public link::SerialPort {
 };
 
 void Converse(std::span<const std::uint8_t> answers) {
-  core::RadioData data;
+  const core::RadioData data;
+  core::RunState state;
   JumpingClock clock;
   AnsweringPort port(answers);
   Silence silence;
   Impatient prompts;
-  link::SerialLink serial(data, {port, clock, clock, silence, silence});
+  link::SerialLink serial(state, {port, clock, clock, silence, silence});
   link::CloneProtocol protocol(serial, prompts, "fuzz");
 
   constexpr std::uint8_t kFiller = 0x5A;
   std::vector<std::uint8_t> target(kAddress + kLength, kFiller);
   const bool read = protocol.ReadBlock(target, kAddress, kLength);
-  Require(read != static_cast<bool>(data.Flags.Error));
+  Require(read != static_cast<bool>(state.Error));
   Require(std::all_of(target.begin(), target.begin() + kAddress,
                       [&](std::uint8_t byte) { return byte == kFiller; }));
   const bool ready = protocol.StatusCheck();
-  Require(ready != static_cast<bool>(data.Flags.Error));
+  Require(ready != static_cast<bool>(state.Error));
   const core::MemoryImage image = data.Image;
-  const bool written = protocol.WriteBlock(kAddress, kLength);
-  Require(written != static_cast<bool>(data.Flags.Error));
+  const bool written = protocol.WriteBlock(data.Image.All(), kAddress, kLength);
+  Require(written != static_cast<bool>(state.Error));
   Require(data.Image == image);
 }
 

@@ -16,7 +16,8 @@ namespace {
 void RequireOnThePage(const core::RadioData& data, int lines_per_page) {
   constexpr int kFewestLines = 8;
   constexpr double kRounding = 1e-6;
-  for (const files::PrintedPage& page : files::BuildPrintedPages(data, lines_per_page, kToday)) {
+  for (const files::PrintedPage& page :
+       files::BuildPrintedPages(data, lines_per_page, {{}, kToday})) {
     for (const files::PlacedText& placed : page.texts) {
       Require(!placed.text.empty() && placed.text.back() != ' ');
       Require(placed.line >= 0 && placed.line < std::max(lines_per_page, kFewestLines));

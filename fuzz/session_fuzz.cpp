@@ -7,7 +7,6 @@
 #include "image/sample_radio.h"
 #include "link/simulated_radio.h"
 #include "link/transfer_session.h"
-#include "support/radio_data_compare.h"
 
 /// A whole read or program session against a radio that answers what it likes.
 ///
@@ -26,8 +25,8 @@ constexpr core::Date kToday{std::chrono::year{2026}, std::chrono::month{6}, std:
 
 class HostilePort : public link::SerialPort {
  public:
-  HostilePort(Input input, bool endless, link::SimulatedRadio& radio, core::RadioData& data)
-      : input_(input), endless_(endless), radio_(radio), data_(data) {}
+  HostilePort(Input input, bool endless, link::SimulatedRadio& radio, core::RunState& state)
+      : input_(input), endless_(endless), radio_(radio), state_(state) {}
   [[nodiscard]] std::optional<core::SystemError> Open() override {
     open_ = true;
     DiscardInput();
@@ -78,7 +77,7 @@ class HostilePort : public link::SerialPort {
       return;
     }
     Deliver(input_.NextStretch());
-    if ((*choice & 4) != 0) data_.Flags.Cancel = true;
+    if ((*choice & 4) != 0) state_.Cancel = true;
     failed_ = (*choice & 8) != 0;
   }
   template <class Bytes>
@@ -95,7 +94,7 @@ class HostilePort : public link::SerialPort {
   Input input_;
   bool endless_;
   link::SimulatedRadio& radio_;
-  core::RadioData& data_;
+  core::RunState& state_;
   std::vector<std::uint8_t> incoming_;
   std::size_t taken_ = 0;
   int exchanges_ = 0;
@@ -110,7 +109,6 @@ struct Bench {
   explicit Bench(std::int16_t model) : desk(image::MakeSampleRadio(model, kToday)) {
     memory = link::RadioMemory(core::ProfileOf(desk), desk.Image.Used());
     desk.Common.SCAN = !desk.Common.SCAN;
-    desk.Flags.DataChanged = true;
     data = desk;
   }
 
@@ -134,23 +132,22 @@ void Transfer(std::span<const std::uint8_t> bytes) {
   auto& [before, memory, data] = BenchOf(choice % 7);
 
   link::SimulatedRadio radio(memory);
-  HostilePort port(input, endless, radio, data);
+  core::RunState state;
+  HostilePort port(input, endless, radio, state);
   JumpingClock clock;
   Silence silence;
   Impatient prompts;
-  link::TransferSession session(data, {port, clock, clock, silence, silence}, prompts);
+  link::TransferSession session(data, state, {port, clock, clock, silence, silence}, prompts);
   const link::Ending ending =
       session.Run(read ? link::SessionKind::kRead : link::SessionKind::kProgram).ending;
   const bool done = ending == link::Ending::kDone;
 
-  Require(!port.IsOpen() && !data.Flags.Busy);
+  Require(!port.IsOpen() && !state.Busy);
   Require(done == prompts.completed);
-  Require(ending != link::Ending::kFailed || data.Flags.Error);
-  Require(done || data.Flags.Error || data.Flags.Cancel);
+  Require(ending != link::Ending::kFailed || state.Error);
+  Require(done || state.Error || state.Cancel);
   if (read && !done) {
-    Require(testing::SameContents(data, before));
-    Require(data.Flags.DataChanged == before.Flags.DataChanged);
-    data.Flags = before.Flags;
+    Require(data == before);
   } else {
     data = before;
   }

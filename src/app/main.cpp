@@ -79,15 +79,16 @@ int main(int argc, char** argv) {
   const orvane::core::StartWords words =
       orvane::core::ReadStartWords(CommandLineWords(QApplication::arguments()));
   TellUnknown(words.unknown);
-  orvane::core::RadioData data;
-  data.Flags.Debug = words.debug;
+  orvane::document::Document document(std::make_unique<orvane::document::Contents>());
+  orvane::core::RunState state;
+  state.Debug = words.debug;
 
   platform::MessageBoxPrompts prompts;
   platform::QtClock clock;
   platform::QtEventPump pump(clock);
   platform::QtSettingsStore settings(platform::SettingsPath());
   platform::QtFileStore files(platform::CopiesFolder());
-  platform::FileErrorLog log(platform::ErrorLogPath(), data.Flags.Debug);
+  platform::FileErrorLog log(platform::ErrorLogPath(), state.Debug);
   platform::QtPortFinder ports(platform::PortLinksFolder());
   platform::QtFileDialogs dialogs;
 
@@ -95,26 +96,25 @@ int main(int argc, char** argv) {
   platform::QtReportPrinter printer;
   orvane::help::HelpViewer help(platform::DataFolder() + "/Orvane.qch", platform::CacheFolder());
 
-  orvane::editor::WindowServices services{.data = data,
-                                          .prompts = prompts,
-                                          .clock = clock,
-                                          .pump = pump,
-                                          .settings = settings,
-                                          .files = files,
-                                          .log = log,
-                                          .ports = ports,
-                                          .dialogs = dialogs,
-                                          .commands = nullptr,
-                                          .program_folder = platform::ProgramFolder(),
-                                          .data_folder = platform::DataFolder()};
   const auto make_port = [&ports](int number) {
     return std::make_unique<platform::QtSerialPort>(platform::DeviceOfPort(ports, number));
   };
-  orvane::editor::WindowCommands commands(
-      services,
-      {.make_port = make_port, .printer = printer, .help = &help, .interrupts = &interrupts});
-  services.commands = &commands;
-
+  const orvane::editor::WindowServices services{.document = document,
+                                                .state = state,
+                                                .prompts = prompts,
+                                                .clock = clock,
+                                                .pump = pump,
+                                                .settings = settings,
+                                                .files = files,
+                                                .log = log,
+                                                .ports = ports,
+                                                .dialogs = dialogs,
+                                                .make_port = make_port,
+                                                .printer = printer,
+                                                .help = &help,
+                                                .interrupts = &interrupts,
+                                                .program_folder = platform::ProgramFolder(),
+                                                .data_folder = platform::DataFolder()};
   orvane::editor::MainWindow window(services);
   window.show();
   return QApplication::exec();

@@ -8,6 +8,7 @@
 #include "cli/services.h"
 #include "cli/status_line.h"
 #include "cli/terminal_prompts.h"
+#include "core/run_state.h"
 #include "core/services.h"
 
 namespace orvane::cli {
@@ -20,6 +21,7 @@ struct Workplace {
   StatusLine& err;
   TerminalPrompts& prompts;
   core::ErrorLog& log;
+  core::RunState& state;
   Documents& documents;
 };
 

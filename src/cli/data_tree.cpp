@@ -114,7 +114,7 @@ Json GroupsTree(const core::RadioData& data, const Table& table) {
 
 Json ModelTree(const core::RadioData& data) {
   return {{"type", data.MODELTYPE},
-          {"name", platform::AnsiToUtf8(data.ModelName)},
+          {"name", platform::AnsiToUtf8(image::ModelName(data))},
           {"code", core::ProfileOf(data).code},
           {"sel1", image::Sel1(data.Image)},
           {"sel2", image::Sel2(data.Image)}};

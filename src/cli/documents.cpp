@@ -25,9 +25,6 @@ std::optional<std::int16_t> ModelOfSettings(std::string_view text) {
 
 core::RadioData Documents::Fresh(std::int16_t model_type) const {
   core::RadioData data;
-  data.ProductName = core::kProductName;
-  data.ProgramTitle = core::kProgramTitle;
-  data.Flags.Debug = debug_;
   data.MODELTYPE = model_type;
   image::ResetToDefaults(data, services_.clock.Today());
   return data;
@@ -53,16 +50,16 @@ bool Documents::LoadImageFile(const std::string& path, std::optional<std::int16_
     model_type = named.model_type;
   }
   data = Fresh(model_type.value_or(core::kDefaultModelType));
-  files::LoadHexFile(data, path, services_.files, prompts_, log_);
-  return !data.Flags.Error;
+  files::LoadHexFile(data, state_, path, services_.files, prompts_, log_);
+  return !state_.Error;
 }
 
 bool Documents::LoadSettingFile(const std::string& path, std::optional<std::int16_t> model_type,
                                 core::RadioData& data) {
   if (!model_type) model_type = ModelOfSettings(services_.files.ReadFile(path).bytes);
   data = Fresh(model_type.value_or(core::kDefaultModelType));
-  files::ReadSettingFile(data, path, services_.files, prompts_, services_.pump);
-  return !data.Flags.Error;
+  files::ReadSettingFile(data, state_, path, services_.files, prompts_, services_.pump);
+  return !state_.Error;
 }
 
 bool Documents::CheckOutput(const std::string& path, const core::RadioData& data) {
@@ -83,9 +80,9 @@ bool Documents::Save(const std::string& path, core::RadioData& data) {
 }
 
 bool Documents::SaveImage(const std::string& path, core::RadioData& data) {
-  data.Flags.Cancel = false;
-  files::SaveHexFileAs(data, path, services_.files, prompts_, log_);
-  return !data.Flags.Cancel;
+  state_.Cancel = false;
+  files::SaveHexFileAs(data, state_, path, services_.files, prompts_, log_);
+  return !state_.Cancel;
 }
 
 bool Documents::SaveSettingFile(const std::string& path, core::RadioData& data) {
@@ -112,11 +109,11 @@ void Documents::TellSaveFailure(const std::string& path, const core::RadioData& 
                                 const core::SystemError& error) {
   if (Extension(path) == ".txt") {
     prompts_.Show(core::MakeMessage(core::MessageId::kReportSave,
-                                    data.ModelName + " " + data.ProgramTitle,
+                                    image::ModelName(data) + " " + std::string(core::kProgramTitle),
                                     {{"reason", error.description}, {"path", path}}));
     return;
   }
-  prompts_.Show(core::MakeMessage(core::MessageId::kFileSave, data.ProgramTitle,
+  prompts_.Show(core::MakeMessage(core::MessageId::kFileSave, core::kProgramTitle,
                                   core::FileFacts(path, error)));
 }
 

@@ -6,6 +6,7 @@
 
 #include "cli/services.h"
 #include "core/radio_data.h"
+#include "core/run_state.h"
 #include "core/services.h"
 
 namespace orvane::cli {
@@ -15,8 +16,8 @@ namespace orvane::cli {
 /// call returns false.
 class Documents {
  public:
-  Documents(Services& services, core::Prompts& prompts, core::ErrorLog& log, bool debug)
-      : services_(services), prompts_(prompts), log_(log), debug_(debug) {}
+  Documents(Services& services, core::Prompts& prompts, core::ErrorLog& log, core::RunState& state)
+      : services_(services), prompts_(prompts), log_(log), state_(state) {}
 
   [[nodiscard]] core::RadioData Fresh(std::int16_t model_type) const;
   /// Of the given model, else of the one the file names. What the file does not hold is as in a
@@ -43,7 +44,7 @@ class Documents {
   Services& services_;
   core::Prompts& prompts_;
   core::ErrorLog& log_;
-  bool debug_;
+  core::RunState& state_;
 };
 
 /// The report as it is saved: the text and one line break.

@@ -74,7 +74,9 @@ int main(int argc, char** argv) {
       ports,
       interrupts,
       [](const std::string& device) { return std::make_unique<platform::QtSerialPort>(device); },
-      [&clock](const core::RadioData& data) { return platform::PdfReport(data, clock.Today()); },
+      [&clock](const core::RadioData& data) {
+        return platform::PdfReport(data, {{}, clock.Today()});
+      },
       {IsTerminal(0), IsTerminal(1), IsTerminal(2)}};
   return cli::Run(words, std::cin, std::cout, std::cerr, services);
 }

@@ -75,8 +75,10 @@ int Run(const std::vector<std::string>& words, std::istream& in, std::ostream& o
       in, lines, {options.yes, ask, [&services] { return services.interrupts.WaitForInput(); }});
   NoLog no_log;
   core::ErrorLog& log = options.debug ? services.log : no_log;
-  Documents documents(services, prompts, log, options.debug);
-  Workplace place{options, services, out, lines, prompts, log, documents};
+  core::RunState state;
+  state.Debug = options.debug;
+  Documents documents(services, prompts, log, state);
+  Workplace place{options, services, out, lines, prompts, log, state, documents};
   errno = 0;
   const bool done = Execute(place);
   const bool written = FlushOutput(out, err);

@@ -48,12 +48,12 @@ bool Transfer(Workplace& place, core::RadioData& data, link::SessionKind kind) {
   ProgressView view(place.err, place.prompts, place.services.clock, place.services.terminals.err,
                     label);
   link::TransferSession session(
-      data, {*port, place.services.clock, place.services.pump, place.log, view, label},
+      data, place.state, {*port, place.services.clock, place.services.pump, place.log, view, label},
       place.prompts);
   link::TransferOutcome outcome;
   {
     const platform::WhileInterruptible cancel(place.services.interrupts,
-                                              [&data] { data.Flags.Cancel = true; });
+                                              [&place] { place.state.Cancel = true; });
     outcome = session.Run(kind);
   }
   place.err.Finish();

@@ -203,7 +203,7 @@ constexpr std::array kTables = {
 [[maybe_unused]] void EveryMemberHasARow(const ChannelRecord& channel, const UsableGroup& group,
                                          const CommonSettings& common, const DscSettings& dsc,
                                          const AtisSettings& atis, const AtisCallSign& sign,
-                                         const DirectoryEntry& directory) {
+                                         const DirectoryEntry& directory, const RadioData& data) {
   [[maybe_unused]] const auto& [c1, c2, c3, c4, c5, c6, c7, c8, c9, c10, c11, c12, c13, c14, c15,
                                 c16, c17, c18, c19, c20, c21, c22, c23, c24, c25, c26, c27, c28,
                                 c29] = channel;
@@ -222,6 +222,9 @@ constexpr std::array kTables = {
   static_assert(catalogue::kCallSignFields.size() == 2);
   [[maybe_unused]] const auto& [e1, e2, e3] = directory;
   static_assert(catalogue::kDirectoryFields.size() == 3);
+  // The three marine tables are one member; the model is a table of its own.
+  [[maybe_unused]] const auto& [r1, r2, r3, r4, r5, r6, r7, r8, r9, r10, r11, r12, r13] = data;
+  static_assert(kTables.size() == 13 + 2);
 }
 
 // The first part of a path, taken off it.
@@ -292,6 +295,23 @@ std::optional<FieldRef> RefOf(std::string_view path) {
   for (const Field& field : table->fields) {
     if (EqualsIgnoringCase(field.id, path)) return at;
     ++at.field;
+  }
+  return {};
+}
+
+FieldRef RefOf(const RadioData& data, const void* record, const char* member) {
+  FieldRef at;
+  for (const Table& table : kTables) {
+    at.field = 0;
+    for (const Field& field : table.fields) {
+      if (field.member == member) {
+        for (at.entry = 0; at.entry < table.count; ++at.entry) {
+          if (table.record(data, at.entry) == record) return at;
+        }
+      }
+      ++at.field;
+    }
+    ++at.table;
   }
   return {};
 }

@@ -89,6 +89,9 @@ inline constexpr int kRunLength = 16;
 /// "usa/22A/name", "common/scan", "exp_present". Letter case is ignored when reading.
 [[nodiscard]] std::string PathOf(FieldRef at);
 [[nodiscard]] std::optional<FieldRef> RefOf(std::string_view path);
+/// By the record's address and its member, see RefTo. REQUIRES: the record is the data set's own
+/// and has the member.
+[[nodiscard]] FieldRef RefOf(const RadioData& data, const void* record, const char* member);
 /// "USA 22A CH Name", "Common Setup SCAN".
 [[nodiscard]] std::string NameOf(FieldRef at);
 

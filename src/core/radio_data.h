@@ -31,26 +31,12 @@ inline constexpr std::array<MarineGroup, 3> kMarineGroups = {MarineGroup::kUsa, 
 /// Index of the EXP/LMR group among the usable groups.
 inline constexpr std::size_t kExtraGroup = 3;
 
-/// What the operations of the program leave behind for their callers.
-struct StateFlags {
-  Flag Error;        ///< the last operation failed or was refused
-  Flag Cancel;       ///< the user cancelled, or a command has not completed
-  Flag Debug;        ///< started with "/D"
-  Flag DataChanged;  ///< differs from what was last loaded or saved
-  Flag Busy;         ///< a bulk fill or a transfer runs; editor handlers do nothing meanwhile
-
-  bool operator==(const StateFlags&) const = default;
-};
-
-/// The one data set of the process: the memory image and the records decoded from it.
+/// What a radio holds, and nothing else: the memory image and the records decoded from it.
 ///
-/// Every layer reads and writes it directly; it is handed on by reference. Copying is cheap
-/// (about 200 kB), which is how "replace only after the new one decoded whole" is done.
+/// Copying is cheap (about 200 kB), which is how "replace only after the new one decoded whole" is
+/// done.
 struct RadioData {
   std::int16_t MODELTYPE = 5;  ///< 0..6, see ModelProfile
-  std::string ModelName;       ///< display name of the model
-  std::string SEL1 = "1";      ///< "0" or "1", as last read from a settings file
-  std::string SEL2 = "0";      ///< "0" or "1"
 
   MemoryImage Image;
 
@@ -78,11 +64,6 @@ struct RadioData {
   [[nodiscard]] const MarineTable& Table(MarineGroup group) const {
     return Marine[static_cast<std::size_t>(group)];
   }
-
-  StateFlags Flags;
-  std::string CurrentFileName;  ///< full path, "" after New
-  std::string ProductName;      ///< "Orvane"
-  std::string ProgramTitle;     ///< title of the program's message boxes
 
   bool operator==(const RadioData&) const = default;
 };

@@ -41,6 +41,8 @@ class Clock {
   [[nodiscard]] virtual double Now() const = 0;
   /// Today's local date.
   [[nodiscard]] virtual Date Today() const = 0;
+  /// The local time of day, as the user sees it: "14:02".
+  [[nodiscard]] virtual std::string TimeOfDay() const = 0;
   /// Blocks for that long.
   virtual void Pause(double seconds) = 0;
 };

@@ -5,6 +5,9 @@
 #include <utility>
 #include <variant>
 
+#include "document/step_name.h"
+#include "image/codec.h"
+
 namespace orvane::document {
 namespace {
 
@@ -25,32 +28,61 @@ std::size_t SizeOf(const Step& step) {
 
 }  // namespace
 
+Contents NewContents(std::int16_t model_type, core::Date today) {
+  Contents contents;
+  contents.data.MODELTYPE = model_type;
+  image::ResetToDefaults(contents.data, today);
+  return contents;
+}
+
 Document::Document(std::unique_ptr<Contents> contents, std::size_t history_bytes)
     : contents_(std::move(contents)), history_bytes_(history_bytes) {}
 
-bool Document::Edit(std::string name, const std::function<void(core::RadioData&)>& edit,
-                    std::uint64_t run) {
+std::vector<core::Change> Document::TakeOver(const Body& edit) {
   const auto edited = std::make_unique<core::RadioData>(contents_->data);
   edit(*edited);
   std::vector<core::Change> changes = core::Differences(contents_->data, *edited);
-  if (changes.empty()) return false;
   core::Apply(contents_->data, changes);
+  return changes;
+}
+
+bool Document::Edit(std::string name, const Body& edit) {
+  const bool changed = Adjust(std::move(name), edit);
+  if (changed) changed_ = true;
+  return changed;
+}
+
+bool Document::Edit(core::FieldRef at, const Body& edit, Manner manner) {
+  const std::vector<core::Change> changes = TakeOver(edit);
+  if (changes.empty()) return false;
   changed_ = true;
-  const std::vector<core::Change> told = changes;
-  if (run == 0 || run != run_ || !JoinRun(changes)) {
-    if (name.empty()) name = core::NameOf(changes.front().at);
-    Record({.name = std::move(name), .changes = std::move(changes), .other = nullptr});
+  if (manner == Manner::kChoice || typing_ != at || !JoinStep(at, changes)) {
+    Record({.name = StepName(contents_->data, at), .changes = changes, .at = at, .other = nullptr});
   }
-  run_ = run;
-  TellChanged(told);
+  typing_ = manner == Manner::kTyping ? std::optional(at) : std::nullopt;
+  TellChanged(changes);
   return true;
 }
 
+bool Document::Adjust(std::string name, const Body& edit, bool saved) {
+  typing_.reset();
+  const std::vector<core::Change> changes = TakeOver(edit);
+  if (changes.empty()) return false;
+  Record({.name = std::move(name), .changes = changes, .other = nullptr, .saved_after = saved});
+  TellChanged(changes);
+  return true;
+}
+
+void Document::Begin(Contents contents) {
+  *contents_ = std::move(contents);
+  TellReplaced();
+}
+
 // A step that the file holds stays as it is, so that undo comes back to it.
-bool Document::JoinRun(std::span<const core::Change> changes) {
+bool Document::JoinStep(core::FieldRef at, std::span<const core::Change> changes) {
   if (done_ == 0 || done_ != steps_.size() || IsSaved()) return false;
   Step& step = steps_.back();
-  if (step.other != nullptr) return false;
+  if (step.at != at) return false;
   bytes_ -= SizeOf(step);
   for (const core::Change& change : changes) {
     const auto same = std::find_if(step.changes.begin(), step.changes.end(),
@@ -66,7 +98,7 @@ bool Document::JoinRun(std::span<const core::Change> changes) {
 }
 
 void Document::Replace(std::string name, Contents contents, bool saved) {
-  run_ = 0;
+  typing_.reset();
   auto other = std::make_unique<Contents>(std::move(contents));
   std::swap(*contents_, *other);
   Record({.name = std::move(name), .changes = {}, .other = std::move(other), .saved_after = saved});
@@ -107,7 +139,7 @@ void Document::Swap(Step& step) {
 }
 
 void Document::Undo() {
-  run_ = 0;
+  typing_.reset();
   Step& step = steps_[--done_];
   changed_ = true;
   if (step.other != nullptr) return Swap(step);
@@ -116,7 +148,7 @@ void Document::Undo() {
 }
 
 void Document::Redo() {
-  run_ = 0;
+  typing_.reset();
   Step& step = steps_[done_++];
   changed_ = true;
   if (step.other != nullptr) return Swap(step);
@@ -135,7 +167,7 @@ bool Document::IsAsItCame() const {
 
 // Every place of the history whose file was this one no longer holds what the file holds.
 void Document::MarkSaved(std::string file_name, std::string time) {
-  run_ = 0;
+  typing_.reset();
   contents_->file_name = std::move(file_name);
   contents_->time = std::move(time);
   const std::string& file = contents_->file_name;
@@ -176,6 +208,13 @@ void Document::TellReplaced() const {
 
 void Document::TellStatus() const {
   for (Watcher* watcher : watchers_) watcher->StatusChanged();
+}
+
+std::string SavedText(const Document& document) {
+  const std::string& time = document.Time();
+  if (document.IsSaved()) return time.empty() ? "Saved" : "Saved " + time;
+  if (!document.IsAsItCame()) return "Changed, not saved";
+  return document.ComesFrom() == Origin::kRead ? "Read " + time + ", not saved" : "New";
 }
 
 }  // namespace orvane::document

@@ -4,10 +4,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "core/calendar.h"
 #include "core/catalogue.h"
 #include "core/radio_data.h"
 
@@ -21,13 +23,18 @@ struct Contents {
   core::RadioData data;
   std::string file_name{};  ///< full path, "" for one without a file
   Origin origin = Origin::kNew;
-  std::string time{};  ///< when it was read, opened or last saved, as the user sees it ("14:02")
+  std::string time{};  ///< when it was read or last saved, as the user sees it ("14:02")
 };
+
+/// A data set of the model as it is after New.
+[[nodiscard]] Contents NewContents(std::int16_t model_type, core::Date today);
 
 /// What one command of the user did. Undo takes it back whole.
 struct Step {
   std::string name;                   ///< "CH16 CH Name", "Open boat.dat", "Read from Radio"
   std::vector<core::Change> changes;  ///< an edit; empty for a replacement
+  /// The field that the user set; nothing where a step is about more than one.
+  std::optional<core::FieldRef> at{};
   /// A replacement (New, Open, Read from Radio and the like): the data set on the other side of
   /// the step. So no command that replaces the data loses work, although none of them asks.
   std::unique_ptr<Contents> other;
@@ -66,15 +73,23 @@ class Document {
   [[nodiscard]] Origin ComesFrom() const { return contents_->origin; }
   [[nodiscard]] const std::string& Time() const { return contents_->time; }
 
+  using Body = std::function<void(core::RadioData&)>;
+
   /// The one door. Runs the edit on a copy and takes it over; the differences become a step. False,
   /// and no step, when the edit changed nothing. An edit that throws changes nothing.
-  ///
-  /// name "": that of the first field changed. Edits that follow each other with the same run
-  /// number (not 0) become one step, as the letters of a name do; EndRun closes it.
-  bool Edit(std::string name, const std::function<void(core::RadioData&)>& edit,
-            std::uint64_t run = 0);
-  void EndRun() { run_ = 0; }
+  bool Edit(std::string name, const Body& edit);
+  /// The same for one field that the user set, which names the step. What follows from it belongs
+  /// to the step. Typing: edits of the same field that follow each other become one step, as the
+  /// letters of a name do, until EndTyping.
+  enum class Manner : std::uint8_t { kChoice, kTyping };
+  bool Edit(core::FieldRef at, const Body& edit, Manner manner = Manner::kChoice);
+  void EndTyping() { typing_.reset(); }
+  /// What the program does to the data on its own, as encoding does: a step like any other, that
+  /// leaves HasChanged alone. saved: the file still holds what it would be written with now.
+  bool Adjust(std::string name, const Body& edit, bool saved = false);
 
+  /// The first data set: there is no step back from it.
+  void Begin(Contents contents);
   /// New, Open, Read from Radio, a destination, another model: another data set, as one step of
   /// the history. `saved`: it is what a file holds.
   void Replace(std::string name, Contents contents, bool saved);
@@ -107,7 +122,9 @@ class Document {
 
  private:
   [[nodiscard]] const Step& Last() const { return steps_[done_ - 1]; }
-  bool JoinRun(std::span<const core::Change> changes);
+  /// The changes that the edit made, taken over; empty when it made none.
+  std::vector<core::Change> TakeOver(const Body& edit);
+  [[nodiscard]] bool JoinStep(core::FieldRef at, std::span<const core::Change> changes);
   void Record(Step step);
   void DropUndone();
   void DropOldest();
@@ -121,11 +138,15 @@ class Document {
   std::size_t done_ = 0;
   std::size_t history_bytes_;
   std::size_t bytes_ = 0;
-  std::uint64_t run_ = 0;
+  std::optional<core::FieldRef> typing_;
   bool saved_at_start_ = false;  ///< before the first step kept, the file held the data
   bool at_start_as_it_came_ = true;
   bool changed_ = false;
   std::vector<Watcher*> watchers_;
 };
+
+/// How the data stands to its file, in a few words: "Saved 14:02", "Changed, not saved",
+/// "Read 13:58, not saved", "New".
+[[nodiscard]] std::string SavedText(const Document& document);
 
 }  // namespace orvane::document

@@ -6,6 +6,7 @@
 
 #include "core/channel_plan.h"
 #include "core/extra_channel.h"
+#include "core/field_rules.h"
 #include "core/model_profile.h"
 #include "core/narrowband.h"
 #include "image/codec.h"
@@ -20,8 +21,6 @@ using Kind = ChannelPlace::Kind;
 // Transmit power codes of a channel with and without "Low Power Only".
 constexpr std::uint8_t kLowPowerCode = 1;
 constexpr std::uint8_t kFullPowerCode = 3;
-
-constexpr std::size_t kDisplayNeeded = 2;  // characters on the left half of the radio's display
 
 struct ToneFields {
   std::int16_t ChannelRecord::*ctcss;
@@ -177,7 +176,7 @@ Missing MissingOf(const core::RadioData& data, ChannelPlace place) {
   if (place.IsMarine() || !ChannelAt(data, place).Enable || !OfHeading(data, place)) return {};
   const ChannelRecord& channel = ChannelAt(data, place);
   return {.frequency = !(channel.Rxfreq > 0),
-          .display = channel.CHDisplayL.size() < kDisplayNeeded};
+          .display = channel.CHDisplayL.size() < std::size_t{core::kDisplayLength}};
 }
 
 }  // namespace orvane::document

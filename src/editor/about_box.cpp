@@ -7,8 +7,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "editor/file_commands.h"
 #include "editor/picture.h"
-#include "platform/ansi_text.h"
 
 namespace orvane::editor {
 namespace {
@@ -34,17 +34,14 @@ QLabel* NamedLabel(const char* name, const QString& text, QWidget* parent) {
 
 }  // namespace
 
-AboutBox::AboutBox(const core::RadioData& radio_data, QWidget* parent) : QDialog(parent) {
+AboutBox::AboutBox(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmAbout"));
   setWindowTitle(QStringLiteral("Version Infomation"));
   setModal(true);
 
   auto* icon = new Picture("handheld", kIconLines, this);
   icon->setObjectName(QStringLiteral("picIcon"));
-  auto* title = NamedLabel("lblTitle",
-                           platform::FromUtf8(radio_data.ProductName) + QStringLiteral("  ") +
-                               platform::FromUtf8(radio_data.ProgramTitle),
-                           this);
+  auto* title = NamedLabel("lblTitle", WindowTitle({}), this);
   QFont bold = title->font();
   bold.setBold(true);
   title->setFont(bold);

@@ -2,8 +2,6 @@
 
 #include <QDialog>
 
-#include "core/radio_data.h"
-
 namespace orvane::editor {
 
 /// `frmAbout`: the program's title, version and a notice.
@@ -11,7 +9,7 @@ class AboutBox : public QDialog {
   Q_OBJECT
 
  public:
-  AboutBox(const core::RadioData& radio_data, QWidget* parent);
+  explicit AboutBox(QWidget* parent);
 };
 
 }  // namespace orvane::editor

@@ -2,6 +2,7 @@
 
 #include "core/message_facts.h"
 #include "core/model_profile.h"
+#include "core/product.h"
 #include "core/rendering.h"
 #include "editor/tool_tips.h"
 #include "platform/ansi_text.h"
@@ -31,10 +32,9 @@ core::WayOut ChannelPage::WayOut() const {
   return enable_->isChecked() ? core::WayOut::kSwitchOff : core::WayOut::kSwitchOnAndOff;
 }
 
-core::ChannelRecord& ChannelPage::Channel() const {
-  if (IsMarine()) return Data().Table(node_.group)[static_cast<std::size_t>(node_.number)];
-  if (!ShowsChannel()) return no_channel_;
-  return Data().EXP[node_.number];
+const core::ChannelRecord& ChannelPage::Channel() const {
+  static const core::ChannelRecord kNoChannel;
+  return ShowsChannel() ? document::ChannelAt(Data(), Place()) : kNoChannel;
 }
 
 bool ChannelPage::Check() {
@@ -53,15 +53,47 @@ bool ChannelPage::Check() {
 }
 
 bool ChannelPage::CheckCompleteness() {
-  // The stored flag: the box may show that the channel belongs to a group.
-  if (IsMarine() || !Channel().Enable || !OfShownKind()) return true;
-  const bool has_frequency = !frequencies_[kReceive].box->text().contains(QLatin1String("---"));
-  const bool has_number = display_left_->text().size() >= display_left_->Rule().min_length;
-  if (has_frequency && has_number) return true;
+  document::Missing missing = document::MissingOf(Data(), Place());
+  // A wrong frequency has been told as such.
+  if (frequencies_[kReceive].box->IsEdited()) missing.frequency = false;
+  if (!missing.Any()) return true;
   (void)Services().prompts.Show(
-      core::MakeMessage(core::MessageId::kIncompleteChannel, Data().ProgramTitle,
-                        core::MissingFacts(!has_frequency, !has_number, WayOut())));
+      core::MakeMessage(core::MessageId::kIncompleteChannel, core::kProgramTitle,
+                        core::MissingFacts(missing.frequency, missing.display, WayOut())));
   return false;
+}
+
+QWidget* ChannelPage::ControlOf(core::FieldRef at) const {
+  if (!ShowsChannel() || &Channel() != core::TableOf(at).record(Data(), at.entry)) return nullptr;
+  for (const auto& [field, control] : Controls()) {
+    if (field == at) return control;
+  }
+  return nullptr;
+}
+
+std::vector<std::pair<core::FieldRef, QWidget*>> ChannelPage::Controls() const {
+  using Record = core::ChannelRecord;
+  return {{At<&Record::Enable>(), enable_},
+          {At<&Record::ChTag>(), name_},
+          {At<&Record::Rxfreq>(), frequencies_[kReceive].box},
+          {At<&Record::Txfreq>(), frequencies_[kTransmit].box},
+          {At<&Record::CHDisplayL>(), display_left_},
+          {At<&Record::CHDisplayR>(), display_right_},
+          {At<&Record::TxEnable>(), tx_enable_},
+          {At<&Record::LowPower>(), low_power_},
+          {At<&Record::PowUp>(), power_up_},
+          {At<&Record::Duplex>(), duplex_},
+          {At<&Record::ScanMemory>(), scan_},
+          {At<&Record::Scramble>(), scrambler_},
+          {At<&Record::Narrow>(), narrow_->isChecked() ? narrow_ : wide_},
+          {At<&Record::TxCTCSS>(), tones_[kTransmit].ctcss},
+          {At<&Record::RxCTCSS>(), tones_[kReceive].ctcss},
+          {At<&Record::TxDCS>(), tones_[kTransmit].dcs},
+          {At<&Record::RxDCS>(), tones_[kReceive].dcs},
+          {At<&Record::RxComp>(), complement_},
+          {At<&Record::USA_Group>(), groups_[0]},
+          {At<&Record::INT_Group>(), groups_[1]},
+          {At<&Record::CAN_Group>(), groups_[2]}};
 }
 
 bool ChannelPage::TakeOver(const Frequency& frequency) {
@@ -69,7 +101,11 @@ bool ChannelPage::TakeOver(const Frequency& frequency) {
   const std::optional<double> mhz = box.Rule().check(box.text(), core::ProfileOf(Data()));
   if (!mhz) return false;
   const bool transmit = &frequency == &frequencies_[kTransmit];
-  document::SetFrequency(Data(), Place(), WayOf(transmit ? kTransmit : kReceive), *mhz, Today());
+  Edit(transmit ? At<&core::ChannelRecord::Txfreq>() : At<&core::ChannelRecord::Rxfreq>(),
+       [&](core::RadioData& radio) {
+         document::SetFrequency(radio, Place(), WayOf(transmit ? kTransmit : kReceive), *mhz,
+                                Today());
+       });
   ShowFrequency(frequency);
   if (transmit) ShowNarrowbandRule();
   return true;

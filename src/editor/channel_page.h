@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <array>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,6 +30,7 @@ class ChannelPage : public Page {
   void ModelChanged() override;
   void Fill(const NodeRef& node) override;
   [[nodiscard]] bool Check() override;
+  [[nodiscard]] QWidget* ControlOf(core::FieldRef at) const override;
 
  private:
   enum Direction : std::size_t { kTransmit, kReceive };
@@ -61,7 +63,11 @@ class ChannelPage : public Page {
   // What the page stands for.
   [[nodiscard]] bool IsMarine() const { return node_.kind == NodeKind::kMarineChannel; }
   [[nodiscard]] bool UnderLmrRoot() const { return node_.kind == NodeKind::kLmrChannel; }
-  [[nodiscard]] core::ChannelRecord& Channel() const;
+  [[nodiscard]] const core::ChannelRecord& Channel() const;
+  template <auto kMember>
+  [[nodiscard]] core::FieldRef At() const {
+    return core::RefTo<kMember>(Data(), Channel());
+  }
   [[nodiscard]] const core::ChannelPlanEntry& Plan() const;
   [[nodiscard]] bool OfShownKind() const;
   /// The channel on show, as the rules of editing call it.
@@ -72,13 +78,10 @@ class ChannelPage : public Page {
     return IsMarine() || core::ExtraTable::Contains(node_.number);
   }
   /// Whether a handler may write: the page is on show, with a channel, and no fill runs.
-  [[nodiscard]] bool MayWrite() const {
-    return isEnabled() && ShowsChannel() && !Data().Flags.Busy;
-  }
+  [[nodiscard]] bool MayWrite() const { return isEnabled() && ShowsChannel() && !State().Busy; }
   [[nodiscard]] bool MustBeNarrow() const {
     return ShowsChannel() && document::MustBeNarrow(Data(), Place(), Today());
   }
-  void Changed() { Host().DataChanged(); }
 
   // Filling.
   void FillMarine();
@@ -102,17 +105,21 @@ class ChannelPage : public Page {
 
   // Handlers.
   void Connect();
-  void ConnectFlag(QCheckBox& box, core::Flag core::ChannelRecord::*flag);
+  template <core::Flag core::ChannelRecord::*kFlag>
+  void ConnectFlag(QCheckBox& box);
   void ConnectFields();
   void EnableClicked(bool on);
+  bool EditUnlessLast(core::FieldRef at, const std::function<bool(core::RadioData&)>& edit);
   void ShowChannelEnable(bool on);
   [[nodiscard]] document::GroupMembership ShownGroups() const;
   void GroupClicked(QCheckBox& box, bool on);
   void HandleTxEnable();
   void HandleLowPower();
+  void StoreTransmit(core::FieldRef at);
   void HandleCtcss(Direction direction);
   void HandleDcs(Direction direction);
-  void StoreDisplay(const FieldBox& box, std::string core::ChannelRecord::*half);
+  template <std::string core::ChannelRecord::*kHalf>
+  void StoreDisplay(const FieldBox& box);
   /// Says why the switch of the last channel in use stays on.
   void TellLastEnabled();
 
@@ -122,12 +129,12 @@ class ChannelPage : public Page {
   void ShowNarrowbandRule();
   void TellWrongFrequency(const FrequencyBox& box);
   [[nodiscard]] bool CheckCompleteness();
+  [[nodiscard]] std::vector<std::pair<core::FieldRef, QWidget*>> Controls() const;
   /// How the page can be left while the channel is incomplete.
   [[nodiscard]] core::WayOut WayOut() const;
 
   ControlMaker* maker_;
   NodeRef node_{NodeKind::kMarineChannel};
-  mutable core::ChannelRecord no_channel_;
 
   QCheckBox* enable_ = nullptr;
   QWidget* groups_area_ = nullptr;

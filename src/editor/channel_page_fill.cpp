@@ -31,7 +31,7 @@ bool GroupRule(const ChannelRecord& channel, bool under_lmr_root) {
 }  // namespace
 
 void ChannelPage::Fill(const NodeRef& node) {
-  const BusyScope busy(Data());
+  const core::BusyScope busy(State());
   node_ = node;
   ShowForm();
   SetHelpContexts();
@@ -48,7 +48,7 @@ void ChannelPage::Fill(const NodeRef& node) {
 }
 
 void ChannelPage::ShowChecked(QAbstractButton& button, bool checked) {
-  const BusyScope busy(Data());
+  const core::BusyScope busy(State());
   button.setChecked(checked);
 }
 
@@ -99,10 +99,7 @@ const core::ChannelPlanEntry& ChannelPage::Plan() const {
 }
 
 document::ChannelPlace ChannelPage::Place() const {
-  using Kind = document::ChannelPlace::Kind;
-  if (!IsMarine()) return {UnderLmrRoot() ? Kind::kLmr : Kind::kExp, node_.number};
-  constexpr std::array kKinds = {Kind::kUsa, Kind::kIntl, Kind::kCanada};
-  return {kKinds[static_cast<std::size_t>(node_.group)], node_.number};
+  return PlaceOfNode(node_).value_or(document::ChannelPlace());
 }
 
 bool ChannelPage::OfShownKind() const {
@@ -116,7 +113,7 @@ void ChannelPage::ShowPlanReceiveFrequency() {
 }
 
 void ChannelPage::ShowBandwidth() {
-  const BusyScope busy(Data());
+  const core::BusyScope busy(State());
   if (core::ProfileOf(Data()).shows_bandwidth) {
     (Channel().Narrow ? narrow_ : wide_)->setChecked(true);
     return;

@@ -15,22 +15,20 @@ void ChannelPage::Connect() {
   }
   connect(tx_enable_, &QCheckBox::toggled, this, &ChannelPage::HandleTxEnable);
   connect(low_power_, &QCheckBox::toggled, this, &ChannelPage::HandleLowPower);
-  ConnectFlag(*power_up_, &ChannelRecord::PowUp);
-  ConnectFlag(*scan_, &ChannelRecord::ScanMemory);
-  ConnectFlag(*complement_, &ChannelRecord::RxComp);
-  ConnectFlag(*duplex_, &ChannelRecord::Duplex);
+  ConnectFlag<&ChannelRecord::PowUp>(*power_up_);
+  ConnectFlag<&ChannelRecord::ScanMemory>(*scan_);
+  ConnectFlag<&ChannelRecord::RxComp>(*complement_);
+  ConnectFlag<&ChannelRecord::Duplex>(*duplex_);
   connect(duplex_, &QCheckBox::toggled, this, &ChannelPage::ShowPlanReceiveFrequency);
   for (QRadioButton* button : {wide_, narrow_}) {
     connect(button, &QRadioButton::toggled, this, [this](bool chosen) {
       if (!chosen || !MayWrite()) return;
-      Channel().Narrow = narrow_->isChecked();
-      Changed();
+      Store(At<&ChannelRecord::Narrow>(), narrow_->isChecked());
     });
   }
   connect(scrambler_, &PickBox::Picked, this, [this] {
     if (!MayWrite()) return;
-    Channel().Scramble = static_cast<std::int16_t>(scrambler_->currentData().toInt());
-    Changed();
+    Store(At<&ChannelRecord::Scramble>(), std::int32_t{scrambler_->currentData().toInt()});
   });
   for (const Direction direction : {kTransmit, kReceive}) {
     connect(tones_[direction].ctcss, &PickBox::Picked, this,
@@ -41,29 +39,26 @@ void ChannelPage::Connect() {
   ConnectFields();
 }
 
-void ChannelPage::ConnectFlag(QCheckBox& box, core::Flag ChannelRecord::*flag) {
-  connect(&box, &QCheckBox::toggled, this, [this, flag](bool on) {
-    if (!MayWrite()) return;
-    Channel().*flag = on;
-    Changed();
+template <core::Flag ChannelRecord::*kFlag>
+void ChannelPage::ConnectFlag(QCheckBox& box) {
+  connect(&box, &QCheckBox::toggled, this, [this](bool on) {
+    if (MayWrite()) Store(At<kFlag>(), on);
   });
 }
 
 void ChannelPage::ConnectFields() {
   connect(name_, &FieldBox::Edited, this, [this] {
-    if (!MayWrite()) return;
-    Channel().ChTag = platform::ToAnsi(name_->text());
-    Changed();
+    if (MayWrite()) StoreTyped(At<&ChannelRecord::ChTag>(), platform::ToAnsi(name_->text()));
   });
   connect(display_left_, &FieldBox::Edited, this,
-          [this] { StoreDisplay(*display_left_, &ChannelRecord::CHDisplayL); });
+          [this] { StoreDisplay<&ChannelRecord::CHDisplayL>(*display_left_); });
   connect(display_right_, &FieldBox::Edited, this,
-          [this] { StoreDisplay(*display_right_, &ChannelRecord::CHDisplayR); });
+          [this] { StoreDisplay<&ChannelRecord::CHDisplayR>(*display_right_); });
   for (const Frequency& frequency : frequencies_) {
     FrequencyBox* box = frequency.box;
     box->SetAcceptor([this, &frequency] { return !MayWrite() || TakeOver(frequency); });
     connect(box, &FieldBox::Edited, this, [this, box] {
-      if (MayWrite() && !box->IsLocked()) Changed();
+      if (MayWrite() && !box->IsLocked()) Host().DataChanged();
     });
     connect(box, &FrequencyBox::Refused, this, [this, box] { TellWrongFrequency(*box); });
     connect(box, &FrequencyBox::Abandoned, this, [this, &frequency] { Abandon(frequency); });
@@ -72,13 +67,26 @@ void ChannelPage::ConnectFields() {
 
 void ChannelPage::EnableClicked(bool on) {
   if (!MayWrite()) return;
-  if (!document::EnableChannel(Data(), Place(), on, Today())) {
+  const bool done = EditUnlessLast(At<&ChannelRecord::Enable>(), [&](core::RadioData& radio) {
+    return document::EnableChannel(radio, Place(), on, Today());
+  });
+  if (!done) {
     ShowChecked(*enable_, true);
     TellLastEnabled();
     return;
   }
   ShowChannelEnable(on);
   enable_->setFocus();
+}
+
+/// False, and nothing changed, when the rule refused to switch the last channel of a group off.
+bool ChannelPage::EditUnlessLast(core::FieldRef at,
+                                 const std::function<bool(core::RadioData&)>& edit) {
+  bool done = false;
+  Host().Edit(
+      at, [&](core::RadioData& radio) { done = edit(radio); }, Manner::kChoice);
+  if (done) Host().DataChanged();
+  return done;
 }
 
 /// CH Enable has been switched in the data.
@@ -88,19 +96,23 @@ void ChannelPage::ShowChannelEnable(bool on) {
     FollowEntry();
     if (!IsMarine()) ShowNarrowbandRule();
   }
-  Changed();
   Host().RefreshMarks();
 }
 
 void ChannelPage::GroupClicked(QCheckBox& box, bool on) {
   if (!MayWrite()) return;
   const document::GroupMembership groups = ShownGroups();
-  if (!document::SetGroups(Data(), Place(), groups, Today())) {
+  const core::FieldRef at = &box == groups_[0]   ? At<&ChannelRecord::USA_Group>()
+                            : &box == groups_[1] ? At<&ChannelRecord::INT_Group>()
+                                                 : At<&ChannelRecord::CAN_Group>();
+  const bool done = EditUnlessLast(at, [&](core::RadioData& radio) {
+    return document::SetGroups(radio, Place(), groups, Today());
+  });
+  if (!done) {
     ShowChecked(box, true);
     TellLastEnabled();
     return;
   }
-  Changed();
   if (!on && groups.Any()) return;
   ShowChecked(*enable_, on);
   ShowChannelEnable(on);
@@ -123,40 +135,45 @@ void ChannelPage::TellLastEnabled() {
 void ChannelPage::HandleTxEnable() {
   if (!MayWrite()) return;
   FollowTxEnable();
-  HandleLowPower();
+  StoreTransmit(At<&ChannelRecord::TxEnable>());
 }
 
 void ChannelPage::HandleLowPower() {
   if (!MayWrite()) return;
   FollowLowPower();
-  document::SetTransmit(Data(), Place(), tx_enable_->isChecked(), low_power_->isChecked());
-  Changed();
+  StoreTransmit(At<&ChannelRecord::LowPower>());
+}
+
+void ChannelPage::StoreTransmit(core::FieldRef at) {
+  Edit(at, [&](core::RadioData& radio) {
+    document::SetTransmit(radio, Place(), tx_enable_->isChecked(), low_power_->isChecked());
+  });
 }
 
 void ChannelPage::HandleCtcss(Direction direction) {
   if (!MayWrite()) return;
   const ToneLists& lists = tones_[direction];
   const int tone = lists.ctcss->currentData().toInt();
-  document::SetCtcss(Data(), Place(), WayOf(direction), tone);
+  Edit(direction == kTransmit ? At<&ChannelRecord::TxCTCSS>() : At<&ChannelRecord::RxCTCSS>(),
+       [&](core::RadioData& radio) { document::SetCtcss(radio, Place(), WayOf(direction), tone); });
   if (tone != 0) lists.dcs->ShowItem(0);
   FollowReceiveDcs();
-  Changed();
 }
 
 void ChannelPage::HandleDcs(Direction direction) {
   if (!MayWrite()) return;
   const ToneLists& lists = tones_[direction];
   const int code = lists.dcs->currentData().toInt();
-  document::SetDcs(Data(), Place(), WayOf(direction), code);
+  Edit(direction == kTransmit ? At<&ChannelRecord::TxDCS>() : At<&ChannelRecord::RxDCS>(),
+       [&](core::RadioData& radio) { document::SetDcs(radio, Place(), WayOf(direction), code); });
   if (code != 0) lists.ctcss->ShowItem(0);
   FollowReceiveDcs();
-  Changed();
 }
 
-void ChannelPage::StoreDisplay(const FieldBox& box, std::string ChannelRecord::*half) {
+template <std::string ChannelRecord::*kHalf>
+void ChannelPage::StoreDisplay(const FieldBox& box) {
   if (!MayWrite() || box.IsLocked()) return;
-  Channel().*half = core::UpperCase(platform::ToAnsi(box.text()));
-  Changed();
+  StoreTyped(At<kHalf>(), core::UpperCase(platform::ToAnsi(box.text())));
 }
 
 /// After an edit the record holds what the page shows. Where the page does not show the record's

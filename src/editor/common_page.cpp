@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QVBoxLayout>
+#include <variant>
 
 #include "core/model_profile.h"
 #include "core/rendering.h"
@@ -24,55 +25,61 @@ enum SettingIndex : std::size_t {
   kWeatherAlert
 };
 
+// A list shows a setting's value as one of its items.
 struct Setting {
   const char* name;
   const char* caption;
   int frame;
-  int (*item)(const CommonSettings&);  ///< which item shows the value; -1 for none
-  void (*store)(CommonSettings&, int item);
+  core::FieldRef (*at)(const core::RadioData&);
+  int (*item)(const core::Value&);  ///< -1 for none
+  core::Value (*value)(int item);
 };
 
-template <Flag CommonSettings::*kFlag>
-int FlagItem(const CommonSettings& settings) {
-  return settings.*kFlag ? 1 : 0;
+int FlagItem(const core::Value& value) {
+  return std::get<bool>(value) ? 1 : 0;
 }
-template <Flag CommonSettings::*kFlag>
-void StoreFlag(CommonSettings& settings, int item) {
-  settings.*kFlag = item == 1;
+core::Value FlagValue(int item) {
+  return item == 1;
 }
-template <std::int16_t CommonSettings::*kNumber>
-int NumberItem(const CommonSettings& settings) {
-  return settings.*kNumber;
+int NumberItem(const core::Value& value) {
+  return std::get<std::int32_t>(value);
 }
-template <std::int16_t CommonSettings::*kNumber>
-void StoreNumber(CommonSettings& settings, int item) {
-  settings.*kNumber = static_cast<std::int16_t>(item);
+core::Value NumberValue(int item) {
+  return std::int32_t{item};
 }
 
 // The radio takes the alert as on only when both bits of it are set.
-constexpr std::int16_t kAlertOn = 3;
-int AlertItem(const CommonSettings& settings) {
-  return settings.Weater == kAlertOn ? 1 : 0;
+constexpr std::int32_t kAlertOn = 3;
+int AlertItem(const core::Value& value) {
+  return std::get<std::int32_t>(value) == kAlertOn ? 1 : 0;
 }
-void StoreAlert(CommonSettings& settings, int item) {
-  settings.Weater = item == 1 ? kAlertOn : std::int16_t{0};
+core::Value AlertValue(int item) {
+  return item == 1 ? kAlertOn : 0;
+}
+
+template <auto kMember>
+core::FieldRef At(const core::RadioData& data) {
+  return core::RefTo<kMember>(data, data.Common);
+}
+template <Flag CommonSettings::*kMember>
+constexpr Setting OnOff(const char* name, const char* caption, int frame) {
+  return {name, caption, frame, &At<kMember>, &FlagItem, &FlagValue};
+}
+template <std::int16_t CommonSettings::*kMember>
+constexpr Setting Number(const char* name, const char* caption, int frame) {
+  return {name, caption, frame, &At<kMember>, &NumberItem, &NumberValue};
 }
 
 // In the order of SettingIndex, which is the order on the page.
 constexpr std::array<Setting, 7> kTable = {{
-    {"cmbCommonTXPo", QT_TR_NOOP("TX &Po Display"), 0, NumberItem<&CommonSettings::TX_Po_Display>,
-     StoreNumber<&CommonSettings::TX_Po_Display>},
-    {"cmbCommonScan", QT_TR_NOOP("&SCAN"), 1, FlagItem<&CommonSettings::SCAN>,
-     StoreFlag<&CommonSettings::SCAN>},
-    {"cmbCommonResume", QT_TR_NOOP("&Resume Time"), 1, NumberItem<&CommonSettings::Resume_Time>,
-     StoreNumber<&CommonSettings::Resume_Time>},
-    {"cmbCommonPTTSCAN", QT_TR_NOOP("PTT SCAN &Clear"), 1,
-     FlagItem<&CommonSettings::PTT_SCAN_Clear>, StoreFlag<&CommonSettings::PTT_SCAN_Clear>},
-    {"cmbCommonDual", QT_TR_NOOP("Dual &Watch"), 2, FlagItem<&CommonSettings::Dual_Watch>,
-     StoreFlag<&CommonSettings::Dual_Watch>},
-    {"cmbCommonRotary", QT_TR_NOOP("Rotary &Beep"), 3, FlagItem<&CommonSettings::RotaryBeep>,
-     StoreFlag<&CommonSettings::RotaryBeep>},
-    {"cmbCommonWeater", QT_TR_NOOP("Weather &Alert"), 3, AlertItem, StoreAlert},
+    Number<&CommonSettings::TX_Po_Display>("cmbCommonTXPo", QT_TR_NOOP("TX &Po Display"), 0),
+    OnOff<&CommonSettings::SCAN>("cmbCommonScan", QT_TR_NOOP("&SCAN"), 1),
+    Number<&CommonSettings::Resume_Time>("cmbCommonResume", QT_TR_NOOP("&Resume Time"), 1),
+    OnOff<&CommonSettings::PTT_SCAN_Clear>("cmbCommonPTTSCAN", QT_TR_NOOP("PTT SCAN &Clear"), 1),
+    OnOff<&CommonSettings::Dual_Watch>("cmbCommonDual", QT_TR_NOOP("Dual &Watch"), 2),
+    OnOff<&CommonSettings::RotaryBeep>("cmbCommonRotary", QT_TR_NOOP("Rotary &Beep"), 3),
+    {"cmbCommonWeater", QT_TR_NOOP("Weather &Alert"), 3, &At<&CommonSettings::Weater>, &AlertItem,
+     &AlertValue},
 }};
 
 // All lists are as wide as the longest text needs.
@@ -99,7 +106,7 @@ CommonPage::CommonPage(PageServices services, QWidget* parent)
     : Page(services, parent), maker_(new ControlMaker(*this, Host())) {
   static_assert(kTable.size() == kSettings);
   setObjectName(QStringLiteral("pictCommon"));
-  setAccessibleName(tr("Common Setup"));
+  setAccessibleName(PlainNodeName(NodeKind::kCommon));
   const std::array<QString, kFrames> titles = {tr("Starting TX Mode"), tr("Scanning Function"),
                                                QString(), tr("Weather CH Function")};
   auto* column = new QVBoxLayout;
@@ -133,19 +140,25 @@ void CommonPage::BuildSetting(std::size_t index) {
   lists_[index] = list;
   captions_[index] = label;
   connect(list, &PickBox::Picked, this, [this, index](int item) {
-    kTable[index].store(Data().Common, item);
+    Store(kTable[index].at(Data()), kTable[index].value(item));
     if (index == kScan) FollowScan();
-    Host().DataChanged();
   });
 }
 
 void CommonPage::Fill(const NodeRef& /*node*/) {
-  const BusyScope busy(Data());
+  const core::BusyScope busy(State());
   for (std::size_t i = 0; i < kSettings; ++i) {
-    lists_[i]->ShowItem(kTable[i].item(Data().Common));
+    lists_[i]->ShowItem(kTable[i].item(core::Get(Data(), kTable[i].at(Data()))));
   }
   FollowScan();
   ShowForModel();
+}
+
+QWidget* CommonPage::ControlOf(core::FieldRef at) const {
+  for (std::size_t i = 0; i < kSettings; ++i) {
+    if (kTable[i].at(Data()) == at) return lists_[i];
+  }
+  return nullptr;
 }
 
 void CommonPage::ShowForModel() {

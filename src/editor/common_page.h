@@ -16,6 +16,7 @@ class CommonPage : public Page {
  public:
   explicit CommonPage(PageServices services, QWidget* parent = nullptr);
   void Fill(const NodeRef& node) override;
+  [[nodiscard]] QWidget* ControlOf(core::FieldRef at) const override;
 
  private:
   static constexpr std::size_t kSettings = 7;

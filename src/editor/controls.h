@@ -9,7 +9,6 @@
 #include <QString>
 #include <QStringList>
 
-#include "core/radio_data.h"
 #include "editor/field_box.h"
 #include "editor/page.h"
 
@@ -19,21 +18,6 @@ namespace orvane::editor {
 inline constexpr const char* kToggleHint = "[Space]:An effective and invalid change.";
 inline constexpr const char* kListHint = "[Up]/[Down]:Change of a Selection item.";
 inline constexpr const char* kOptionHint = "[Up]/[Down]/[Left]/[Right]:Change of a Selection item.";
-
-/// Sets the busy flag for its own lifetime: the handlers do nothing meanwhile.
-class BusyScope {
- public:
-  explicit BusyScope(core::RadioData& data) : busy_(data.Flags.Busy), before_(busy_) {
-    busy_ = true;
-  }
-  ~BusyScope() { busy_ = before_; }
-  BusyScope(const BusyScope&) = delete;
-  BusyScope& operator=(const BusyScope&) = delete;
-
- private:
-  core::Flag& busy_;
-  core::Flag before_;
-};
 
 /// A drop-down list that the wheel changes only while it has the focus, so that scrolling a page
 /// never changes the data.

@@ -82,9 +82,18 @@ FieldBox::FieldBox(const FieldRule& rule, QWidget* parent)
 
 void FieldBox::ShowText(const QString& text) {
   const bool before = std::exchange(showing_, true);
+  // Shown again under the user's hands, it keeps cursor and selection.
+  const bool again = hasFocus() && text == this->text();
+  const int cursor = cursorPosition();
+  const int start = selectionStart();
+  const int selected = static_cast<int>(selectedText().size());
   shown_ = text;
   filter_->Accept(text.left(maxLength()));
   setText(text);
+  if (again) {
+    setCursorPosition(cursor);
+    if (start >= 0) setSelection(start, selected);
+  }
   showing_ = before;
 }
 
@@ -94,6 +103,10 @@ void FieldBox::SetLocked(bool locked) {
 }
 
 bool FieldBox::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && !HasOwnHistory()) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) return false;
+  }
   const bool taken = QLineEdit::event(event);
   if (event->type() == QEvent::ApplicationPaletteChange) ApplyColour();
   if (event->type() == QEvent::FocusIn && IsLocked()) deselect();

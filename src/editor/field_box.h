@@ -29,6 +29,9 @@ class FieldBox : public QLineEdit {
   void Edited();
 
  protected:
+  /// Undo and Redo mean what was typed here. Otherwise they are left to the window, whose history
+  /// knows each letter that went into the data.
+  [[nodiscard]] virtual bool HasOwnHistory() const { return false; }
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;

@@ -35,7 +35,6 @@ constexpr std::array kRules = {
               .head_length = 1,
               .backspace = false,
               .max_length = core::kDisplayLength,
-              .min_length = 2,
               .hint = kDisplayHint},
     FieldRule{.control = "txtCN_1",
               .allowed = kDisplayKeys,

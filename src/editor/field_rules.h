@@ -29,7 +29,6 @@ struct FieldRule {
   bool upper_case = false;  ///< small letters count as capitals
   bool backspace = true;    ///< whether the Backspace key works
   int max_length;
-  int min_length = 0;          ///< of a programmed channel
   FieldCheck check = nullptr;  ///< null: every text is taken over at once
   const char* hint;            ///< also the title of the message about a wrong value
 };

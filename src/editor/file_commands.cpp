@@ -1,11 +1,13 @@
 #include "editor/file_commands.h"
 
-#include <algorithm>
 #include <chrono>
 #include <optional>
+#include <utility>
 
 #include "core/message_facts.h"
 #include "core/narrowband.h"
+#include "core/product.h"
+#include "files/image_file.h"
 #include "files/settings_file.h"
 #include "platform/ansi_text.h"
 
@@ -14,11 +16,20 @@ namespace {
 
 constexpr std::chrono::milliseconds kMenuCloses{100};
 constexpr const char* kFilter = "dat files(*.dat)|*.dat|All files(*.*)|*.*";
+constexpr const char* kHexFilter = "hex files(*.hex)|*.hex|All files(*.*)|*.*";
+
+std::string WithoutFolder(const std::string& path) {
+  return path.substr(path.find_last_of("/\\") + 1);
+}
 
 }  // namespace
 
 FileCommands::FileCommands(const WindowServices& services, CommandHost& host)
-    : services_(services), data_(services.data), host_(host), new_timer_(&host.Widget()) {
+    : services_(services),
+      document_(services.document),
+      state_(services.state),
+      host_(host),
+      new_timer_(&host.Widget()) {
   new_timer_.setObjectName(QStringLiteral("TimerNew"));
   new_timer_.setSingleShot(true);
   new_timer_.setInterval(kMenuCloses);
@@ -26,10 +37,12 @@ FileCommands::FileCommands(const WindowServices& services, CommandHost& host)
 }
 
 void FileCommands::New() {
-  if (host_.CheckPage()) NewUnchecked();
+  if (host_.CheckPage()) NewUnchecked(document_.Data().MODELTYPE, "New");
 }
 
-void FileCommands::NewUnchecked() {
+void FileCommands::NewUnchecked(std::int16_t model_type, std::string step) {
+  new_model_ = model_type;
+  new_step_ = std::move(step);
   resetting_ = std::make_unique<Working>(host_.Widget());
   new_timer_.start();
 }
@@ -37,14 +50,16 @@ void FileCommands::NewUnchecked() {
 void FileCommands::Reset() {
   host_.ShowGeneralPage();
   host_.Wait(kCommandPause);
-  host_.ResetData(true);
-  data_.Flags.DataChanged = false;
+  document_.Replace(new_step_, document::NewContents(new_model_, services_.clock.Today()), false);
+  host_.RebuildDestinations();
+  host_.ShowHint({});
+  document_.ForgetChange();
   resetting_.reset();
 }
 
 void FileCommands::Open() {
   if (!host_.CheckPage()) return;
-  data_.Flags.Cancel = true;
+  state_.Cancel = true;
   const auto path =
       services_.dialogs.AskOpen({.filter = kFilter, .folder = services_.program_folder});
   if (path && !path->empty()) ReadFile(*path);
@@ -52,82 +67,127 @@ void FileCommands::Open() {
 
 void FileCommands::OpenFile(const std::string& path) {
   if (!host_.CheckPage()) return;
-  data_.Flags.Cancel = true;
+  state_.Cancel = true;
   ReadFile(path);
 }
 
 void FileCommands::ReadFile(const std::string& path) {
   const Working working(host_.Widget());
-  files::ReadSettingFile(data_, path, services_.files, services_.prompts, services_.pump);
-  if (data_.Flags.Error) return;
-  data_.CurrentFileName = path;
-  data_.Flags.Cancel = false;
-  host_.DataReplaced();
+  document::Contents opened{
+      .data = document_.Data(), .file_name = path, .origin = document::Origin::kOpened};
+  files::ReadSettingFile(opened.data, state_, path, services_.files, services_.prompts,
+                         services_.pump);
+  if (state_.Error) return;
+  state_.Cancel = false;
+  Replace("Open ", std::move(opened));
+}
+
+void FileCommands::Replace(const char* verb, document::Contents contents) {
   host_.ShowGeneralPage();
+  std::string step = verb + WithoutFolder(contents.file_name);
+  document_.Replace(std::move(step), std::move(contents), true);
   host_.CheckDestinationOfImage();
 }
 
 void FileCommands::SaveSettings(bool reuse_name) {
-  data_.Flags.Cancel = true;
+  state_.Cancel = true;
   if (!host_.CheckPage()) return;
   NoticeNarrowband();
-  std::string path = reuse_name ? data_.CurrentFileName : std::string();
+  std::string path = reuse_name ? document_.FileName() : std::string();
   if (path.empty()) {
     path = services_.dialogs.AskSave({.filter = kFilter, .folder = services_.program_folder})
                .value_or(std::string());
   }
   if (path.empty()) return;
   SaveFileAs(path);
-  if (data_.Flags.Error) return;
-  data_.CurrentFileName = path;
-  host_.RefreshTitle();
-  data_.Flags.Cancel = false;
+  if (state_.Error) return;
+  document_.MarkSaved(path, services_.clock.TimeOfDay());
+  state_.Cancel = false;
 }
 
 void FileCommands::NoticeNarrowband() {
   const core::Date today = services_.clock.Today();
-  if (core::WideChannelState(data_, today) == core::WideState::kNone) return;
-  // Saving goes on whatever the notice says; only a download may be declined.
-  static_cast<void>(
-      core::NarrowbandCheck(data_, core::NarrowbandDirection::kSave, today, services_.prompts));
-  host_.ShowPageAgain();
+  if (core::WideChannelState(document_.Data(), today) == core::WideState::kNone) return;
+  document_.Adjust("Narrow channels", [&](core::RadioData& data) {
+    // Saving goes on whatever the notice says; only a download may be declined.
+    static_cast<void>(
+        core::NarrowbandCheck(data, core::NarrowbandDirection::kSave, today, services_.prompts));
+  });
 }
 
 void FileCommands::SaveFileAs(const std::string& path) {
+  state_.Error = false;
   std::optional<core::SystemError> failure;
   {
     const Working working(host_.Widget());
-    data_.Flags.Busy = true;
-    failure = files::WriteSettingFile(data_, path, services_.files, services_.pump);
+    const core::BusyScope busy(state_);
+    failure = files::WriteSettingFile(document_.Data(), path, services_.files, services_.pump);
     host_.Wait(kCommandPause);
-    data_.Flags.Busy = false;
   }
   if (!failure) return;
-  data_.Flags.Error = true;
-  data_.Flags.Cancel = true;
+  state_.Error = true;
+  state_.Cancel = true;
   services_.log.Write("frmMain.SaveFileAs", std::to_string(failure->number) + failure->description);
-  services_.prompts.Show(core::MakeMessage(core::MessageId::kFileSave, data_.ProgramTitle,
+  services_.prompts.Show(core::MakeMessage(core::MessageId::kFileSave, core::kProgramTitle,
                                            core::FileFacts(path, *failure)));
 }
 
+void FileCommands::SaveImage() {
+  if (!state_.Debug || !host_.CheckPage()) return;
+  state_.Cancel = true;
+  const std::string path =
+      services_.dialogs.AskSave({.filter = kHexFilter, .folder = services_.program_folder})
+          .value_or(std::string());
+  if (path.empty()) return;
+  // Encoding adjusts the records to what the radio can hold.
+  document_.Adjust("Save " + WithoutFolder(path), [&](core::RadioData& data) {
+    files::PrepareImageForSaving(data, services_.clock.Today());
+  });
+  const Working working(host_.Widget());
+  const core::BusyScope busy(state_);
+  state_.Cancel = false;
+  files::SaveHexFileAs(document_.Data(), state_, path, services_.files, services_.prompts,
+                       services_.log);
+  if (!state_.Cancel) host_.Wait(kCommandPause);
+}
+
+void FileCommands::LoadImage() {
+  if (!state_.Debug) return;
+  state_.Cancel = true;
+  const std::string path =
+      services_.dialogs.AskOpen({.filter = kHexFilter, .folder = services_.program_folder})
+          .value_or(std::string());
+  if (path.empty()) return;
+  const Working working(host_.Widget());
+  state_.Cancel = false;
+  document::Contents loaded{
+      .data = document_.Data(), .file_name = path, .origin = document::Origin::kImage};
+  {
+    const core::BusyScope busy(state_);
+    files::LoadHexFile(loaded.data, state_, path, services_.files, services_.prompts,
+                       services_.log);
+    if (state_.Error) return;
+    host_.Wait(kCommandPause);
+  }
+  Replace("Load ", std::move(loaded));
+  document_.ForgetChange();
+}
+
 bool FileCommands::AskBeforeClosing() {
-  if (!data_.Flags.DataChanged) return true;
+  if (!document_.HasChanged()) return true;
   const core::Answer answer =
-      services_.prompts.Show(core::MakeMessage(core::MessageId::kSaveChanges, data_.ProgramTitle));
+      services_.prompts.Show(core::MakeMessage(core::MessageId::kSaveChanges, core::kProgramTitle));
   if (answer == core::Answer::kNo) return true;
   if (answer != core::Answer::kYes || !host_.CheckPage()) return false;
   SaveSettings(true);
-  return !data_.Flags.Error && !data_.Flags.Cancel;
+  return !state_.Error && !state_.Cancel;
 }
 
-QString WindowTitle(const core::RadioData& data) {
-  QString title = platform::FromUtf8(data.ProductName) + QLatin1String("  ") +
-                  platform::FromUtf8(data.ProgramTitle);
-  if (data.CurrentFileName.empty()) return title;
-  const QString path = platform::FromUtf8(data.CurrentFileName);
-  const qsizetype folder_end =
-      std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
-  return title + QLatin1String(" - ") + path.mid(folder_end + 1).toLower();
+QString WindowTitle(const std::string& file_name) {
+  const QString title = QLatin1String(core::kProductName.data()) + QLatin1String("  ") +
+                        QLatin1String(core::kProgramTitle.data());
+  if (file_name.empty()) return title;
+  return title + QLatin1String(" - ") + platform::FromUtf8(WithoutFolder(file_name)).toLower();
 }
 
 }  // namespace orvane::editor

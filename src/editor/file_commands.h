@@ -2,20 +2,21 @@
 
 #include <QObject>
 #include <QTimer>
+#include <cstdint>
 #include <memory>
 #include <string>
 
-#include "editor/commands.h"
+#include "editor/command_host.h"
 #include "editor/window_services.h"
 #include "editor/working.h"
 
 namespace orvane::editor {
 
-/// The commands of the File menu that concern the settings file.
+/// The commands of the File menu that concern the settings file, and the two that service keeps
+/// for images.
 ///
 /// The cancel flag tells how the last one went: set while it runs, clear only when it completed.
-/// The current file name and the title change with success only. Neither opening nor saving
-/// touches the data-changed flag.
+/// The document takes another data set or file name with success only.
 class FileCommands : public QObject {
   Q_OBJECT
 
@@ -24,13 +25,18 @@ class FileCommands : public QObject {
 
   /// After the page check, resets the data shortly after, when the menu has closed. Asks nothing.
   void New();
-  /// New without the page check, for callers that have made it.
-  void NewUnchecked();
+  /// New of that model without the page check, for callers that have made it. step: its name in
+  /// the history.
+  void NewUnchecked(std::int16_t model_type, std::string step);
   void Open();
   /// Opens a file without asking which.
   void OpenFile(const std::string& path);
   void Save() { SaveSettings(true); }
   void SaveAs() { SaveSettings(false); }
+
+  /// Debug mode only; nothing happens otherwise.
+  void SaveImage();
+  void LoadImage();
 
   /// Asks about changed data. True when the window may close.
   [[nodiscard]] bool AskBeforeClosing();
@@ -41,16 +47,20 @@ class FileCommands : public QObject {
   void SaveSettings(bool reuse_name);
   void NoticeNarrowband();
   void SaveFileAs(const std::string& path);
+  void Replace(const char* verb, document::Contents contents);
 
   const WindowServices services_;
-  core::RadioData& data_;
+  document::Document& document_;
+  core::RunState& state_;
   CommandHost& host_;
   QTimer new_timer_;  ///< a child of the window
+  std::int16_t new_model_ = 0;
+  std::string new_step_;
   /// From the decision to reset until it is done: nothing may touch data that is on its way out.
   std::unique_ptr<Working> resetting_;
 };
 
-/// Product name, program title and the current file's name without its folder, in lower case.
-[[nodiscard]] QString WindowTitle(const core::RadioData& data);
+/// Product name, program title and the file's name without its folder, in lower case.
+[[nodiscard]] QString WindowTitle(const std::string& file_name);
 
 }  // namespace orvane::editor

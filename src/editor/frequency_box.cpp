@@ -25,7 +25,16 @@ bool FrequencyBox::focusNextPrevChild(bool next) {
   return true;
 }
 
+bool FrequencyBox::UndoTyping() {
+  if (!edited_) return false;
+  undo();
+  // The first text is what was put in from the data.
+  if (!isUndoAvailable()) edited_ = false;
+  return true;
+}
+
 void FrequencyBox::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Undo) && UndoTyping()) return;
   if (event->key() != Qt::Key_Escape || !edited_) return FieldBox::keyPressEvent(event);
   ShowText(ShownText());
   edited_ = false;

@@ -17,6 +17,8 @@ class FrequencyBox : public FieldBox {
   /// Whether the user changed the text since the value was last taken over.
   [[nodiscard]] bool IsEdited() const { return edited_; }
   void SetEdited(bool edited) { edited_ = edited; }
+  /// Takes back the last thing typed; false when nothing was that is not taken over yet.
+  bool UndoTyping();
   /// Takes the value over and clears the edited flag, or returns false and shows nothing. Asked
   /// each time an edited box is about to lose the focus.
   void SetAcceptor(std::function<bool()> acceptor) { acceptor_ = std::move(acceptor); }
@@ -28,6 +30,7 @@ class FrequencyBox : public FieldBox {
   void Abandoned();
 
  protected:
+  [[nodiscard]] bool HasOwnHistory() const override { return edited_ || isRedoAvailable(); }
   bool focusNextPrevChild(bool next) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;

@@ -6,9 +6,9 @@
 #include <QMimeData>
 #include <QStatusBar>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include "core/app_settings.h"
-#include "core/model_profile.h"
 #include "editor/tool_bar.h"
 #include "editor/tool_tips.h"
 #include "image/codec.h"
@@ -22,25 +22,36 @@ constexpr int kMinimumWidth = 9105 / 15;
 constexpr int kMinimumHeight = 6660 / 15;
 constexpr int kSplitterMinimum = 2500 / 15;
 constexpr double kTreeShare = 0.3;
+constexpr int kHistoryLines = 7;  // at first, its title included
 
 constexpr const char* kBorderHint = "[Left]/[Right]:Move the border.  [Esc]:Back.";
+
+/// The document with its first data set.
+document::Document& Begun(const WindowServices& services) {
+  services.document.Begin(document::NewContents(core::AppSettings(services.settings).ModelType(),
+                                                services.clock.Today()));
+  return services.document;
+}
 
 }  // namespace
 
 MainWindow::MainWindow(const WindowServices& services)
     : services_(services),
-      data_(services.data),
+      document_(Begun(services)),
+      state_(services.state),
       settings_(services.settings),
-      tree_model_(services.data),
+      tree_model_(document_.Data()),
       menus_(BuildMenus(*menuBar())),
       splitter_(new Splitter(this)),
       tree_(new NavTree(tree_model_, splitter_)),
+      heading_(new PageHeading(document_.Data(), splitter_)),
       area_(new PageArea(splitter_)),
       start_timer_(new QTimer(this)),
       port_menu_(menus_, services.ports, services.settings),
       destination_menu_(menus_, services.files, services.settings, services.data_folder),
       file_commands_(services_, *this),
-      model_commands_(services_, *this, menus_, destination_menu_, file_commands_) {
+      model_commands_(services_, *this, menus_, destination_menu_, file_commands_),
+      window_commands_(services_, *this) {
   setObjectName(QStringLiteral("frmMain"));
   setContextMenuPolicy(Qt::PreventContextMenu);
   setAcceptDrops(true);
@@ -53,14 +64,17 @@ MainWindow::MainWindow(const WindowServices& services)
   tree_->setObjectName(QStringLiteral("tvTreeView"));
   tree_->setAccessibleName(tr("Navigation"));
   tree_->setMinimumWidth(kSplitterMinimum);
-  area_->setMinimumWidth(kSplitterMinimum);
+  BuildHeading();
   setCentralWidget(splitter_);
 
   BuildStatusBar();
   connect(splitter_, &Splitter::BorderFocused, this,
           [this] { ShowHint(QLatin1String(kBorderHint)); });
   BuildPages();
-  ConnectMenus();
+  follower_ = new Follower(document_, services_.settings,
+                           {*this, *tree_, *navigator_, *area_, *heading_, destination_menu_,
+                            *notice_, *model_name_, menus_});
+  follower_->setParent(this);
   ConnectCommands();
   qApp->installEventFilter(this);
   Load();
@@ -86,39 +100,62 @@ void MainWindow::BuildStatusBar() {
   model_name_ = add_panel("sbStatusBar_3", tr("Model"), 0);
 }
 
-void MainWindow::ConnectMenus() {
-  const auto connect_item = [this](QAction* item, void (FileCommands::*command)()) {
-    connect(item, &QAction::triggered, &file_commands_, command);
-  };
-  connect_item(menus_.file_new, &FileCommands::New);
-  connect_item(menus_.file_open, &FileCommands::Open);
-  connect_item(menus_.file_save, &FileCommands::Save);
-  connect_item(menus_.file_save_as, &FileCommands::SaveAs);
-  connect(menus_.file_exit, &QAction::triggered, this, [this] {
-    if (CheckPage()) close();
-  });
+void MainWindow::BuildHeading() {
+  auto* side = new QWidget(splitter_);
+  side->setMinimumWidth(kSplitterMinimum);
+  auto* column = new QVBoxLayout(side);
+  column->setContentsMargins({});
+  column->setSpacing(0);
+  column->addWidget(heading_);
+  column->addWidget(area_, 1);
+  connect(heading_, &PageHeading::NodeAsked, this, &MainWindow::SelectNode);
 }
 
 void MainWindow::ConnectCommands() {
-  const auto connect_item = [this](QAction* item, void (Commands::*command)(CommandHost&)) {
-    Commands* commands = services_.commands;
-    if (commands == nullptr) {
-      item->setEnabled(false);
-      return;
-    }
-    connect(item, &QAction::triggered, this,
-            [this, commands, command] { (commands->*command)(*this); });
+  const auto run = [](QAction* item, auto& commands, auto command) {
+    connect(item, &QAction::triggered, item, [&commands, command] { (commands.*command)(); });
   };
-  connect_item(menus_.file_print, &Commands::Print);
-  connect_item(menus_.file_print_to_file, &Commands::PrintToFile);
-  connect_item(menus_.program, &Commands::Program);
-  connect_item(menus_.read, &Commands::Read);
-  connect_item(menus_.help_contents, &Commands::HelpContents);
-  connect_item(menus_.about, &Commands::About);
+  run(menus_.file_new, file_commands_, &FileCommands::New);
+  run(menus_.file_open, file_commands_, &FileCommands::Open);
+  run(menus_.file_save, file_commands_, &FileCommands::Save);
+  run(menus_.file_save_as, file_commands_, &FileCommands::SaveAs);
+  run(menus_.file_print, window_commands_, &WindowCommands::Print);
+  run(menus_.file_print_to_file, window_commands_, &WindowCommands::PrintToFile);
+  run(menus_.program, window_commands_, &WindowCommands::Program);
+  run(menus_.read, window_commands_, &WindowCommands::Read);
+  run(menus_.help_contents, window_commands_, &WindowCommands::HelpContents);
+  run(menus_.about, window_commands_, &WindowCommands::About);
+  run(menus_.undo, *follower_, &Follower::Undo);
+  run(menus_.redo, *follower_, &Follower::Redo);
+  connect(menus_.history, &QAction::toggled, this, &MainWindow::ShowHistory);
+  connect(menus_.file_exit, &QAction::triggered, this, [this] {
+    if (CheckPage()) close();
+  });
+  // What is typed into a box after a while elsewhere is another step.
+  connect(qApp, &QApplication::focusChanged, this, [this] { document_.EndTyping(); });
+}
+
+void MainWindow::ShowHistory(bool shown) {
+  if (history_ == nullptr) {
+    if (!shown) return;
+    history_ = new HistoryList(document_, this);
+    addDockWidget(Qt::BottomDockWidgetArea, history_);
+    resizeDocks({history_}, {kHistoryLines * fontMetrics().lineSpacing()}, Qt::Vertical);
+    connect(history_, &HistoryList::StepAsked, follower_, &Follower::GoTo);
+    connect(follower_, &Follower::HistoryChanged, history_, &HistoryList::Refresh);
+    connect(history_, &QDockWidget::visibilityChanged, this,
+            [this] { menus_.history->setChecked(!history_->isHidden()); });
+  }
+  history_->setVisible(shown);
+}
+
+void MainWindow::Edit(core::FieldRef at, const document::Document::Body& edit,
+                      document::Document::Manner manner) {
+  follower_->EditByPage(at, edit, manner);
 }
 
 void MainWindow::DataChanged() {
-  data_.Flags.DataChanged = true;
+  document_.NoteChange();
 }
 
 void MainWindow::RebuildTree() {
@@ -130,13 +167,12 @@ void MainWindow::RefreshMarks() {
 }
 
 void MainWindow::ShowHint(const QString& hint) {
-  notice_->clear();
+  if (follower_ != nullptr) follower_->EndNotice();
   hint_->Tell(hint);
 }
 
 void MainWindow::ShowNotice(const QString& notice) {
-  notice_->clear();  // told again when it is the same
-  notice_->Tell(notice);
+  follower_->ShowNotice(notice);
 }
 
 void MainWindow::SelectNode(const QString& key) {
@@ -151,52 +187,12 @@ void MainWindow::ShowGeneralPage() {
   navigator_->SelectUnchecked(KeyOf({}));
 }
 
-void MainWindow::ShowPageAgain() {
-  navigator_->ShowAgain();
-}
-
-void MainWindow::RefreshAfterLoad() {
-  tree_->Rebuild();
-  // The node on show may have gone with the old data.
-  if (!tree_->Contains(navigator_->CurrentKey()))
-    ShowGeneralPage();
-  else
-    ShowPageAgain();
-  RefreshTitle();
-  RefreshModelName();
-}
-
-void MainWindow::DataReplaced() {
-  destination_menu_.ForgetSource();
-  RefreshAfterLoad();
-}
-
-void MainWindow::ResetData(bool rebuild_destinations) {
-  data_.Flags.Busy = true;
-  image::ResetToDefaults(data_, services_.clock.Today());
-  if (rebuild_destinations) destination_menu_.Rebuild(data_.MODELTYPE);
-  data_.CurrentFileName.clear();
-  DataReplaced();
-  ShowGeneralPage();
-  ShowHint({});
-  data_.Flags.Busy = false;
+void MainWindow::RebuildDestinations() {
+  destination_menu_.Rebuild(document_.Data().MODELTYPE);
 }
 
 void MainWindow::CheckDestinationOfImage() {
-  destination_menu_.Check(core::BuiltInDestination(image::Sel1(data_.Image)));
-}
-
-void MainWindow::RefreshTitle() {
-  setWindowTitle(WindowTitle(data_));
-}
-
-void MainWindow::RefreshModelName() {
-  data_.ModelName = core::ModelDisplayName(data_.MODELTYPE, image::Sel1(data_.Image));
-  model_name_->setText(platform::FromAnsi(data_.ModelName));
-}
-
-void MainWindow::ModelChanged() {
-  for (Page* page : area_->Pages()) page->ModelChanged();
+  destination_menu_.Check(core::BuiltInDestination(image::Sel1(document_.Data().Image)));
 }
 
 void MainWindow::Wait(double seconds) {
@@ -221,8 +217,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 bool MainWindow::TakeDrop(QDropEvent& event) const {
   const QList<QUrl> urls = event.mimeData()->urls();
   if (urls.size() != 1 || !urls.constFirst().isLocalFile()) return false;
-  if (!isEnabled() || data_.Flags.Busy || QApplication::activeModalWidget() != nullptr)
-    return false;
+  if (!isEnabled() || state_.Busy || QApplication::activeModalWidget() != nullptr) return false;
   // Never what is proposed: told that it was moved, a file manager removes the file.
   event.setDropAction(Qt::CopyAction);
   event.accept();

@@ -3,25 +3,29 @@
 #include <QMainWindow>
 #include <QTimer>
 
-#include "editor/commands.h"
+#include "editor/command_host.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
+#include "editor/follower.h"
+#include "editor/history_list.h"
 #include "editor/live_label.h"
 #include "editor/menus.h"
 #include "editor/model_commands.h"
 #include "editor/nav_tree.h"
 #include "editor/navigator.h"
 #include "editor/page_area.h"
+#include "editor/page_heading.h"
 #include "editor/plain_pages.h"
 #include "editor/serial_port_menu.h"
 #include "editor/splitter.h"
 #include "editor/tree_model.h"
+#include "editor/window_commands.h"
 #include "editor/window_services.h"
 
 namespace orvane::editor {
 
 /// `frmMain`, the program's only editing window: navigation tree, page area, menus, toolbar and
-/// status bar over the one data set. The constructor brings data and window into their first
+/// status bar over the one document. The constructor brings document and window into their first
 /// state; a timer then finishes the start once events run.
 class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   Q_OBJECT
@@ -31,6 +35,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   ~MainWindow() override;
 
   // PageHost
+  void Edit(core::FieldRef at, const document::Document::Body& edit,
+            document::Document::Manner manner) override;
   void DataChanged() override;
   void RebuildTree() override;
   void RefreshMarks() override;
@@ -42,13 +48,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   [[nodiscard]] QWidget& Widget() override { return *this; }
   [[nodiscard]] bool CheckPage() override;
   void ShowGeneralPage() override;
-  void ShowPageAgain() override;
-  void RefreshAfterLoad() override;
-  void DataReplaced() override;
-  void ResetData(bool rebuild_destinations) override;
+  void RebuildDestinations() override;
   void CheckDestinationOfImage() override;
-  void RefreshTitle() override;
-  void ModelChanged() override;
   void Wait(double seconds) override;
   [[nodiscard]] int PortNumber() const override;
 
@@ -68,8 +69,9 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   PageType* MakePage(int help_context);
   template <class PageType>
   [[nodiscard]] LazyPage PageLater(int help_context);
-  void ConnectMenus();
+  void BuildHeading();
   void ConnectCommands();
+  void ShowHistory(bool shown);
 
   void Load();
   void PlaceWindow();
@@ -84,22 +86,25 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   [[nodiscard]] bool TakeKey(QWidget& target, const QKeyEvent& event);
   void OpenHelp(const QWidget* focus);
   void SwitchSide();
-  void RefreshModelName();
 
-  WindowServices services_;
-  core::RadioData& data_;
+  const WindowServices services_;
+  document::Document& document_;
+  core::RunState& state_;
   core::AppSettings settings_;
   TreeModel tree_model_;
 
   Menus menus_;
   Splitter* splitter_;
   NavTree* tree_;
+  PageHeading* heading_;
   PageArea* area_;
   GeneralPage* general_ = nullptr;
   Navigator* navigator_ = nullptr;
   LiveLabel* hint_ = nullptr;
   LiveLabel* notice_ = nullptr;
   LiveLabel* model_name_ = nullptr;
+  Follower* follower_ = nullptr;
+  HistoryList* history_ = nullptr;  ///< null until it is first shown
   QTimer* start_timer_;
   QPoint frame_;  ///< left and upper width of the frame that the window manager draws
 
@@ -107,6 +112,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   DestinationMenu destination_menu_;
   FileCommands file_commands_;
   ModelCommands model_commands_;
+  WindowCommands window_commands_;
 };
 
 }  // namespace orvane::editor

@@ -6,11 +6,11 @@
 namespace orvane::editor {
 namespace {
 
-constexpr const char* kGridName = "MSFlexGrid1";
-
-// The controls that act on Enter: the grid jumps to a channel, the menu bar opens a menu.
+// The controls that act on Enter: the grid jumps to a channel, the history to a step, the menu bar
+// opens a menu.
 bool UsesEnter(const QWidget& target) {
-  return target.objectName() == QLatin1String(kGridName) ||
+  const QString name = target.objectName();
+  return name == QLatin1String("MSFlexGrid1") || name == QLatin1String("lstHistory") ||
          qobject_cast<const QMenuBar*>(&target) != nullptr;
 }
 
@@ -28,7 +28,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 bool MainWindow::TakeKey(QWidget& target, const QKeyEvent& event) {
   const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-  const bool debug_key = event.modifiers() == Qt::ControlModifier && data_.Flags.Debug;
+  const bool debug_key = event.modifiers() == Qt::ControlModifier && state_.Debug;
   switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -43,10 +43,10 @@ bool MainWindow::TakeKey(QWidget& target, const QKeyEvent& event) {
       if (plain) splitter_->SwitchFocus();
       return plain;
     case Qt::Key_F2:
-      if (debug_key && services_.commands != nullptr) services_.commands->LoadHex(*this);
+      if (debug_key) file_commands_.LoadImage();
       return debug_key;
     case Qt::Key_F3:
-      if (debug_key && services_.commands != nullptr) services_.commands->SaveHex(*this);
+      if (debug_key) file_commands_.SaveImage();
       return debug_key;
     default:
       return false;
@@ -54,12 +54,11 @@ bool MainWindow::TakeKey(QWidget& target, const QKeyEvent& event) {
 }
 
 void MainWindow::OpenHelp(const QWidget* focus) {
-  if (services_.commands == nullptr) return;
   // A control without a number of its own takes that of what it stands in; 0 opens nothing.
   for (const QWidget* widget = focus; widget != nullptr; widget = widget->parentWidget()) {
     const QVariant number = widget->property(kHelpContextProperty);
     if (!number.isValid()) continue;
-    if (number.toInt() != 0) services_.commands->Help(*this, number.toInt());
+    if (number.toInt() != 0) window_commands_.Help(number.toInt());
     return;
   }
 }

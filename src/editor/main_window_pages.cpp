@@ -10,7 +10,8 @@ namespace orvane::editor {
 
 template <class PageType>
 PageType* MainWindow::MakePage(int help_context) {
-  auto* page = new PageType(PageServices{data_, services_.prompts, services_.clock, *this});
+  auto* page = new PageType(
+      PageServices{document_.Data(), state_, services_.prompts, services_.clock, *this});
   if (help_context != 0) page->setProperty(kHelpContextProperty, help_context);
   page->ModelChanged();
   area_->Add(page);

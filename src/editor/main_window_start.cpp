@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/product.h"
 #include "editor/main_window.h"
 #include "editor/working.h"
 
@@ -33,13 +32,12 @@ std::optional<QRect> KeptGeometry(const core::AppSettings& settings) {
 }  // namespace
 
 void MainWindow::Load() {
-  data_.ProductName = core::kProductName;
-  data_.ProgramTitle = core::kProgramTitle;
   model_commands_.CaptionModels();
-  data_.MODELTYPE = settings_.ModelType();
-  ModelChanged();
   PlaceWindow();
-  ResetData(true);
+  RebuildDestinations();
+  ShowGeneralPage();
+  ShowHint({});
+  follower_->Begin();
   tree_->setExpanded(tree_model_.IndexOf({.kind = NodeKind::kGeneral}), true);
   tree_->setExpanded(tree_model_.IndexOf({.kind = NodeKind::kProgram}), true);
   tree_->setFocus();
@@ -72,18 +70,18 @@ void MainWindow::FinishStart() {
   navigator_->MakePages();
   port_menu_.UpdateComList();
   port_menu_.SelectStoredPort();
-  data_.Flags.DataChanged = false;
+  document_.ForgetChange();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   // A command that works may hold the data half replaced.
-  if (!isEnabled() || data_.Flags.Busy) {
+  if (!isEnabled() || state_.Busy) {
     event->ignore();
     return;
   }
-  if (services_.commands != nullptr) services_.commands->CloseHelp();
+  window_commands_.CloseHelp();
   if (!file_commands_.AskBeforeClosing()) {
-    if (services_.commands != nullptr) services_.commands->ReopenHelp();
+    window_commands_.ReopenHelp();
     // The user was at work here, whatever the window manager thinks of a window that comes back.
     raise();
     activateWindow();

@@ -68,6 +68,15 @@ void AddEditMenu(QMenuBar& bar, Menus& menus) {
   for (std::size_t i = 0; i < kCaptions.size(); ++i) {
     menus.models[i]->setText(QLatin1String(kCaptions[i]));
   }
+  edit.addSeparator();
+  menus.undo = AddItem(edit, QStringLiteral("mnuEditUndo"), QStringLiteral("&Undo"),
+                       QKeySequence(Qt::CTRL | Qt::Key_Z));
+  menus.redo = AddItem(edit, QStringLiteral("mnuEditRedo"), QStringLiteral("&Redo"));
+  menus.redo->setShortcuts({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z});
+  edit.addSeparator();
+  menus.history = AddItem(edit, QStringLiteral("mnuEditHistory"), QStringLiteral("&History"));
+  menus.history->setCheckable(true);
+  edit.setToolTipsVisible(true);
 }
 
 void AddTransferMenu(QMenuBar& bar, Menus& menus) {

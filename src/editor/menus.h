@@ -22,6 +22,9 @@ struct Menus {
   QAction* file_print_to_file;
   QAction* file_exit;
   std::array<QAction*, kModels> models;
+  QAction* undo;
+  QAction* redo;
+  QAction* history;  ///< shows and hides the list of steps
   QAction* program;
   QAction* read;
   QMenu* destination;

@@ -4,11 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "core/model_profile.h"
+#include "core/product.h"
 #include "editor/working.h"
 #include "files/image_file.h"
-#include "image/codec.h"
 
 namespace orvane::editor {
 namespace {
@@ -37,7 +38,7 @@ class Overheard : public core::Prompts {
 ModelCommands::ModelCommands(const WindowServices& services, CommandHost& host, const Menus& menus,
                              DestinationMenu& destinations, FileCommands& file_commands)
     : services_(services),
-      data_(services.data),
+      document_(services.document),
       host_(host),
       menus_(menus),
       destinations_(destinations),
@@ -58,22 +59,16 @@ void ModelCommands::CaptionModels() {
 }
 
 bool ModelCommands::Ask(core::MessageId question, const core::Fact& fact) {
-  return services_.prompts.Show(core::MakeMessage(question, data_.ProgramTitle, {fact})) ==
+  return services_.prompts.Show(core::MakeMessage(question, core::kProgramTitle, {fact})) ==
          core::Answer::kOk;
 }
 
 void ModelCommands::SelectModel(int index) {
   const ModelCommand& command = kModelCommands[static_cast<std::size_t>(index)];
-  if (core::ProfileOf(data_).series == command.series) return;
+  if (core::ProfileOf(document_.Data()).series == command.series) return;
   if (!Ask(core::MessageId::kChangeModel, {"series", std::string(command.series)})) return;
-  // Checked while the data still is of the model that the page shows.
   if (!host_.CheckPage()) return;
-  data_.MODELTYPE = command.model_type;
-  data_.ModelName = core::ModelDisplayName(data_.MODELTYPE, image::Sel1(data_.Image));
-  core::AppSettings(services_.settings).SetModelType(data_.MODELTYPE);
-  host_.ShowGeneralPage();
-  host_.ModelChanged();
-  file_commands_.NewUnchecked();
+  file_commands_.NewUnchecked(command.model_type, "Model " + std::string(command.series));
 }
 
 void ModelCommands::SelectDestination(const std::string& name) {
@@ -81,23 +76,28 @@ void ModelCommands::SelectDestination(const std::string& name) {
   const Working working(host_.Widget());
   host_.ShowGeneralPage();
   host_.Wait(kCommandPause);
-  host_.ResetData(false);
-  LoadTemplate(name);
-  data_.CurrentFileName.clear();  // a template is no document to be saved over
-  data_.Flags.DataChanged = false;
-  host_.RefreshAfterLoad();
+  const std::int16_t model_type = document_.Data().MODELTYPE;
+  // A template is no document to be saved over.
+  document::Contents fresh = document::NewContents(model_type, services_.clock.Today());
+  const std::optional<std::string> refusal = LoadTemplate(name, fresh.data);
+  if (!refusal) fresh.origin = document::Origin::kTemplate;
+  document_.Replace("Destination " + name, std::move(fresh), false);
+  host_.ShowHint({});
+  if (!refusal) {
+    destinations_.Remember(model_type, name);
+  } else {
+    services_.prompts.Show(core::MakeMessage(core::MessageId::kTemplateFailed, core::kProgramTitle,
+                                             {{"reason", *refusal}}));
+  }
+  document_.ForgetChange();
 }
 
-void ModelCommands::LoadTemplate(const std::string& name) {
-  const std::string path = destinations_.TemplatePath(name, data_.MODELTYPE);
+std::optional<std::string> ModelCommands::LoadTemplate(const std::string& name,
+                                                       core::RadioData& data) {
+  const std::string path = destinations_.TemplatePath(name, data.MODELTYPE);
   Overheard reader;
-  files::LoadHexFile(data_, path, services_.files, reader, services_.log);
-  if (!data_.Flags.Error) {
-    destinations_.Remember(data_.MODELTYPE, name);
-    return;
-  }
-  services_.prompts.Show(core::MakeMessage(core::MessageId::kTemplateFailed, data_.ProgramTitle,
-                                           {{"reason", reader.said}}));
+  files::LoadHexFile(data, services_.state, path, services_.files, reader, services_.log);
+  return services_.state.Error ? std::optional(reader.said) : std::nullopt;
 }
 
 }  // namespace orvane::editor

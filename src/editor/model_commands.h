@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
 #include <string>
 
 #include "core/app_settings.h"
 #include "core/messages.h"
-#include "editor/commands.h"
+#include "editor/command_host.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
 #include "editor/menus.h"
@@ -30,10 +31,12 @@ class ModelCommands : public QObject {
 
  private:
   [[nodiscard]] bool Ask(core::MessageId question, const core::Fact& fact);
-  void LoadTemplate(const std::string& name);
+  /// What the refusal says of the template's file; nothing when it was loaded.
+  [[nodiscard]] std::optional<std::string> LoadTemplate(const std::string& name,
+                                                        core::RadioData& data);
 
   const WindowServices services_;
-  core::RadioData& data_;
+  document::Document& document_;
   CommandHost& host_;
   const Menus menus_;
   DestinationMenu& destinations_;

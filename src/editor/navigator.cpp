@@ -23,16 +23,21 @@ void Navigator::Select(const QString& key) {
 }
 
 void Navigator::SelectUnchecked(const QString& key) {
+  host_.ShowHint(QLatin1String(kTreeHint));
+  Show(key);
+}
+
+void Navigator::Show(const QString& key) {
   if (!tree_.Contains(key)) return;
   tree_.SetCurrentKey(key);
   current_key_ = tree_.CurrentKey();
-  ShowAgain();
+  FillPage();
 }
 
-void Navigator::ShowAgain() {
+void Navigator::FillPage() {
   const NodeRef node = NodeOfKey(current_key_).value_or(NodeRef{});
-  host_.ShowHint(QLatin1String(kTreeHint));
   area_.Show(PageOf(node.kind).Get(), node);
+  emit PageShown(node);
 }
 
 bool Navigator::CheckPage() {
@@ -47,7 +52,7 @@ void Navigator::Choose(const QString& key) {
     return;
   }
   current_key_ = key;
-  ShowAgain();
+  FillPage();
 }
 
 LazyPage& Navigator::PageOf(NodeKind kind) {

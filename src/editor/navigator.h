@@ -53,14 +53,19 @@ class Navigator : public QObject {
   void Select(const QString& key);
   /// Shows the node's page without checking the one left.
   void SelectUnchecked(const QString& key);
-  /// Fills the page on show anew.
-  void ShowAgain();
+  /// The same in silence, under the hands of a user who works elsewhere: the hint stays.
+  void Show(const QString& key);
   [[nodiscard]] bool CheckPage();
   /// Empty until a node was chosen.
   [[nodiscard]] const QString& CurrentKey() const { return current_key_; }
 
+ signals:
+  /// A page was filled for the node and stands in front.
+  void PageShown(const NodeRef& node);
+
  private:
   void Choose(const QString& key);
+  void FillPage();
   [[nodiscard]] LazyPage& PageOf(NodeKind kind);
 
   NavTree& tree_;

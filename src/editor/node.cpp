@@ -3,21 +3,28 @@
 #include <array>
 #include <utility>
 
+#include "core/field_ref.h"
+
 namespace orvane::editor {
 namespace {
 
 using core::MarineGroup;
 
-// Keys that stand for one node each.
-constexpr std::array<std::pair<const char*, NodeKind>, 7> kPlainKeys = {{
-    {"General", NodeKind::kGeneral},
-    {"Usable", NodeKind::kUsable},
-    {"Common", NodeKind::kCommon},
-    {"Program", NodeKind::kProgram},
-    {"PW", NodeKind::kWeather},
-    {"LMRChannel", NodeKind::kLmrRoot},
-    {"ExpChannel", NodeKind::kExpRoot},
-}};
+// Kinds that stand for one node each.
+struct PlainNode {
+  const char* key;
+  NodeKind kind;
+  const char* name = "";  ///< "" where the model decides
+};
+constexpr std::array kPlainNodes = {
+    PlainNode{"General", NodeKind::kGeneral, "General"},
+    PlainNode{"Usable", NodeKind::kUsable, "Available CH Group Setup"},
+    PlainNode{"Common", NodeKind::kCommon, "Common Setup"},
+    PlainNode{"Program", NodeKind::kProgram, "Programmable Channel"},
+    PlainNode{"PW", NodeKind::kWeather, "Weather"},
+    PlainNode{"LMRChannel", NodeKind::kLmrRoot},
+    PlainNode{"ExpChannel", NodeKind::kExpRoot},
+};
 
 // Prefixes of the marine nodes, by MarineGroup.
 constexpr std::array<const char*, 3> kMarineKeys = {"PU", "PI", "PC"};
@@ -59,8 +66,15 @@ QString KeyOf(const NodeRef& node) {
     default:
       break;
   }
-  for (const auto& [key, kind] : kPlainKeys) {
-    if (kind == node.kind) return QLatin1String(key);
+  for (const PlainNode& plain : kPlainNodes) {
+    if (plain.kind == node.kind) return QLatin1String(plain.key);
+  }
+  return {};
+}
+
+QString PlainNodeName(NodeKind kind) {
+  for (const PlainNode& plain : kPlainNodes) {
+    if (plain.kind == kind) return QLatin1String(plain.name);
   }
   return {};
 }
@@ -75,9 +89,47 @@ QString ExtraGroupDescription(bool lmr_root) {
                   : QStringLiteral("Extra channels that go with the groups USA, INTL and CAN");
 }
 
+std::optional<document::ChannelPlace> PlaceOfNode(const NodeRef& node) {
+  using Kind = document::ChannelPlace::Kind;
+  constexpr std::array kMarine = {Kind::kUsa, Kind::kIntl, Kind::kCanada};
+  switch (node.kind) {
+    case NodeKind::kMarineChannel:
+      return document::ChannelPlace{kMarine[static_cast<std::size_t>(node.group)], node.number};
+    case NodeKind::kLmrChannel:
+      return document::ChannelPlace{Kind::kLmr, node.number};
+    case NodeKind::kExpChannel:
+      return document::ChannelPlace{Kind::kExp, node.number};
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<NodeRef> NodeOfField(const core::RadioData& data, core::FieldRef at) {
+  if (const std::optional<document::ChannelPlace> place = document::PlaceOf(data, at)) {
+    if (place->IsMarine()) {
+      return NodeRef{NodeKind::kMarineChannel, static_cast<MarineGroup>(place->kind),
+                     place->number};
+    }
+    return NodeRef{.kind = place->IsLmr() ? NodeKind::kLmrChannel : NodeKind::kExpChannel,
+                   .number = place->number};
+  }
+  const void* const record = core::TableOf(at).record(data, at.entry);
+  if (core::TableOf(at).kind == core::TableKind::kWeather) {
+    return NodeRef{.kind = NodeKind::kWeather};
+  }
+  if (record == &data.Common) return NodeRef{.kind = NodeKind::kCommon};
+  if (core::IsMember<&core::RadioData::ExpPresent>(at) ||
+      (at.entry < data.Usable.size() && record == &data.Usable[at.entry])) {
+    return NodeRef{.kind = NodeKind::kUsable};
+  }
+  return std::nullopt;
+}
+
 std::optional<NodeRef> NodeOfKey(const QString& key) {
-  for (const auto& [plain, kind] : kPlainKeys) {
-    if (key.compare(QLatin1String(plain), Qt::CaseInsensitive) == 0) return NodeRef{.kind = kind};
+  for (const PlainNode& plain : kPlainNodes) {
+    if (key.compare(QLatin1String(plain.key), Qt::CaseInsensitive) == 0) {
+      return NodeRef{.kind = plain.kind};
+    }
   }
   if (const auto node = MarineNodeOfKey(key)) return node;
   const bool lmr = key.startsWith(QLatin1Char('L'), Qt::CaseInsensitive);

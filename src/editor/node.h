@@ -3,7 +3,9 @@
 #include <QString>
 #include <optional>
 
+#include "core/catalogue.h"
 #include "core/radio_data.h"
+#include "document/edits.h"
 
 namespace orvane::editor {
 
@@ -31,11 +33,17 @@ struct NodeRef {
 };
 
 [[nodiscard]] QString KeyOf(const NodeRef& node);
+/// Name of a node that every model has, by its kind: "Common Setup". Marine groups: see below.
+[[nodiscard]] QString PlainNodeName(NodeKind kind);
 /// Name of a marine group's node.
 [[nodiscard]] QString MarineGroupName(core::MarineGroup group);
 /// What the channels under either heading of the one extra table have in common; models without
 /// LMR channels call both of them "EXP".
 [[nodiscard]] QString ExtraGroupDescription(bool lmr_root);
+/// The channel that a node stands for, as the rules of editing call it; nothing for other nodes.
+[[nodiscard]] std::optional<document::ChannelPlace> PlaceOfNode(const NodeRef& node);
+/// The node whose page shows the field; nothing where no page does.
+[[nodiscard]] std::optional<NodeRef> NodeOfField(const core::RadioData& data, core::FieldRef at);
 /// Letter case is ignored; nothing for a key that names no node.
 [[nodiscard]] std::optional<NodeRef> NodeOfKey(const QString& key);
 

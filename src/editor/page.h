@@ -3,8 +3,11 @@
 #include <QString>
 #include <QWidget>
 
+#include "core/field_ref.h"
 #include "core/radio_data.h"
+#include "core/run_state.h"
 #include "core/services.h"
+#include "document/document.h"
 #include "editor/node.h"
 
 namespace orvane::editor {
@@ -13,7 +16,12 @@ namespace orvane::editor {
 class PageHost {
  public:
   virtual ~PageHost() = default;
-  /// The user changed the data: sets the data-changed flag.
+  /// The user set a field. What the edit does becomes a step of the history; the page shows it
+  /// itself.
+  virtual void Edit(core::FieldRef at, const document::Document::Body& edit,
+                    document::Document::Manner manner) = 0;
+  /// The user set something, whether or not anything differs now, or began an input that is taken
+  /// over later: sets the data-changed flag.
   virtual void DataChanged() = 0;
   /// A channel group was switched on or off: nodes come and go.
   virtual void RebuildTree() = 0;
@@ -30,15 +38,16 @@ class PageHost {
 
 /// What every page works on.
 struct PageServices {
-  core::RadioData& data;
+  const core::RadioData& data;
+  core::RunState& state;
   core::Prompts& prompts;
   core::Clock& clock;
   PageHost& host;
 };
 
 /// One page of the page area. It holds no state of its own: it is filled from the data whenever
-/// its node is shown, and each change goes straight into the data. Filling never changes the data
-/// or its flags.
+/// its node is shown or the data changed underneath it, and each change is an edit of the document.
+/// Filling never changes the data or its flags.
 class Page : public QWidget {
  public:
   explicit Page(PageServices services, QWidget* parent = nullptr)
@@ -49,11 +58,30 @@ class Page : public QWidget {
   virtual void Fill(const NodeRef& node) = 0;
   /// Page check: false keeps the user on the page; the message has been shown.
   [[nodiscard]] virtual bool Check() { return true; }
+  /// The control that shows the field while this node is on show, null when none does.
+  [[nodiscard]] virtual QWidget* ControlOf(core::FieldRef /*at*/) const { return nullptr; }
 
  protected:
-  [[nodiscard]] core::RadioData& Data() const { return services_.data; }
+  [[nodiscard]] const core::RadioData& Data() const { return services_.data; }
+  [[nodiscard]] core::RunState& State() const { return services_.state; }
   [[nodiscard]] PageHost& Host() const { return services_.host; }
   [[nodiscard]] const PageServices& Services() const { return services_; }
+
+  using Manner = document::Document::Manner;
+  /// The user set the field, by one of the rules of document/edits.
+  void Edit(core::FieldRef at, const document::Document::Body& edit) const {
+    services_.host.Edit(at, edit, Manner::kChoice);
+    services_.host.DataChanged();
+  }
+  /// The user set the field, which nothing else follows. The value has the type that Get returns.
+  void Store(core::FieldRef at, const core::Value& value, Manner manner = Manner::kChoice) const {
+    services_.host.Edit(
+        at, [&](core::RadioData& radio) { core::Set(radio, at, value); }, manner);
+    services_.host.DataChanged();
+  }
+  void StoreTyped(core::FieldRef at, const core::Value& value) const {
+    Store(at, value, Manner::kTyping);
+  }
 
  private:
   PageServices services_;

@@ -52,6 +52,13 @@ bool PageArea::HasFocusInside() const {
   return focus != nullptr && isAncestorOf(focus);
 }
 
+bool PageArea::FocusField(core::FieldRef at) {
+  QWidget* const control = current_ == nullptr ? nullptr : current_->ControlOf(at);
+  if (control == nullptr || !TakesTab(*control)) return false;
+  control->setFocus(Qt::TabFocusReason);
+  return true;
+}
+
 bool PageArea::FocusFirstControl() {
   if (current_ == nullptr) return false;
   for (QWidget* widget = current_->nextInFocusChain(); widget != current_;

@@ -23,6 +23,8 @@ class PageArea : public QStackedWidget {
   [[nodiscard]] Page* Current() const { return current_; }
   [[nodiscard]] const std::vector<Page*>& Pages() const { return pages_; }
   [[nodiscard]] bool HasFocusInside() const;
+  /// Gives the focus to the control that shows the field; false when it cannot take it.
+  bool FocusField(core::FieldRef at);
   /// Gives the focus to the first control of the page; false when there is none.
   bool FocusFirstControl();
 

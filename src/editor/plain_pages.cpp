@@ -25,7 +25,7 @@ class Logo : public QLabel {
 GeneralPage::GeneralPage(PageServices services, QWidget* parent)
     : Page(services, parent), logo_(new Logo(this)) {
   setObjectName(QStringLiteral("pictGeneral"));
-  setAccessibleName(tr("General"));
+  setAccessibleName(PlainNodeName(NodeKind::kGeneral));
   logo_->setObjectName(QStringLiteral("pictLogo"));
   logo_->setAccessibleName(tr("Logo"));
   logo_->hide();
@@ -43,7 +43,7 @@ void GeneralPage::ShowLogo(const QString& path) {
 
 GreyPage::GreyPage(PageServices services, QWidget* parent) : Page(services, parent) {
   setObjectName(QStringLiteral("pictGrey"));
-  setAccessibleName(tr("Programmable Channel"));
+  setAccessibleName(PlainNodeName(NodeKind::kProgram));
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Window);
 }

@@ -20,8 +20,10 @@
 #include <optional>
 
 #include "core/messages.h"
+#include "core/product.h"
 #include "editor/working.h"
 #include "files/text_report.h"
+#include "image/codec.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -38,7 +40,7 @@ constexpr const char* kLineEnd = "\r\n";
 ReportWindow::ReportWindow(const WindowServices& services, CommandHost& host)
     : QDialog(&host.Widget()),
       services_(services),
-      data_(services.data),
+      state_(services.state),
       host_(host),
       text_(new QPlainTextEdit(QLatin1String(kWaitingText), this)),
       timer_(new QTimer(this)) {
@@ -187,7 +189,7 @@ void ReportWindow::keyPressEvent(QKeyEvent* event) {
 void ReportWindow::BuildReport() {
   {
     const Working working(*this);
-    report_ = files::BuildTextReport(data_);
+    report_ = files::BuildTextReport(services_.document.Data());
     text_->setPlainText(platform::FromAnsi(report_));
     FitWidth();
     host_.Wait(kCommandPause);
@@ -221,10 +223,10 @@ void ReportWindow::SaveAs() {
       services_.dialogs.AskSave({.filter = kFilter, .folder = services_.program_folder})
           .value_or(std::string());
   if (path.empty()) {
-    data_.Flags.Cancel = true;
+    state_.Cancel = true;
     return;
   }
-  data_.Flags.Error = false;
+  state_.Error = false;
   std::optional<core::SystemError> failure;
   {
     const Working working(*this);
@@ -232,11 +234,12 @@ void ReportWindow::SaveAs() {
     if (!failure) host_.Wait(kCommandPause);
   }
   if (!failure) return;
-  data_.Flags.Error = true;
-  services_.prompts.Show(core::MakeMessage(core::MessageId::kReportSave,
-                                           data_.ModelName + " " + data_.ProgramTitle,
-                                           {{"reason", failure->description}, {"path", path}}));
-  data_.Flags.Cancel = true;
+  state_.Error = true;
+  services_.prompts.Show(core::MakeMessage(
+      core::MessageId::kReportSave,
+      image::ModelName(services_.document.Data()) + " " + std::string(core::kProgramTitle),
+      {{"reason", failure->description}, {"path", path}}));
+  state_.Cancel = true;
 }
 
 void ReportWindow::CopyAll() {

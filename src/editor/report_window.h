@@ -9,7 +9,7 @@
 #include <QTimer>
 #include <string>
 
-#include "editor/commands.h"
+#include "editor/command_host.h"
 #include "editor/window_services.h"
 
 namespace orvane::editor {
@@ -44,7 +44,7 @@ class ReportWindow : public QDialog {
   void ResetZoom();
 
   const WindowServices services_;
-  core::RadioData& data_;
+  core::RunState& state_;
   CommandHost& host_;
   /// As it is saved; the text box keeps neither its line ends nor every character.
   std::string report_;

@@ -23,6 +23,9 @@ ToolBar::ToolBar(const Menus& menus, QWidget* parent) : QToolBar(parent) {
   AddButton("Read", core::kReadFromRadio.data(), "read", menus.read);
   AddButton("Program2", core::kProgramToRadio.data(), "program", menus.program);
   AddButton("Read2", core::kReadFromRadio.data(), "read", menus.read);
+  addSeparator();
+  AddNamingButton("Undo", "undo", menus.undo);
+  AddNamingButton("Redo", "redo", menus.redo);
   for (const Button& button : buttons_) {
     // The second pair is there for automation only.
     if (button.action->objectName().endsWith(QLatin1Char('2'))) button.action->setVisible(false);
@@ -43,6 +46,16 @@ void ToolBar::AddButton(const char* key, const char* tool_tip, const char* icon,
   button->setAccessibleName(QLatin1String(tool_tip));
   button->setFocusPolicy(Qt::NoFocus);
   buttons_.push_back({action, icon});
+}
+
+void ToolBar::AddNamingButton(const char* key, const char* icon, QAction* item) {
+  AddButton(key, key, icon, item);
+  QAction* const action = buttons_.back().action;
+  QWidget* const button = widgetForAction(action);
+  connect(item, &QAction::changed, button, [action, button, item] {
+    action->setToolTip(item->toolTip());
+    button->setAccessibleName(item->toolTip());
+  });
 }
 
 void ToolBar::PaintIcons() {

@@ -20,6 +20,8 @@ class ToolBar : public QToolBar {
 
  private:
   void AddButton(const char* key, const char* tool_tip, const char* icon, QAction* item);
+  /// A button whose tool tip is the item's, which tells what it is about to do.
+  void AddNamingButton(const char* key, const char* icon, QAction* item);
   void PaintIcons();
 
   struct Button {

@@ -37,7 +37,7 @@ TransferDialog::TransferDialog(const TransferServices& services, link::SessionKi
                                QWidget* parent)
     : QDialog(parent),
       services_(services),
-      data_(services.data),
+      run_state_(services.state),
       kind_(kind),
       handheld_(new Picture("handheld", kPictureLines, this)),
       arrow_(new Picture("transfer", kPictureLines, this)),
@@ -61,14 +61,14 @@ TransferDialog::TransferDialog(const TransferServices& services, link::SessionKi
   note_->setFont(bold);
   note_->setVisible(services_.radio_partly_written);
   monitor_ = AddLabel("lblmon", "Monitor");
-  monitor_->setVisible(data_.Flags.Debug);
+  monitor_->setVisible(run_state_.Debug);
   all->addStretch();
   AddButtons();
   port_ = services_.port_label();
   ShowState(tr("Port: %1").arg(platform::FromUtf8(port_.Text())));
   resize(sizeHint().expandedTo(kFirstSize));
 
-  if (data_.Flags.Debug) {
+  if (run_state_.Debug) {
     TransferDialog::Monitor("starting at debug mode..");
     services_.clock.Pause(kMonitorPause);
   }
@@ -177,8 +177,8 @@ void TransferDialog::Run() {
   pace_ = {};
   const std::unique_ptr<link::SerialPort> port = services_.make_port();
   link::TransferSession session(
-      data_, {*port, services_.clock, services_.pump, services_.log, *this, port_},
-      services_.prompts);
+      services_.data, run_state_,
+      {*port, services_.clock, services_.pump, services_.log, *this, port_}, services_.prompts);
   if (services_.interrupts == nullptr) {
     outcome_ = session.Run(kind_);
   } else {
@@ -194,7 +194,7 @@ void TransferDialog::TakeOutcome() {
   if (TransferDone() && kind_ == link::SessionKind::kProgram)
     services_.radio_partly_written = false;
   if (outcome_.partly_written) services_.radio_partly_written = true;
-  if (!data_.Flags.Error) {
+  if (!run_state_.Error) {
     accept();
     return;
   }
@@ -203,16 +203,16 @@ void TransferDialog::TakeOutcome() {
 }
 
 void TransferDialog::reject() {
-  if (!data_.Flags.Busy) {
+  if (!run_state_.Busy) {
     QDialog::reject();
     return;
   }
-  data_.Flags.Cancel = true;
+  run_state_.Cancel = true;
   ShowState(tr("Cancelling..."));
 }
 
 void TransferDialog::closeEvent(QCloseEvent* event) {
-  if (data_.Flags.Busy) {
+  if (run_state_.Busy) {
     event->ignore();
     return;
   }

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "core/radio_data.h"
+#include "core/run_state.h"
 #include "core/services.h"
 #include "editor/live_label.h"
 #include "editor/picture.h"
@@ -22,7 +23,8 @@ namespace orvane::editor {
 
 /// What a transfer needs of the world. Everything outlives the dialog.
 struct TransferServices {
-  core::RadioData& data;
+  core::RadioData& data;  ///< what is read replaces it; what is programmed is adjusted to the radio
+  core::RunState& state;
   core::Prompts& prompts;
   core::Clock& clock;
   core::EventPump& pump;
@@ -74,7 +76,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   void OpenHelp();
 
   const TransferServices services_;
-  core::RadioData& data_;
+  core::RunState& run_state_;
   const link::SessionKind kind_;
   link::TransferPace pace_;
   link::PortLabel port_;

@@ -30,15 +30,17 @@ class TreeModel::Builder {
   explicit Builder(const core::RadioData& data) : data_(data), profile_(core::ProfileOf(data)) {}
 
   void Build() {
-    const int general = Add(-1, {.kind = NodeKind::kGeneral}, QStringLiteral("General"));
-    Add(general, {.kind = NodeKind::kUsable}, QStringLiteral("Available CH Group Setup"));
-    Add(general, {.kind = NodeKind::kCommon}, QStringLiteral("Common Setup"));
-    const int program =
-        Add(-1, {.kind = NodeKind::kProgram}, QStringLiteral("Programmable Channel"));
+    const auto add_plain = [this](int parent, NodeKind kind) {
+      return Add(parent, {.kind = kind}, PlainNodeName(kind));
+    };
+    const int general = add_plain(-1, NodeKind::kGeneral);
+    add_plain(general, NodeKind::kUsable);
+    add_plain(general, NodeKind::kCommon);
+    const int program = add_plain(-1, NodeKind::kProgram);
     for (const MarineGroup group : {MarineGroup::kUsa, MarineGroup::kIntl, MarineGroup::kCanada}) {
       AddMarine(program, group);
     }
-    Add(program, {.kind = NodeKind::kWeather}, QStringLiteral("Weather"));
+    add_plain(program, NodeKind::kWeather);
     if (data_.LmrPresent()) {
       AddExtra(true, NodeKind::kLmrRoot, NodeKind::kLmrChannel,
                StatusSuffix(data_, core::kExtraGroup));

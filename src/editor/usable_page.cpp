@@ -25,7 +25,7 @@ QStringList OffOn() {
 UsablePage::UsablePage(PageServices services, QWidget* parent)
     : Page(services, parent), maker_(new ControlMaker(*this, Host())) {
   setObjectName(QStringLiteral("pictUsable"));
-  setAccessibleName(tr("Available CH Group Setup"));
+  setAccessibleName(PlainNodeName(NodeKind::kUsable));
   auto* grid = new QGridLayout(this);
   const std::array<QString, core::kUsableGroups> captions = {tr("&USA"), tr("&INTL"), tr("&CANADA"),
                                                              QString()};
@@ -98,16 +98,14 @@ void UsablePage::ConnectGroup(std::size_t index) {
   connect(group.enable, &QCheckBox::toggled, this,
           [this, index](bool on) { SwitchGroup(index, on); });
   connect(group.time_out, &PickBox::Picked, this, [this, index](int item) {
-    Data().Usable[index].TX_TOT = item == 1;
-    Host().DataChanged();
+    Store(core::RefTo<&core::UsableGroup::TX_TOT>(Data(), Data().Usable[index]), item == 1);
   });
   connect(group.icon, &PickBox::Picked, this, [this, index](int item) {
-    Data().Usable[index].Status_Icon = item == 1;
-    Host().DataChanged();
+    Store(core::RefTo<&core::UsableGroup::Status_Icon>(Data(), Data().Usable[index]), item == 1);
   });
   connect(group.priority, &PickBox::Picked, this, [this, index] {
-    Data().Usable[index].Priority_CH = groups_[index].priority->currentData().toInt();
-    Host().DataChanged();
+    Store(core::RefTo<&core::UsableGroup::Priority_CH>(Data(), Data().Usable[index]),
+          std::int32_t{groups_[index].priority->currentData().toInt()});
   });
 }
 
@@ -121,7 +119,7 @@ void UsablePage::ModelChanged() {
 }
 
 void UsablePage::Fill(const NodeRef& /*node*/) {
-  const BusyScope busy(Data());
+  const core::BusyScope busy(State());
   exp_->setChecked(Data().ExpPresent);
   for (std::size_t i = 0; i < groups_.size(); ++i) {
     const core::UsableGroup& usable = Data().Usable[i];
@@ -132,6 +130,24 @@ void UsablePage::Fill(const NodeRef& /*node*/) {
     ListPriorityChannels(i);
     FollowEnable(i);
   }
+}
+
+QWidget* UsablePage::ControlOf(core::FieldRef at) const {
+  if (core::IsMember<&core::RadioData::ExpPresent>(at)) return exp_;
+  const std::array<std::pair<bool, QWidget* (*)(const Group&)>, 4> members = {{
+      {core::IsMember<&core::UsableGroup::Enable>(at),
+       [](const Group& g) -> QWidget* { return g.enable; }},
+      {core::IsMember<&core::UsableGroup::TX_TOT>(at),
+       [](const Group& g) -> QWidget* { return g.time_out; }},
+      {core::IsMember<&core::UsableGroup::Priority_CH>(at),
+       [](const Group& g) -> QWidget* { return g.priority; }},
+      {core::IsMember<&core::UsableGroup::Status_Icon>(at),
+       [](const Group& g) -> QWidget* { return g.icon; }},
+  }};
+  for (const auto& [is_it, control] : members) {
+    if (is_it) return control(groups_[at.entry]);
+  }
+  return nullptr;
 }
 
 void UsablePage::ListPriorityChannels(std::size_t index) {
@@ -170,19 +186,19 @@ void UsablePage::FollowEnable(std::size_t index) {
 
 void UsablePage::SwitchGroup(std::size_t index, bool on) {
   if (!MayWrite()) return;
-  document::SwitchGroup(Data(), index, on);
+  Edit(core::RefTo<&core::UsableGroup::Enable>(Data(), Data().Usable[index]),
+       [&](core::RadioData& radio) { document::SwitchGroup(radio, index, on); });
   if (on && index != core::kExtraGroup) ListPriorityChannels(index);
   FollowEnable(index);
-  Host().DataChanged();
   Host().RebuildTree();
 }
 
 void UsablePage::SwitchExp(bool on) {
   if (!MayWrite()) return;
-  document::SwitchExp(Data(), on);
+  Edit(core::RefTo<&core::RadioData::ExpPresent>(Data(), Data()),
+       [&](core::RadioData& radio) { document::SwitchExp(radio, on); });
   ListPriorityChannels(core::kExtraGroup);
   FollowEnable(core::kExtraGroup);
-  Host().DataChanged();
   Host().RebuildTree();
 }
 

@@ -19,6 +19,7 @@ class UsablePage : public Page {
   explicit UsablePage(PageServices services, QWidget* parent = nullptr);
   void ModelChanged() override;
   void Fill(const NodeRef& node) override;
+  [[nodiscard]] QWidget* ControlOf(core::FieldRef at) const override;
 
  private:
   struct Group {
@@ -38,7 +39,7 @@ class UsablePage : public Page {
   void FollowEnable(std::size_t index);
   void SwitchGroup(std::size_t index, bool on);
   void SwitchExp(bool on);
-  [[nodiscard]] bool MayWrite() const { return isEnabled() && !Data().Flags.Busy; }
+  [[nodiscard]] bool MayWrite() const { return isEnabled() && !State().Busy; }
 
   ControlMaker* maker_;
   std::array<Group, core::kUsableGroups> groups_{};

@@ -12,6 +12,8 @@
 namespace orvane::editor {
 namespace {
 
+using core::ChannelRecord;
+
 constexpr const char* kEnableHint = "Select[x]Enable/[]Disable.";
 constexpr int kEnableHelp = 1028;
 constexpr int kScanHelp = 1033;
@@ -23,7 +25,7 @@ enum Column { kLabel, kEnable, kScan, kName };
 
 WeatherPage::WeatherPage(PageServices services, QWidget* parent) : Page(services, parent) {
   setObjectName(QStringLiteral("pictD"));
-  setAccessibleName(tr("Weather"));
+  setAccessibleName(PlainNodeName(NodeKind::kWeather));
   auto* grid = new QGridLayout(this);
   grid->setHorizontalSpacing(2 * grid->spacing());
   grid->addWidget(new QLabel(tr("Enable"), this), 0, kEnable, Qt::AlignHCenter);
@@ -69,24 +71,21 @@ void WeatherPage::ConnectRow(int index) {
   const Row& row = rows_[static_cast<std::size_t>(index)];
   connect(row.enable, &QCheckBox::toggled, this, [this, index, row](bool on) {
     if (!MayWrite()) return;
-    Channel(index).Enable = on;
+    Store(core::RefTo<&ChannelRecord::Enable>(Data(), Channel(index)), on);
     FollowEnable(row);
-    Host().DataChanged();
   });
   connect(row.scan, &QCheckBox::toggled, this, [this, index](bool on) {
-    if (!MayWrite()) return;
-    Channel(index).ScanMemory = on;
-    Host().DataChanged();
+    if (MayWrite()) Store(core::RefTo<&ChannelRecord::ScanMemory>(Data(), Channel(index)), on);
   });
   connect(row.name, &FieldBox::Edited, this, [this, index, row] {
     if (!MayWrite()) return;
-    Channel(index).ChTag = platform::ToAnsi(row.name->text());
-    Host().DataChanged();
+    StoreTyped(core::RefTo<&ChannelRecord::ChTag>(Data(), Channel(index)),
+               platform::ToAnsi(row.name->text()));
   });
 }
 
 void WeatherPage::Fill(const NodeRef& /*node*/) {
-  const BusyScope busy(Data());
+  const core::BusyScope busy(State());
   for (int i = 0; i < core::kWxChannels; ++i) {
     const Row& row = rows_[static_cast<std::size_t>(i)];
     row.enable->setChecked(Channel(i).Enable);
@@ -96,7 +95,15 @@ void WeatherPage::Fill(const NodeRef& /*node*/) {
   }
 }
 
-core::ChannelRecord& WeatherPage::Channel(int index) const {
+QWidget* WeatherPage::ControlOf(core::FieldRef at) const {
+  if (core::TableOf(at).kind != core::TableKind::kWeather) return nullptr;
+  const Row& row = rows_[at.entry];
+  if (core::IsMember<&ChannelRecord::Enable>(at)) return row.enable;
+  if (core::IsMember<&ChannelRecord::ScanMemory>(at)) return row.scan;
+  return core::IsMember<&ChannelRecord::ChTag>(at) ? row.name : nullptr;
+}
+
+const ChannelRecord& WeatherPage::Channel(int index) const {
   return Data().WX[static_cast<std::size_t>(index)];
 }
 

@@ -15,6 +15,7 @@ class WeatherPage : public Page {
  public:
   explicit WeatherPage(PageServices services, QWidget* parent = nullptr);
   void Fill(const NodeRef& node) override;
+  [[nodiscard]] QWidget* ControlOf(core::FieldRef at) const override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -28,11 +29,11 @@ class WeatherPage : public Page {
 
   void BuildRow(int index);
   void ConnectRow(int index);
-  [[nodiscard]] core::ChannelRecord& Channel(int index) const;
+  [[nodiscard]] const core::ChannelRecord& Channel(int index) const;
   /// Scan and name can be set for a channel in use only.
   static void FollowEnable(const Row& row);
   /// Whether a handler may write: the page is on show and no fill runs.
-  [[nodiscard]] bool MayWrite() const { return isEnabled() && !Data().Flags.Busy; }
+  [[nodiscard]] bool MayWrite() const { return isEnabled() && !State().Busy; }
 
   std::array<Row, core::kWxChannels> rows_{};
 };

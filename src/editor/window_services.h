@@ -1,20 +1,25 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 
-#include "core/app_settings.h"
-#include "core/radio_data.h"
+#include "core/run_state.h"
 #include "core/services.h"
+#include "document/document.h"
+#include "help/help_opener.h"
 #include "link/port_list.h"
+#include "link/serial_port.h"
 #include "platform/file_dialogs.h"
+#include "platform/interrupts.h"
+#include "platform/report_printer.h"
 
 namespace orvane::editor {
 
-class Commands;
-
 /// What the main window is built from. Everything outlives the window.
 struct WindowServices {
-  core::RadioData& data;
+  document::Document& document;
+  core::RunState& state;
   core::Prompts& prompts;
   core::Clock& clock;
   core::EventPump& pump;
@@ -23,9 +28,13 @@ struct WindowServices {
   core::ErrorLog& log;
   link::PortFinder& ports;
   platform::FileDialogs& dialogs;
-  Commands* commands;          ///< null: their menu items are disabled
-  std::string program_folder;  ///< where file dialogs start
-  std::string data_folder;     ///< destination templates and logo
+  /// Called for each run of a transfer with the port number chosen then.
+  std::function<std::unique_ptr<link::SerialPort>(int port_number)> make_port;
+  platform::ReportPrinter& printer;
+  help::HelpOpener* help;            ///< null: the program has no help
+  platform::Interrupts* interrupts;  ///< null: a transfer ends by itself or by Cancel only
+  std::string program_folder;        ///< where file dialogs start
+  std::string data_folder;           ///< destination templates and logo
 };
 
 }  // namespace orvane::editor

@@ -29,12 +29,12 @@ std::string ToText(std::span<const std::uint8_t> bytes) {
   return text;
 }
 
-void ReportFailure(core::RadioData& data, const core::SystemError& error, std::string_view routine,
+void ReportFailure(core::RunState& state, const core::SystemError& error, std::string_view routine,
                    core::MessageId id, const std::string& path, core::Prompts& prompts,
                    core::ErrorLog& log) {
-  data.Flags.Cancel = true;
+  state.Cancel = true;
   log.Write(routine, std::to_string(error.number) + error.description);
-  prompts.Show(core::MakeMessage(id, data.ProgramTitle, core::FileFacts(path, error)));
+  prompts.Show(core::MakeMessage(id, core::kProgramTitle, core::FileFacts(path, error)));
 }
 
 core::Message LengthRefusal(std::uint64_t length, const core::ModelProfile* profile) {
@@ -52,45 +52,43 @@ core::Message ProductRefusal(std::uint8_t product, const core::ModelProfile& pro
                            core::ProductFacts(product, profile));
 }
 
-void Refuse(core::RadioData& data, core::Prompts& prompts, const core::Message& refusal) {
-  data.Flags.Error = true;
+void Refuse(core::RunState& state, core::Prompts& prompts, const core::Message& refusal) {
+  state.Error = true;
   prompts.Show(refusal);
 }
 
 /// Tells every fault. False when there is one.
-bool BelongsToModel(core::RadioData& data, std::span<const std::uint8_t> bytes,
-                    core::Prompts& prompts) {
-  const core::ModelProfile& profile = core::ProfileOf(data);
+bool BelongsToModel(const core::ModelProfile& profile, core::RunState& state,
+                    std::span<const std::uint8_t> bytes, core::Prompts& prompts) {
   const image::ImageFaults faults = image::CheckImage(bytes, profile);
-  if (faults.length) Refuse(data, prompts, LengthRefusal(bytes.size(), &profile));
-  if (faults.model) Refuse(data, prompts, ModelRefusal(faults.codes, &profile));
-  if (faults.product) Refuse(data, prompts, ProductRefusal(faults.product_byte, profile));
+  if (faults.length) Refuse(state, prompts, LengthRefusal(bytes.size(), &profile));
+  if (faults.model) Refuse(state, prompts, ModelRefusal(faults.codes, &profile));
+  if (faults.product) Refuse(state, prompts, ProductRefusal(faults.product_byte, profile));
   return !faults.Any();
 }
 
-void LoadTestedFile(core::RadioData& data, const std::string& path, core::FileStore& store,
-                    core::Prompts& prompts, core::ErrorLog& log) {
+void LoadTestedFile(core::RadioData& data, core::RunState& state, const std::string& path,
+                    core::FileStore& store, core::Prompts& prompts, core::ErrorLog& log) {
   const core::ModelProfile& profile = core::ProfileOf(data);
   const std::optional<std::uint64_t> length = store.FileSize(path);
   if (length && !core::ImageLengthMatches(profile, *length)) {
-    Refuse(data, prompts, LengthRefusal(*length, &profile));
+    Refuse(state, prompts, LengthRefusal(*length, &profile));
     return;
   }
   const core::FileBytes file = store.ReadFile(path);
   if (file.error) {
-    data.Flags.Error = true;
-    ReportFailure(data, *file.error, "frmMain.ReadHexFileAs", core::MessageId::kFileRead, path,
+    state.Error = true;
+    ReportFailure(state, *file.error, "frmMain.ReadHexFileAs", core::MessageId::kFileRead, path,
                   prompts, log);
     return;
   }
   const std::vector<std::uint8_t> bytes = ToBytes(file.bytes);
-  if (!BelongsToModel(data, bytes, prompts)) return;
+  if (!BelongsToModel(profile, state, bytes, prompts)) return;
 
   core::RadioData fresh = data;
   fresh.Image.SetLastIndex(profile.LastIndex());
   std::copy(bytes.begin(), bytes.end(), fresh.Image.Used().begin());
   image::DecodeAll(fresh);
-  fresh.ModelName = core::ModelDisplayName(fresh.MODELTYPE, image::Sel1(fresh.Image));
   data = std::move(fresh);
 }
 
@@ -102,23 +100,21 @@ void PrepareImageForSaving(core::RadioData& data, core::Date today) {
   image::StoreCommonChecksum(data.Image);
 }
 
-void SaveHexFileAs(core::RadioData& data, const std::string& path, core::FileStore& store,
-                   core::Prompts& prompts, core::ErrorLog& log) {
-  const core::Flag was_busy = std::exchange(data.Flags.Busy, true);
+void SaveHexFileAs(const core::RadioData& data, core::RunState& state, const std::string& path,
+                   core::FileStore& store, core::Prompts& prompts, core::ErrorLog& log) {
+  const core::BusyScope busy(state);
   const std::optional<core::SystemError> error = store.WriteFile(path, ToText(data.Image.Used()));
-  data.Flags.Busy = was_busy;
   if (error) {
-    ReportFailure(data, *error, "frmMain.SaveHexFileAs", core::MessageId::kFileSave, path, prompts,
+    ReportFailure(state, *error, "frmMain.SaveHexFileAs", core::MessageId::kFileSave, path, prompts,
                   log);
   }
 }
 
-void LoadHexFile(core::RadioData& data, const std::string& path, core::FileStore& store,
-                 core::Prompts& prompts, core::ErrorLog& log) {
-  data.Flags.Error = false;
-  const core::Flag was_busy = std::exchange(data.Flags.Busy, true);
-  LoadTestedFile(data, path, store, prompts, log);
-  data.Flags.Busy = was_busy;
+void LoadHexFile(core::RadioData& data, core::RunState& state, const std::string& path,
+                 core::FileStore& store, core::Prompts& prompts, core::ErrorLog& log) {
+  state.Error = false;
+  const core::BusyScope busy(state);
+  LoadTestedFile(data, state, path, store, prompts, log);
 }
 
 ImageModel DetectImageModel(std::string_view bytes) {

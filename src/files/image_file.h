@@ -7,6 +7,7 @@
 
 #include "core/messages.h"
 #include "core/radio_data.h"
+#include "core/run_state.h"
 #include "core/services.h"
 
 /// Image files: the used bytes of a memory image, nothing before or after them. Destination
@@ -19,15 +20,15 @@ void PrepareImageForSaving(core::RadioData& data, core::Date today);
 
 /// Writes the image as it stands, whole or not at all. On failure: log line, "FileSave Error!!",
 /// cancel flag. Busy while it runs.
-void SaveHexFileAs(core::RadioData& data, const std::string& path, core::FileStore& store,
-                   core::Prompts& prompts, core::ErrorLog& log);
+void SaveHexFileAs(const core::RadioData& data, core::RunState& state, const std::string& path,
+                   core::FileStore& store, core::Prompts& prompts, core::ErrorLog& log);
 
 /// Loads an image file of the current model into image and records. Length, model and product are
 /// tested first. Clears the error flag first; a refused file sets it, tells the user and changes
 /// nothing else. A file that cannot be read also sets the cancel flag and is logged. Busy while it
 /// runs.
-void LoadHexFile(core::RadioData& data, const std::string& path, core::FileStore& store,
-                 core::Prompts& prompts, core::ErrorLog& log);
+void LoadHexFile(core::RadioData& data, core::RunState& state, const std::string& path,
+                 core::FileStore& store, core::Prompts& prompts, core::ErrorLog& log);
 
 /// Model named by the code at bytes 64-65 of an image file that has that model's length.
 /// Otherwise the message that refuses it: "bad file!!" or "ModelType Error !!".

@@ -12,6 +12,7 @@
 #include "core/text.h"
 #include "files/columns.h"
 #include "files/text_report_lines.h"
+#include "image/codec.h"
 
 namespace orvane::files {
 namespace {
@@ -276,8 +277,7 @@ void WriteExtraTable(PageWriter& writer, const RadioData& data, bool lmr_pass) {
   }
 }
 
-std::string FileName(const RadioData& data) {
-  const std::string& path = data.CurrentFileName;
+std::string FileName(const std::string& path) {
   return path.empty() ? "Not saved in a file" : path.substr(path.find_last_of("/\\") + 1);
 }
 
@@ -293,9 +293,9 @@ std::string DateText(core::Date date) {
 }  // namespace
 
 std::vector<PrintedPage> BuildPrintedPages(const RadioData& data, int lines_per_page,
-                                           core::Date today) {
+                                           const Imprint& imprint) {
   const core::ModelProfile& profile = core::ProfileOf(data);
-  PageWriter writer(data.ModelName + " Kivomatic", lines_per_page);
+  PageWriter writer(image::ModelName(data) + " Kivomatic", lines_per_page);
 
   writer.NewPage();
   WriteSection(writer, GroupSection(data, /*printed=*/true));
@@ -316,7 +316,7 @@ std::vector<PrintedPage> BuildPrintedPages(const RadioData& data, int lines_per_
     writer.NewPage();
     WriteExtraTable(writer, data, /*lmr_pass=*/false);
   }
-  return writer.Take(FileName(data), DateText(today));
+  return writer.Take(FileName(imprint.file), DateText(imprint.date));
 }
 
 }  // namespace orvane::files

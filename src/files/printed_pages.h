@@ -45,9 +45,16 @@ struct PrintedPage {
   std::string footer_right;  ///< date and page number; ends at kPrintRightMm
 };
 
+/// What the footers say of the report.
+struct Imprint {
+  std::string file;  ///< path of the data's file, UTF-8; "" when they are in none
+  core::Date date;
+};
+
 /// lines_per_page bounds a page, see LinesPerPage(); fewer than 8 count as 8. What is longer goes
 /// on with page header, title and column headings repeated, the title followed by "(continued)".
 [[nodiscard]] std::vector<PrintedPage> BuildPrintedPages(const core::RadioData& data,
-                                                         int lines_per_page, core::Date today);
+                                                         int lines_per_page,
+                                                         const Imprint& imprint);
 
 }  // namespace orvane::files

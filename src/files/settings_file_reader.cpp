@@ -4,6 +4,7 @@
 #include "core/message_facts.h"
 #include "core/model_profile.h"
 #include "core/number_text.h"
+#include "core/product.h"
 #include "files/byte_order_mark.h"
 #include "files/settings_file.h"
 #include "files/settings_file_keys.h"
@@ -151,16 +152,15 @@ class SettingReader {
   core::EventPump& pump_;
 };
 
-/// "0" and "1" stand for themselves, everything else for the default.
-std::string DestinationText(std::string_view text, std::string_view key,
-                            std::string_view default_value) {
-  std::string value = ReadMainValue(text, kMainSection, key);
-  return value == "0" || value == "1" ? value : std::string(default_value);
+/// A destination bit: "0" and "1" stand for themselves, everything else for the default.
+bool IsSelected(std::string_view text, std::string_view key, bool by_default) {
+  const std::string value = ReadMainValue(text, kMainSection, key);
+  return value == "1" || (value != "0" && by_default);
 }
 
-void Refuse(core::RadioData& data, core::Prompts& prompts, const core::MessageCase& refusal) {
-  data.Flags.Error = true;
-  prompts.Show(core::MakeMessage(refusal.id, data.ProgramTitle, refusal.facts));
+void Refuse(core::RunState& state, core::Prompts& prompts, const core::MessageCase& refusal) {
+  state.Error = true;
+  prompts.Show(core::MakeMessage(refusal.id, core::kProgramTitle, refusal.facts));
 }
 
 bool IsOfModel(std::string_view text, const core::RadioData& data) {
@@ -179,30 +179,26 @@ bool ApplySettingText(core::RadioData& data, std::string_view text, core::EventP
   const std::optional<std::string> unmarked = WithoutByteOrderMark(text);
   if (unmarked) text = *unmarked;
   if (!IsOfModel(text, data)) return false;
-  const core::Flag was_busy = std::exchange(data.Flags.Busy, true);
   core::RadioData fresh = data;
-  fresh.SEL1 = DestinationText(text, kSel1Key, "1");
-  fresh.SEL2 = DestinationText(text, kSel2Key, "0");
   const SettingTable table = ParseSettingFile(text);
   SettingReader(table, fresh, pump).Run();
-  image::SetDestinationBits(fresh.Image, fresh.SEL1 == "1", fresh.SEL2 == "1");
+  image::SetDestinationBits(fresh.Image, IsSelected(text, kSel1Key, true),
+                            IsSelected(text, kSel2Key, false));
   image::CopyPlanSelection(fresh);
-  fresh.ModelName = core::ModelDisplayName(fresh.MODELTYPE, image::Sel1(fresh.Image));
-  fresh.Flags = data.Flags;  // events that ran meanwhile may have changed them
-  fresh.Flags.Busy = was_busy;
   data = std::move(fresh);
   return true;
 }
 
-void ReadSettingFile(core::RadioData& data, const std::string& path, core::FileStore& store,
-                     core::Prompts& prompts, core::EventPump& pump) {
-  data.Flags.Error = false;
+void ReadSettingFile(core::RadioData& data, core::RunState& state, const std::string& path,
+                     core::FileStore& store, core::Prompts& prompts, core::EventPump& pump) {
+  state.Error = false;
+  const core::BusyScope busy(state);
   const core::FileBytes first = store.ReadFile(path);
   if (first.error || !IsOfModel(first.bytes, data)) {
     const core::MessageCase unreadable{
         core::MessageId::kUnreadableSettings,
         core::FileFacts(path, first.error.value_or(core::SystemError{}))};
-    Refuse(data, prompts,
+    Refuse(state, prompts,
            first.error
                ? unreadable
                : core::OtherModelOfSettings(SettingFileModel(first.bytes), core::ProfileOf(data)));
@@ -212,9 +208,9 @@ void ReadSettingFile(core::RadioData& data, const std::string& path, core::FileS
   // check, and must still be the same.
   const core::FileBytes file = store.ReadFile(path);
   if (file.error) {
-    Refuse(data, prompts, {core::MessageId::kFileRead, core::FileFacts(path, *file.error)});
+    Refuse(state, prompts, {core::MessageId::kFileRead, core::FileFacts(path, *file.error)});
   } else if (!ApplySettingText(data, file.bytes, pump)) {
-    Refuse(data, prompts, {core::MessageId::kFileChanged, {}});
+    Refuse(state, prompts, {core::MessageId::kFileChanged, {}});
   }
 }
 

@@ -60,7 +60,7 @@ class SettingWriter {
 
   void WriteMain() {
     Section(kMainSection);
-    Entry(kModelNameKey, ValueText(data_.ModelName, Form::kMarked));
+    Entry(kModelNameKey, ValueText(image::ModelName(data_), Form::kMarked));
     Entry(kTypeKey, ValueText(std::string(kTypeValue), Form::kMarked));
     Entry(kVersionKey, ValueText(std::string(kVersionValue), Form::kMarked));
     Entry(kModelTypeKey, ValueText(data_.MODELTYPE, Form::kPlain));
@@ -156,9 +156,9 @@ std::string SettingFileText(const core::RadioData& data, core::EventPump& pump) 
   return SettingWriter(data, pump).Run();
 }
 
-std::optional<core::SystemError> WriteSettingFile(core::RadioData& data, const std::string& path,
-                                                  core::FileStore& store, core::EventPump& pump) {
-  data.Flags.Error = false;
+std::optional<core::SystemError> WriteSettingFile(const core::RadioData& data,
+                                                  const std::string& path, core::FileStore& store,
+                                                  core::EventPump& pump) {
   return store.WriteFile(path, SettingFileText(data, pump));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "core/calendar.h"
 #include "core/model_profile.h"
@@ -47,9 +48,11 @@ void SetDestinationBits(core::MemoryImage& image, bool sel1, bool sel2);
 /// Gives every marine record its copy of SEL1; due after each change of the destination bits.
 void CopyPlanSelection(core::RadioData& data);
 
+/// Display name of the data's model.
+[[nodiscard]] std::string ModelName(const core::RadioData& data);
+
 /// New: every record and the image of the current MODELTYPE at their defaults, nothing of the
-/// data before kept. Sets the model name; clears the current file name. Program title, product
-/// name and the debug flag stay.
+/// data before kept.
 void ResetToDefaults(core::RadioData& data, core::Date today);
 
 }  // namespace orvane::image

@@ -56,7 +56,6 @@ void DecodeAll(core::RadioData& data) {
     EndAtFirstEmptyEntry(data.StationGroups);
   }
   DecodeExtraChannels(data);
-  data.ModelName = core::ModelDisplayName(data.MODELTYPE, Sel1(data.Image));
 }
 
 }  // namespace orvane::image

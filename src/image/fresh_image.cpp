@@ -46,12 +46,9 @@ void MakeFreshImage(core::RadioData& data) {
 }
 
 void ResetToDefaults(core::RadioData& data, core::Date today) {
-  core::RadioData fresh;
-  fresh.MODELTYPE = data.MODELTYPE;
-  fresh.Flags = data.Flags;
-  fresh.ProductName = std::move(data.ProductName);
-  fresh.ProgramTitle = std::move(data.ProgramTitle);
-  data = std::move(fresh);
+  const std::int16_t model_type = data.MODELTYPE;
+  data = {};
+  data.MODELTYPE = model_type;
 
   for (const core::MarineGroup group : core::kMarineGroups) {
     core::ResetMarineTable(group, data.Table(group));
@@ -61,11 +58,10 @@ void ResetToDefaults(core::RadioData& data, core::Date today) {
   DecodeExtraChannels(data);
   EncodeAll(data, today);
   CopyPlanSelection(data);
+}
 
-  const bool sel1 = Sel1(data.Image);
-  data.SEL1 = sel1 ? "1" : "0";
-  data.SEL2 = Sel2(data.Image) ? "1" : "0";
-  data.ModelName = core::ModelDisplayName(data.MODELTYPE, sel1);
+std::string ModelName(const core::RadioData& data) {
+  return core::ModelDisplayName(data.MODELTYPE, Sel1(data.Image));
 }
 
 void CopyPlanSelection(core::RadioData& data) {

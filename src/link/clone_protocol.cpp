@@ -54,7 +54,7 @@ std::optional<std::vector<std::uint8_t>> ParseHexData(std::string_view text, int
 
 CloneProtocol::CloneProtocol(SerialLink& link, core::Prompts& prompts, std::string title,
                              std::int16_t retry_count)
-    : data_(link.Data()),
+    : state_(link.State()),
       link_(link),
       prompts_(prompts),
       title_(std::move(title)),
@@ -82,13 +82,13 @@ bool CloneProtocol::Connect() {
 bool CloneProtocol::Handshake() {
   for (int attempt = 0; attempt < kHandshakeTries && !link_.CancelRequested(); ++attempt) {
     link_.SendByte(kHandshakeByte);
-    if (data_.Flags.Error) {
+    if (state_.Error) {
       LetLineRunDry();
       continue;
     }
     if (link_.WaitByte(kHandshakeByte, kHandshakeSeconds) != WaitStatus::kArrived) continue;
     link_.SendByte(kHandshakeConfirm);
-    if (data_.Flags.Error) LetLineRunDry();
+    if (state_.Error) LetLineRunDry();
     return true;
   }
   if (!link_.CancelRequested()) {
@@ -132,18 +132,18 @@ WaitStatus CloneProtocol::WaitCmdOK() {
   const ReceivedText reply = link_.ReadText(kCommandOk.size(), kReplySeconds);
   if (reply.status != WaitStatus::kArrived) return reply.status;
   if (reply.text != kCommandOk || !link_.WaitCrLf()) return WaitStatus::kMismatch;
-  data_.Flags.Error = false;
+  state_.Error = false;
   return WaitStatus::kArrived;
 }
 
 template <class Send>
 WaitStatus CloneProtocol::Exchange(Send send) {
   send();
-  const bool echoed = !data_.Flags.Error;
-  data_.Flags.Error = true;
+  const bool echoed = !state_.Error;
+  state_.Error = true;
   const WaitStatus status = WaitCmdOK();
   if (status != WaitStatus::kArrived || echoed) return status;
-  data_.Flags.Error = true;
+  state_.Error = true;
   return WaitStatus::kMismatch;
 }
 
@@ -185,9 +185,9 @@ bool CloneProtocol::Acknowledged(std::string_view frame, Flush flush) {
   if (flush == Flush::kOnce) link_.FlushInput();
   int attempts = retry_count_;
   while (attempts > 0) {
-    data_.Flags.Error = true;
+    state_.Error = true;
     if (link_.CancelRequested()) {
-      data_.Flags.Cancel = true;
+      state_.Cancel = true;
       return false;
     }
     if (flush == Flush::kEachAttempt) link_.FlushInput();
@@ -205,17 +205,17 @@ bool CloneProtocol::ReadBlock(std::span<std::uint8_t> target, int address, int l
   const bool acknowledged = Acknowledged(frame, Flush::kOnce);
   if (acknowledged) ReceiveDataReply(target, address, length);
   // Synchronising again or a line sent to complain may have cleared the flag with its echo.
-  if (!acknowledged) data_.Flags.Error = true;
-  return !data_.Flags.Error;
+  if (!acknowledged) state_.Error = true;
+  return !state_.Error;
 }
 
-bool CloneProtocol::WriteBlock(int address, int length) {
-  const std::span<const std::uint8_t> bytes = data_.Image.All().subspan(
-      static_cast<std::size_t>(address), static_cast<std::size_t>(length));
+bool CloneProtocol::WriteBlock(std::span<const std::uint8_t> image, int address, int length) {
+  const std::span<const std::uint8_t> bytes =
+      image.subspan(static_cast<std::size_t>(address), static_cast<std::size_t>(length));
   const std::string frame =
       BuildFrame(kCommandWrite, AddressField(address), LengthField(length), HexData(bytes));
   const bool acknowledged = Acknowledged(frame, Flush::kEachAttempt);
-  data_.Flags.Error = !acknowledged;
+  state_.Error = !acknowledged;
   return acknowledged;
 }
 
@@ -227,13 +227,13 @@ ReceivedText CloneProtocol::ReadHeader() {
 }
 
 void CloneProtocol::ReceiveDataReply(std::span<std::uint8_t> target, int address, int length) {
-  data_.Flags.Error = true;
+  state_.Error = true;
   link_.ClearCancel();
   const ReceivedText header = ReadHeader();
   if (header.status != WaitStatus::kArrived) return;
   if (header.text != kCommandData) {
     link_.SendLine(kCommandError);
-    data_.Flags.Error = true;
+    state_.Error = true;
     return;
   }
   ParseDataReply(target, address, length);
@@ -245,7 +245,7 @@ void CloneProtocol::ParseDataReply(std::span<std::uint8_t> target, int address, 
   if (rest.status != WaitStatus::kArrived) return;
   if (!VerifyLineChecksum(std::string(kCommandData) + rest.text)) {
     link_.SendLine(kCommandChecksumWrong);
-    data_.Flags.Error = true;
+    state_.Error = true;
     return;
   }
   const std::vector<std::string_view> fields = core::Split(rest.text, static_cast<char>(kTab));
@@ -271,7 +271,7 @@ bool CloneProtocol::StatusCheck() {
       status = Status::kFailed;
     }
   }
-  data_.Flags.Error = status != Status::kReady;
+  state_.Error = status != Status::kReady;
   return status == Status::kReady;
 }
 
@@ -302,7 +302,7 @@ CloneProtocol::Status CloneProtocol::ReadStatusReply() {
     return Status::kFailed;
   }
   link_.SendLine(kCommandOk);
-  if (data_.Flags.Error) return Status::kFailed;
+  if (state_.Error) return Status::kFailed;
   const std::vector<std::string_view> fields = core::Split(rest.text, static_cast<char>(kTab));
   const std::string_view status = FieldAt(fields, kStatusAt);
   if (status == "00") return Status::kReady;
@@ -315,7 +315,7 @@ void CloneProtocol::AbortTransfer() {
   link_.SendByte(kCancelByte);
   // The answer is waited for so that the radio has let go of the line; without one nothing is lost.
   static_cast<void>(link_.WaitByte(kAcknowledgeByte, kAbortSeconds));
-  data_.Flags.Cancel = true;
+  state_.Cancel = true;
 }
 
 }  // namespace orvane::link

@@ -34,8 +34,8 @@ class CloneProtocol {
   /// Reads length bytes at a radio address into target, at the same index. Nothing is stored
   /// unless the reply is whole and its checksum, address and length are right.
   bool ReadBlock(std::span<std::uint8_t> target, int address, int length);
-  /// Writes length bytes of the memory image to the same radio address.
-  bool WriteBlock(int address, int length);
+  /// Writes length bytes of the image to the radio, from and to the same address.
+  bool WriteBlock(std::span<const std::uint8_t> image, int address, int length);
 
   /// Tells the radio to give up, and sets the cancel flag.
   void AbortTransfer();
@@ -63,7 +63,7 @@ class CloneProtocol {
   Status AskStatus();
   Status ReadStatusReply();
 
-  core::RadioData& data_;
+  core::RunState& state_;
   SerialLink& link_;
   core::Prompts& prompts_;
   std::string title_;

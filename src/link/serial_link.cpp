@@ -35,8 +35,8 @@ std::vector<std::uint8_t> BytesOf(std::string_view text, std::string_view termin
 
 }  // namespace
 
-SerialLink::SerialLink(core::RadioData& data, const LinkServices& services)
-    : data_(data), services_(services) {}
+SerialLink::SerialLink(core::RunState& state, const LinkServices& services)
+    : state_(state), services_(services) {}
 
 bool SerialLink::OpenPort(std::string_view routine) {
   std::optional<core::SystemError> failure = services_.port.Open();
@@ -104,7 +104,7 @@ void SerialLink::FlushInput() {
 // something happens, so that waiting costs no processor time and a byte is seen when it arrives.
 // A wait that begins cancelled must not sleep.
 void SerialLink::Yield(double deadline) {
-  if (services_.port.Waiting() == 0 && !data_.Flags.Cancel) {
+  if (services_.port.Waiting() == 0 && !state_.Cancel) {
     if (std::optional<core::SystemError> failure = services_.port.Failure()) {
       throw LinkFailure(*std::move(failure));
     }
@@ -133,7 +133,7 @@ WaitStatus SerialLink::Wait(double seconds, OnByte on_byte, Silence silence) {
       silent = false;
       verdict = on_byte(*byte);
     }
-    if (data_.Flags.Cancel) return WaitStatus::kCancelled;
+    if (state_.Cancel) return WaitStatus::kCancelled;
     const double now = services_.clock.Now();
     if (now > deadline) return WaitStatus::kTimedOut;
     if (now > wake) {
@@ -145,7 +145,7 @@ WaitStatus SerialLink::Wait(double seconds, OnByte on_byte, Silence silence) {
 }
 
 void SerialLink::EchoWait(std::span<const std::uint8_t> sent) {
-  data_.Flags.Error = true;
+  state_.Error = true;
   ClearCancel();
   std::size_t matched = 0;
   const auto match = [&](std::uint8_t byte) -> std::optional<WaitStatus> {
@@ -154,7 +154,7 @@ void SerialLink::EchoWait(std::span<const std::uint8_t> sent) {
     return WaitStatus::kArrived;
   };
   if (sent.empty() || Wait(kEchoSeconds, match, Silence::kShown) == WaitStatus::kArrived) {
-    data_.Flags.Error = false;
+    state_.Error = false;
   }
 }
 
@@ -222,14 +222,14 @@ void SerialLink::AwaitSilence() {
 
 void SerialLink::Rest(double seconds) {
   const double end = services_.clock.Now() + seconds;
-  while (!data_.Flags.Cancel && services_.clock.Now() < end) {
+  while (!state_.Cancel && services_.clock.Now() < end) {
     services_.clock.Pause(std::min(kYieldInterval, end - services_.clock.Now()));
     services_.pump.ProcessEvents();
   }
 }
 
 void SerialLink::Monitor(std::string_view text) {
-  if (!data_.Flags.Debug) return;
+  if (!state_.Debug) return;
   services_.view.Monitor(text);
   services_.clock.Pause(kMonitorPause);
 }
@@ -241,7 +241,7 @@ core::Facts SerialLink::PortFacts(core::Facts facts) const {
 }
 
 void SerialLink::WriteErrLog(std::string_view routine, const core::SystemError& error) {
-  if (!data_.Flags.Debug) return;
+  if (!state_.Debug) return;
   // The log has one line for each failure; what follows the first line is advice to the user.
   const std::string reason = error.description.substr(0, error.description.find_first_of("\r\n"));
   services_.log.Write(routine, std::to_string(error.number) + reason);
@@ -249,12 +249,12 @@ void SerialLink::WriteErrLog(std::string_view routine, const core::SystemError& 
 
 void SerialLink::ClearCancel() {
   cancel_seen_ = CancelRequested();
-  data_.Flags.Cancel = false;
+  state_.Cancel = false;
 }
 
 void SerialLink::ForgetCancel() {
   cancel_seen_ = false;
-  data_.Flags.Cancel = false;
+  state_.Cancel = false;
 }
 
 }  // namespace orvane::link

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "core/messages.h"
-#include "core/radio_data.h"
+#include "core/run_state.h"
 #include "core/services.h"
 #include "link/monitor.h"
 #include "link/port_list.h"
@@ -55,12 +55,12 @@ class LinkFailure : public std::runtime_error {
 /// Sends over the echoing cable and collects replies, with deadlines and cancellation.
 ///
 /// Every byte sent comes back before the radio answers; a transmission counts only when its whole
-/// echo has come back unchanged. The outcome of sending is the error flag of the data set, as is
-/// cancelling: set by the user interface while a wait lets it process its events. All operations
+/// echo has come back unchanged. The outcome of sending is the error flag; the cancel flag is
+/// set by the user interface while a wait lets it process its events. All operations
 /// that send or wait throw LinkFailure when the device is gone.
 class SerialLink {
  public:
-  SerialLink(core::RadioData& data, const LinkServices& services);
+  SerialLink(core::RunState& state, const LinkServices& services);
 
   bool PortOpen();    ///< does nothing when the port is open already
   bool PortInit();    ///< opens anew
@@ -97,11 +97,11 @@ class SerialLink {
   /// of Cancel that falls between two waits must not be lost.
   void ClearCancel();
   /// The user has cancelled since ForgetCancel(), whether or not the flag was cleared since.
-  [[nodiscard]] bool CancelRequested() const { return cancel_seen_ || data_.Flags.Cancel; }
+  [[nodiscard]] bool CancelRequested() const { return cancel_seen_ || state_.Cancel; }
   /// A session begins: nothing is cancelled.
   void ForgetCancel();
 
-  [[nodiscard]] core::RadioData& Data() { return data_; }
+  [[nodiscard]] core::RunState& State() { return state_; }
 
  private:
   bool Reopen(std::string_view routine);
@@ -111,7 +111,7 @@ class SerialLink {
   template <class OnByte>
   WaitStatus Wait(double seconds, OnByte on_byte, Silence silence = Silence::kUsual);
 
-  core::RadioData& data_;
+  core::RunState& state_;
   LinkServices services_;
   core::SystemError open_failure_;
   bool cancel_seen_ = false;

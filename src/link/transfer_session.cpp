@@ -44,9 +44,9 @@ std::string_view ModeTitle(SessionKind kind) {
   return {};
 }
 
-TransferSession::TransferSession(core::RadioData& data, const LinkServices& services,
-                                 core::Prompts& prompts)
-    : data_(data), services_(services), prompts_(prompts), link_(data, services) {}
+TransferSession::TransferSession(core::RadioData& data, core::RunState& state,
+                                 const LinkServices& services, core::Prompts& prompts)
+    : data_(data), state_(state), services_(services), prompts_(prompts), link_(state, services) {}
 
 core::Answer TransferSession::NotedPrompts::Show(const core::Message& message) {
   told = told || message.buttons == core::Buttons::kOk;
@@ -60,7 +60,7 @@ TransferOutcome TransferSession::Run(SessionKind kind) {
   prompts_.told = false;
   writing_begun_ = false;
   transfer_done_ = false;
-  data_.Flags.Busy = true;
+  state_.Busy = true;
   TransferOutcome outcome;
   try {
     CloneProtocol protocol(link_, prompts_, std::string(ModeTitle(kind)));
@@ -72,7 +72,7 @@ TransferOutcome TransferSession::Run(SessionKind kind) {
   }
   link_.PortClose();
   services_.view.ShowProgress(0);
-  data_.Flags.Busy = false;
+  state_.Busy = false;
   if (transfer_done_) outcome.ending = Ending::kDone;
   outcome.partly_written = writing_begun_ && !transfer_done_;
   outcome.said = prompts_.told;
@@ -82,24 +82,24 @@ TransferOutcome TransferSession::Run(SessionKind kind) {
 
 Ending TransferSession::EndingWithoutTransfer() const {
   if (link_.CancelRequested()) return Ending::kCancelled;
-  return data_.Flags.Error ? Ending::kFailed : Ending::kDeclined;
+  return state_.Error ? Ending::kFailed : Ending::kDeclined;
 }
 
 void TransferSession::ReportUnexpected(const core::SystemError& error) {
   link_.WriteErrLog(routine_, error);
   prompts_.Show(core::MakeMessage(
-      MessageId::kUnexpectedFailure, data_.ProductName,
+      MessageId::kUnexpectedFailure, core::kProductName,
       link_.PortFacts({{"failure", std::to_string(error.number) + "\r\r" + error.description},
                        {"note", std::string(writing_begun_ ? kPartlyWrittenNote : "")}})));
-  data_.Flags.Error = true;
-  data_.Flags.Cancel = true;
+  state_.Error = true;
+  state_.Cancel = true;
 }
 
 Ending TransferSession::RunSession(SessionKind kind, CloneProtocol& protocol) {
   link_.Monitor("startsync...");
   if (!protocol.Connect()) {
     link_.Monitor("can not syncing!!");
-    data_.Flags.Error = true;
+    state_.Error = true;
     return EndingWithoutTransfer();
   }
   link_.Monitor("sync ok");
@@ -130,7 +130,7 @@ bool TransferSession::RadioIsReady(CloneProtocol& protocol) {
     return false;
   }
   ReadDataChkModel(protocol, ModelCheckTitle(kind_));
-  return !data_.Flags.Error;
+  return !state_.Error;
 }
 
 void TransferSession::ReadFromRadio(CloneProtocol& protocol) {
@@ -160,8 +160,8 @@ void TransferSession::ProgramToRadio(CloneProtocol& protocol) {
 
 // A press of Cancel may have fallen into an exchange that failed for another reason.
 bool TransferSession::Cancelled() {
-  if (data_.Flags.Error && link_.CancelRequested()) data_.Flags.Cancel = true;
-  return data_.Flags.Cancel;
+  if (state_.Error && link_.CancelRequested()) state_.Cancel = true;
+  return state_.Cancel;
 }
 
 void TransferSession::Complete() {
@@ -171,7 +171,7 @@ void TransferSession::Complete() {
 }
 
 void TransferSession::Refuse(MessageId id, std::string_view title, const core::Facts& facts) {
-  data_.Flags.Error = true;
+  state_.Error = true;
   prompts_.Show(core::MakeMessage(id, title, facts));
 }
 
@@ -213,7 +213,7 @@ void TransferSession::CompareRadio(const core::MemoryImage& scratch, std::string
   if (faults.product) {
     Refuse(MessageId::kProductOfRadio, title, core::ProductFacts(faults.product_byte, profile));
   }
-  if (data_.Flags.Error) return;
+  if (state_.Error) return;
   const core::DestinationBits theirs{image::Sel1(scratch), image::Sel2(scratch)};
   const core::DestinationBits ours{image::Sel1(data_.Image), image::Sel2(data_.Image)};
   if (theirs != ours) {
@@ -239,7 +239,7 @@ void TransferSession::ReadData(CloneProtocol& protocol, core::MemoryImage& buffe
   if (cancelled) protocol.AbortTransfer();
   link_.PortClose();
   if (cancelled) return;
-  if (data_.Flags.Error) return Refuse(MessageId::kExchangeFailed, core::kReadFromRadio);
+  if (state_.Error) return Refuse(MessageId::kExchangeFailed, core::kReadFromRadio);
   services_.clock.Pause(kEndOfRunPause);
 }
 
@@ -274,10 +274,10 @@ void TransferSession::WriteData(CloneProtocol& protocol) {
   }
   link_.PortClose();
   if (Cancelled()) {
-    data_.Flags.Error = true;  // also when Cancel was pressed between two blocks that went well
+    state_.Error = true;  // also when Cancel was pressed between two blocks that went well
     return;
   }
-  if (!data_.Flags.Error) return services_.clock.Pause(kEndOfRunPause);
+  if (!state_.Error) return services_.clock.Pause(kEndOfRunPause);
   Refuse(MessageId::kWritingFailed, core::kProgramToRadio,
          {{"note", std::string(kPartlyWrittenNote)}});
 }
@@ -289,13 +289,13 @@ void TransferSession::WriteRow(CloneProtocol& protocol, int block_address) {
   bool failed = false;
   for (const Piece& piece : pieces) {
     if (!link_.CancelRequested()) writing_begun_ = true;
-    if (protocol.WriteBlock(piece.address, piece.length)) {
+    if (protocol.WriteBlock(data_.Image.All(), piece.address, piece.length)) {
       bytes_done_ += WireBytesOfWrite(piece.length);
     } else {
       failed = true;
     }
   }
-  data_.Flags.Error = failed;
+  state_.Error = failed;
   if (!pieces.empty() && !failed)
     services_.view.BlockDone(block_address, bytes_done_, bytes_total_);
 }

@@ -7,6 +7,7 @@
 #include "core/memory_image.h"
 #include "core/messages.h"
 #include "core/radio_data.h"
+#include "core/run_state.h"
 #include "core/services.h"
 #include "link/clone_protocol.h"
 #include "link/serial_link.h"
@@ -26,7 +27,8 @@ enum class SessionKind { kRead = 0, kProgram = 1, kClear = 2 };
 /// cancelled program run leaves the radio with a partly written image and says so.
 class TransferSession {
  public:
-  TransferSession(core::RadioData& data, const LinkServices& services, core::Prompts& prompts);
+  TransferSession(core::RadioData& data, core::RunState& state, const LinkServices& services,
+                  core::Prompts& prompts);
 
   /// Runs the session to its end. Never throws. Busy flag set meanwhile; the port is closed
   /// afterwards. With the error flag set, the dialog stays open and OK may be pressed again. After
@@ -54,7 +56,7 @@ class TransferSession {
   void ProgramToRadio(CloneProtocol& protocol);
   [[nodiscard]] bool RadioIsReady(CloneProtocol& protocol);
   [[nodiscard]] bool OpenForBlocks(std::string_view routine);
-  [[nodiscard]] bool HasStopped() const { return data_.Flags.Error || data_.Flags.Cancel; }
+  [[nodiscard]] bool HasStopped() const { return state_.Error || state_.Cancel; }
   [[nodiscard]] bool Cancelled();
   void Complete();
   void Refuse(core::MessageId id, std::string_view title, const core::Facts& facts = {});
@@ -67,6 +69,7 @@ class TransferSession {
   void WriteRow(CloneProtocol& protocol, int block_address);
 
   core::RadioData& data_;
+  core::RunState& state_;
   LinkServices services_;
   NotedPrompts prompts_;
   SerialLink link_;

@@ -11,7 +11,7 @@
 #include <QRawFont>
 #include <vector>
 
-#include "files/printed_pages.h"
+#include "core/product.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::platform {
@@ -102,14 +102,15 @@ QPageSize::PageSizeId LocalPaper() {
 
 }  // namespace
 
-std::optional<core::SystemError> PaintReport(const core::RadioData& data, core::Date today,
+std::optional<core::SystemError> PaintReport(const core::RadioData& data,
+                                             const files::Imprint& imprint,
                                              QPagedPaintDevice& device) {
   const std::optional<QFont> font = TypewriterFont();
   if (!font) return core::SystemError{0, kNoFont};
   const core::SystemError not_painted{0, kNotPainted};
   const double height_mm = device.pageLayout().fullRect(QPageLayout::Millimeter).height();
   const std::vector<files::PrintedPage> pages =
-      files::BuildPrintedPages(data, files::LinesPerPage(height_mm), today);
+      files::BuildPrintedPages(data, files::LinesPerPage(height_mm), imprint);
   QPainter painter;
   if (!painter.begin(&device)) return not_painted;
   painter.setFont(*font);
@@ -122,14 +123,14 @@ std::optional<core::SystemError> PaintReport(const core::RadioData& data, core::
   return painter.end() ? std::nullopt : std::optional(not_painted);
 }
 
-core::FileBytes PdfReport(const core::RadioData& data, core::Date today) {
+core::FileBytes PdfReport(const core::RadioData& data, const files::Imprint& imprint) {
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter writer(&buffer);
   writer.setPageLayout(QPageLayout(QPageSize(LocalPaper()), QPageLayout::Portrait, QMarginsF()));
-  writer.setTitle(FromUtf8(data.ProgramTitle));
-  writer.setCreator(FromUtf8(data.ProductName));
-  if (const std::optional<core::SystemError> failure = PaintReport(data, today, writer)) {
+  writer.setTitle(FromUtf8(core::kProgramTitle));
+  writer.setCreator(FromUtf8(core::kProductName));
+  if (const std::optional<core::SystemError> failure = PaintReport(data, imprint, writer)) {
     return {failure, {}};
   }
   return {std::nullopt, buffer.data().toStdString()};

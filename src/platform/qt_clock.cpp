@@ -1,6 +1,7 @@
 #include "platform/qt_clock.h"
 
 #include <QDate>
+#include <QTime>
 #include <chrono>
 #include <thread>
 
@@ -15,6 +16,10 @@ core::Date QtClock::Today() const {
   return core::Date{std::chrono::year{today.year()},
                     std::chrono::month{static_cast<unsigned>(today.month())},
                     std::chrono::day{static_cast<unsigned>(today.day())}};
+}
+
+std::string QtClock::TimeOfDay() const {
+  return QTime::currentTime().toString(QStringLiteral("HH:mm")).toStdString();
 }
 
 void QtClock::Pause(double seconds) {

@@ -11,6 +11,7 @@ class QtClock : public core::Clock {
   QtClock() { elapsed_.start(); }
   [[nodiscard]] double Now() const override;
   [[nodiscard]] core::Date Today() const override;
+  [[nodiscard]] std::string TimeOfDay() const override;
   void Pause(double seconds) override;
 
  private:

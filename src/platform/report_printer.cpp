@@ -4,6 +4,7 @@
 #include <QPrinterInfo>
 #include <string>
 
+#include "core/product.h"
 #include "platform/ansi_text.h"
 #include "platform/printed_report.h"
 
@@ -44,10 +45,10 @@ bool QtReportPrinter::Ask(QWidget& parent) {
 }
 
 std::optional<core::SystemError> QtReportPrinter::Print(const core::RadioData& data,
-                                                        core::Date today) {
+                                                        const files::Imprint& imprint) {
   if (!printer_) return core::SystemError{0, "No printer was chosen."};
-  printer_->setDocName(FromUtf8(data.ProgramTitle));
-  const std::optional<core::SystemError> failure = PaintReport(data, today, *printer_);
+  printer_->setDocName(FromUtf8(core::kProgramTitle));
+  const std::optional<core::SystemError> failure = PaintReport(data, imprint, *printer_);
   const QPrinter::PrinterState state = printer_->printerState();
   if (!failure && state != QPrinter::Error && state != QPrinter::Aborted) return std::nullopt;
   const std::string reason =

@@ -7,6 +7,7 @@
 
 #include "core/radio_data.h"
 #include "core/services.h"
+#include "files/printed_pages.h"
 
 namespace orvane::platform {
 
@@ -19,7 +20,7 @@ class ReportPrinter {
   [[nodiscard]] virtual bool Ask(QWidget& parent) = 0;
   /// Prints the report as chosen. Pages that a failing printer already took stay printed.
   [[nodiscard]] virtual std::optional<core::SystemError> Print(const core::RadioData& data,
-                                                               core::Date today) = 0;
+                                                               const files::Imprint& imprint) = 0;
 };
 
 /// The printers the system knows, through its own dialog.
@@ -28,7 +29,7 @@ class QtReportPrinter : public ReportPrinter {
   [[nodiscard]] bool HasPrinter() const override;
   [[nodiscard]] bool Ask(QWidget& parent) override;
   [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& data,
-                                                       core::Date today) override;
+                                                       const files::Imprint& imprint) override;
 
  private:
   std::unique_ptr<QPrinter> printer_;

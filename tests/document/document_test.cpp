@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "core/field_ref.h"
 #include "document/edits.h"
 #include "support/random_data.h"
 
@@ -23,10 +24,14 @@ std::string& Name(RadioData& data) {
   return data.Marine[0][32].ChTag;
 }
 
-void Rename(Document& document, std::string name, std::uint64_t run = 0) {
+void Rename(Document& document, std::string name,
+            Document::Manner manner = Document::Manner::kChoice) {
+  const RadioData& data = document.Data();
   document.Edit(
-      "", [&](RadioData& data) { Name(data) = std::move(name); }, run);
+      core::RefTo<&core::ChannelRecord::ChTag>(data, data.Marine[0][32]),
+      [&](RadioData& edited) { Name(edited) = std::move(name); }, manner);
 }
+constexpr Document::Manner kTyped = Document::Manner::kTyping;
 
 // One edit by a rule, by a field of its own, or by several of them.
 void AnyEdit(Document& document, RandomData& random) {
@@ -114,12 +119,12 @@ TEST(Document, AnEditThatThrowsOrChangesNothingLeavesNoStep) {
 
 TEST(Document, LettersTypedIntoOneBoxAreOneStep) {
   Document document(Fresh());
-  for (const char* text : {"H", "HA", "HAI"}) Rename(document, text, 1);
-  Rename(document, "HAIL", 2);
-  document.EndRun();
-  Rename(document, "HAILS", 2);
+  for (const char* text : {"H", "HA", "HAI"}) Rename(document, text, kTyped);
+  document.EndTyping();  // the box was left
+  for (const char* text : {"HAIL", "HAILS"}) Rename(document, text, kTyped);
+  Rename(document, "PASTED");
   ASSERT_EQ(document.Steps().size(), 3U);
-  EXPECT_EQ(document.Steps()[0].name, "USA 16 CH Name");
+  EXPECT_EQ(document.Steps()[0].name, "CH16 CH Name");
   document.Undo();
   document.Undo();
   EXPECT_EQ(document.Data().Marine[0][32].ChTag, "HAI");
@@ -129,11 +134,11 @@ TEST(Document, LettersTypedIntoOneBoxAreOneStep) {
 
 TEST(Document, ASavedPlaceIsFoundAgainFromBothSides) {
   Document document(Fresh());
-  Rename(document, "ONE", 1);
+  Rename(document, "ONE", kTyped);
   document.MarkSaved("boat.dat", "14:02");
   EXPECT_TRUE(document.IsSaved());
   EXPECT_TRUE(document.HasChanged()) << "the question on exit is not about files";
-  Rename(document, "TWO", 1);  // joins no step that the file holds
+  Rename(document, "TWO", kTyped);  // joins no step that the file holds
   EXPECT_EQ(document.Steps().size(), 2U);
   EXPECT_FALSE(document.IsSaved());
   document.Undo();

@@ -11,7 +11,6 @@
 #include "platform/qt_serial_port.h"
 #include "real_time_desk.h"
 #include "support/open_descriptors.h"
-#include "support/radio_data_compare.h"
 
 using namespace orvane;
 
@@ -41,13 +40,13 @@ class CableTest : public QObject {
     desk.window->SelectNode("PU32");
     QTest::mouseClick(desk.Find<QCheckBox>("chkCScan"), Qt::LeftButton, {}, QPoint(8, 8));
     QCOMPARE(static_cast<bool>(channel.ScanMemory), !scanned);
-    QVERIFY(desk.data.Flags.DataChanged);
+    QVERIFY(desk.document.HasChanged());
 
     QVERIFY(desk.Transfer(kProgram));
     channel.ScanMemory = scanned;
     QVERIFY(desk.Transfer(kRead));
     QCOMPARE(static_cast<bool>(desk.data.Table(core::MarineGroup::kUsa)[32].ScanMemory), !scanned);
-    QVERIFY(!desk.data.Flags.DataChanged);
+    QVERIFY(!desk.document.HasChanged());
     QCOMPARE(desk.Messages(), QStringList({"Complete!!", "Complete!!", "Complete!!"}));
   }
 
@@ -65,8 +64,8 @@ class CableTest : public QObject {
     testing::RealTimeDesk desk = Desk();
     desk.Start();
     desk.data.Table(core::MarineGroup::kUsa)[32].ChTag = "MINE";
-    desk.data.CurrentFileName = "/out/boat.dat";
-    desk.window->DataChanged();
+    desk.document.MarkSaved("/out/boat.dat", {});
+    desk.document.NoteChange();
     const core::RadioData before = desk.data;
     const std::ptrdiff_t descriptors = testing::OpenDescriptors();
     const double began = desk.real_clock.Now();
@@ -89,9 +88,9 @@ class CableTest : public QObject {
       QCOMPARE(desk.Messages().size(), 2);
       QCOMPARE(desk.Messages()[1], "port inicialize error!!");
     });
-    if (reading) QVERIFY(testing::SameContents(desk.data, before));
-    QCOMPARE(desk.data.CurrentFileName, before.CurrentFileName);
-    QVERIFY(desk.data.Flags.DataChanged && !desk.data.Flags.Busy && desk.window->isEnabled());
+    if (reading) QVERIFY(desk.data == before);
+    QCOMPARE(desk.document.FileName(), "/out/boat.dat");
+    QVERIFY(desk.document.HasChanged() && !desk.state.Busy && desk.window->isEnabled());
     QCOMPARE(testing::OpenDescriptors(), descriptors);
   }
 

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <tuple>
 
+#include "core/product.h"
 #include "editor/field_rules.h"
 #include "page_desk.h"
 
@@ -85,9 +86,9 @@ class ChannelPageTest : public QObject {
       const Row row(key);
       Desk desk(5, key);
       const core::RadioData before = desk.data;
-      desk.data.Flags.Busy = true;
+      desk.state.Busy = true;
       desk.WorkAll();
-      QVERIFY(testing::SameContents(desk.data, before));
+      QVERIFY(desk.data == before);
       QCOMPARE(desk.host.changes, 0);
     }
   }
@@ -540,7 +541,7 @@ class ChannelPageTest : public QObject {
       if (!enabled) desk.Press("chkCEnable");
       QCOMPARE(desk.page->Check(), messages.empty());
       QCOMPARE(desk.prompts.Texts(), messages);
-      if (!messages.empty()) QCOMPARE(desk.prompts.messages.back().title, "Title");
+      if (!messages.empty()) QCOMPARE(desk.prompts.messages.back().title, core::kProgramTitle);
       if (name == std::string_view("txtCRF")) QCOMPARE(desk.Text("txtCRF"), "---.----");
     }
   }

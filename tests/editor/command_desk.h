@@ -14,39 +14,15 @@
 
 namespace orvane::testing {
 
-class ScriptedPrinter : public platform::ReportPrinter {
- public:
-  [[nodiscard]] bool HasPrinter() const override { return has_printer; }
-  [[nodiscard]] bool Ask(QWidget& /*parent*/) override { return chosen; }
-  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& /*data*/,
-                                                       core::Date /*today*/) override {
-    ++printed;
-    return failure;
-  }
-  bool has_printer = true;
-  bool chosen = true;
-  std::optional<core::SystemError> failure;
-  int printed = 0;
-};
-
-class RecordingHelp : public help::HelpOpener {
- public:
-  [[nodiscard]] bool HasHelp() const override { return has_help; }
-  [[nodiscard]] std::optional<std::string> Open(QWidget& owner, int context) override {
-    opened << QStringLiteral("%1 %2").arg(owner.objectName()).arg(context);
-    return failure;
-  }
-  void Close() override { opened << QStringLiteral("closed"); }
-  void Reopen() override { opened << QStringLiteral("reopened"); }
-  bool has_help = true;
-  std::optional<std::string> failure;
-  QStringList opened;
-};
-
-/// The main window with its real commands, and a simulated radio at whichever port is opened.
+/// The main window, and a simulated radio at whichever port is opened.
 struct CommandDesk : WindowDesk {
-  explicit CommandDesk(core::FileStore* other_files = nullptr) : WindowDesk(other_files) {
-    used_commands = &real_commands_;
+  explicit CommandDesk(core::FileStore* other_files = nullptr,
+                       std::size_t history_bytes = document::Document::kHistoryBytes)
+      : WindowDesk(other_files, history_bytes) {
+    make_port = [this](int number) {
+      opened_ports.push_back(number);
+      return std::make_unique<PluggedPort>(*this);
+    };
     pump.on_wait = [this](double deadline) {
       if (waiting) waiting();
       return plugged_ == nullptr ? std::nullopt : plugged_->NextWake(deadline);
@@ -70,8 +46,6 @@ struct CommandDesk : WindowDesk {
   std::function<void(const link::Exchange&)> on_exchange;
   std::function<void()> waiting;  ///< called each time that a transfer waits
   std::vector<int> opened_ports;
-  ScriptedPrinter printer;
-  RecordingHelp help;
 
  private:
   /// Lets the pump know which port lives.
@@ -90,14 +64,6 @@ struct CommandDesk : WindowDesk {
   };
 
   link::SimulatedPort* plugged_ = nullptr;
-  editor::WindowCommands real_commands_{Services(),
-                                        {.make_port =
-                                             [this](int number) {
-                                               opened_ports.push_back(number);
-                                               return std::make_unique<PluggedPort>(*this);
-                                             },
-                                         .printer = printer,
-                                         .help = &help}};
 };
 
 }  // namespace orvane::testing

@@ -15,7 +15,6 @@
 #include "files/image_file.h"
 #include "files/text_report.h"
 #include "image/codec.h"
-#include "support/radio_data_compare.h"
 #include "support/row.h"
 
 using namespace orvane;
@@ -117,10 +116,10 @@ class CommandsTest : public QObject {
       Choose(window, "mnuFileSave");
       QCOMPARE(desk.files.files["/out/report.txt"], files::BuildTextReport(desk.data) + "\r\n");
       QCOMPARE(desk.dialogs.requests[0].filter, "Text files(*.txt)|*.txt|All files(*.*)|*.*");
-      QVERIFY(!desk.data.Flags.Error && !desk.data.Flags.Cancel);
+      QVERIFY(!desk.state.Error && !desk.state.Cancel);
       Choose(window, "mnuFileSave");  // the dialog is cancelled
-      QVERIFY(desk.data.Flags.Cancel && desk.prompts.messages.empty());
-      desk.data.Flags.Cancel = false;
+      QVERIFY(desk.state.Cancel && desk.prompts.messages.empty());
+      desk.state.Cancel = false;
       desk.dialogs.paths = {"/full/r.txt"};
       Choose(window, "mnuFileSave");
       QVERIFY(window.isVisible() && window.isEnabled());
@@ -129,7 +128,7 @@ class CommandsTest : public QObject {
     QCOMPARE(desk.Messages(), QStringList{"No space left on device"});
     QCOMPARE(desk.prompts.messages[0].title, "KT740 PC Program for KT740 Series");
     QVERIFY(desk.prompts.messages[0].icon == Icon::kExclamation);
-    QVERIFY(desk.data.Flags.Error && desk.data.Flags.Cancel);
+    QVERIFY(desk.state.Error && desk.state.Cancel);
   }
 
   void ReportCanBeSearchedCopiedAndZoomed() {
@@ -174,10 +173,10 @@ class CommandsTest : public QObject {
     desk.Start();
     desk.printer.chosen = false;
     desk.Item("mnuFilePrint").trigger();
-    QCOMPARE(desk.printer.printed, 0);
+    QCOMPARE(desk.printer.printed.size(), 0U);
     desk.printer.chosen = true;
     desk.Item("mnuFilePrint").trigger();
-    QCOMPARE(desk.printer.printed, 1);
+    QCOMPARE(desk.printer.printed.size(), 1U);
     QVERIFY(desk.prompts.messages.empty());
     desk.printer.failure = core::SystemError{0, "Laser: The printer reports an error."};
     desk.Item("mnuFilePrint").trigger();
@@ -218,7 +217,7 @@ class CommandsTest : public QObject {
 
   void ImageFileRoundTripRefreshesEverything() {
     CommandDesk desk;
-    desk.data.Flags.Debug = true;
+    desk.state.Debug = true;
     desk.Start();
     desk.data.Image = desk.sample.Image;  // a fresh one has no product code and would be refused
     image::DecodeAll(desk.data);
@@ -235,7 +234,7 @@ class CommandsTest : public QObject {
     QVERIFY(!desk.window->windowTitle().contains("boat"));
 
     desk.TriggerAndWait("mnuFileNew");
-    desk.window->DataChanged();
+    desk.document.NoteChange();
     desk.window->SelectNode("PI3");
     PressDebugKey(desk, Qt::Key_F2);
     QVERIFY(desk.prompts.messages.empty());
@@ -244,41 +243,41 @@ class CommandsTest : public QObject {
     QCOMPARE(desk.PageName(), "pictGeneral");
     QVERIFY(!desk.Tree().Contains("PI"));
     QCOMPARE(desk.Model(), "KT520");
-    QVERIFY(!desk.data.Flags.DataChanged && !desk.data.Flags.Busy && !desk.data.Flags.Cancel);
+    QVERIFY(!desk.document.HasChanged() && !desk.state.Busy && !desk.state.Cancel);
   }
 
   void ImageFileThatCannotBeReadOrWrittenIsTold() {
     CommandDesk desk;
-    desk.data.Flags.Debug = true;
+    desk.state.Debug = true;
     desk.Start();
     desk.files.files["/in/short.hex"] = HexBytes(desk.sample).substr(1);
     desk.files.failing["/full/a.hex"] = kDiskFull;
     desk.dialogs.paths = {"/in/short.hex", "/full/a.hex"};
     const core::RadioData before = desk.data;
     PressDebugKey(desk, Qt::Key_F2);
-    QVERIFY(testing::SameContents(desk.data, before));
-    QVERIFY(desk.window->isEnabled() && !desk.data.Flags.Busy);
+    QVERIFY(desk.data == before);
+    QVERIFY(desk.window->isEnabled() && !desk.state.Busy);
     PressDebugKey(desk, Qt::Key_F3);
     QCOMPARE(desk.Messages(), QStringList({"bad file!!", "FileSave Error!!"}));
-    QVERIFY(desk.data.Flags.Cancel && !desk.data.Flags.Busy && desk.window->isEnabled());
+    QVERIFY(desk.state.Cancel && !desk.state.Busy && desk.window->isEnabled());
   }
 
   void WindowIsBusyWhileAFileIsReadOrWritten() {
     CommandDesk desk;
-    desk.data.Flags.Debug = true;
+    desk.state.Debug = true;
     desk.Start();
     desk.data.Image = desk.sample.Image;
     desk.dialogs.paths = {"/out/a.dat", "/out/a.dat", "/out/a.hex", "/out/a.hex"};
     int looks = 0;
     const auto look = [&] {
       ++looks;
-      QVERIFY(desk.data.Flags.Busy);
+      QVERIFY(desk.state.Busy);
       QVERIFY(!desk.window->isEnabled());
     };
     const auto looked = [&](const char* what) {
       const testing::Row row(what);
       QVERIFY(std::exchange(looks, 0) > 0);
-      QVERIFY(!desk.data.Flags.Busy && !desk.data.Flags.Cancel && desk.window->isEnabled());
+      QVERIFY(!desk.state.Busy && !desk.state.Cancel && desk.window->isEnabled());
     };
     desk.pump.on_yield = look;
     desk.Item("mnuFileSaveAs").trigger();
@@ -355,7 +354,7 @@ class CommandsTest : public QObject {
     // A frequency outside the band, and none at all on a channel in use.
     for (const char* frequency : {"120", ""}) {
       CommandDesk desk;
-      desk.data.Flags.Debug = true;
+      desk.state.Debug = true;
       desk.Start();
       desk.data.EXP = desk.sample.EXP;
       desk.data.LmrPresent() = true;
@@ -379,9 +378,9 @@ class CommandsTest : public QObject {
         desk.prompts.messages = {{}};
         QCOMPARE(desk.Tree().CurrentKey(), "L1");
         QCOMPARE(desk.PageName(), "pictC");
-        QVERIFY(testing::SameContents(desk.data, before) && desk.window->isVisible());
+        QVERIFY(desk.data == before && desk.window->isVisible());
         QVERIFY(desk.window->isEnabled() && desk.dialogs.requests.empty() && opened == nullptr);
-        QCOMPARE(desk.printer.printed, 0);
+        QCOMPARE(desk.printer.printed.size(), 0U);
       };
       desk.Item("mnuEditModel_1").setEnabled(true);
       for (const char* item :

@@ -36,7 +36,7 @@ class FileCommandsTest : public QObject {
     QCOMPARE(desk.PageName(), "pictGeneral");
     QCOMPARE(desk.Tree().CurrentKey(), "General");
     QVERIFY(desk.Find<QLabel>("pictLogo")->isVisible());
-    QVERIFY(!desk.data.Flags.DataChanged && !desk.data.Flags.Busy);
+    QVERIFY(!desk.document.HasChanged() && !desk.state.Busy);
     QCOMPARE(int{desk.data.MODELTYPE}, 5);
     QCOMPARE(desk.Model(), "KT740");
     QCOMPARE(desk.window->windowTitle(), kTitle);
@@ -49,7 +49,7 @@ class FileCommandsTest : public QObject {
     SaveAs(desk, "/out/Boat1.DAT");
     QCOMPARE(desk.window->windowTitle(), QString(kTitle) + " - boat1.dat");
     Channel16(desk).ChTag = "X";
-    desk.window->DataChanged();
+    desk.document.NoteChange();
     desk.window->SelectNode("PU32");
     desk.Find<QWidget>("txtCTag")->setFocus();
     desk.TriggerAndWait("mnuFileNew");
@@ -57,7 +57,7 @@ class FileCommandsTest : public QObject {
     QVERIFY(focus != nullptr && focus->isVisible() && focus->isEnabled());
     QVERIFY(desk.prompts.messages.empty());
     QCOMPARE(Channel16(desk).ChTag, "DISTRESS");
-    QVERIFY(!desk.data.Flags.DataChanged);
+    QVERIFY(!desk.document.HasChanged());
     QCOMPARE(desk.window->windowTitle(), kTitle);
     QCOMPARE(desk.PageName(), "pictGeneral");
   }
@@ -67,7 +67,7 @@ class FileCommandsTest : public QObject {
     desk.Start();
     desk.dialogs.paths = {"/out/Boat1.DAT"};
     desk.Item("mnuFileSave").trigger();
-    QVERIFY(!desk.data.Flags.Cancel);
+    QVERIFY(!desk.state.Cancel);
     Channel16(desk).ChTag = "LATER";
     desk.Item("mnuFileSave").trigger();
     QCOMPARE(desk.dialogs.requests.size(), std::size_t{1});
@@ -82,22 +82,22 @@ class FileCommandsTest : public QObject {
     WindowDesk desk;
     desk.Start();
     for (const char* item : {"mnuFileOpen", "mnuFileSave", "mnuFileSaveAs"}) {
-      desk.data.Flags.Cancel = false;
+      desk.state.Cancel = false;
       desk.Item(item).trigger();
-      QVERIFY(desk.data.Flags.Cancel);
+      QVERIFY(desk.state.Cancel);
       QCOMPARE(desk.window->windowTitle(), kTitle);
       QVERIFY(desk.window->isEnabled());
     }
     QVERIFY(desk.prompts.messages.empty() && desk.files.files.empty());
-    desk.data.Flags.Cancel = false;
+    desk.state.Cancel = false;
     desk.files.failing["/full/a.dat"] = kDiskFull;
     SaveAs(desk, "/full/a.dat");
     QCOMPARE(desk.Messages(), QStringList{"FileSave Error!!"});
     QVERIFY(desk.prompts.messages[0].icon == core::Icon::kExclamation);
     QCOMPARE(desk.log.lines,
              std::vector<std::string>{"frmMain.SaveFileAs -> 28No space left on device"});
-    QVERIFY(desk.data.Flags.Error && desk.data.Flags.Cancel && !desk.data.Flags.Busy);
-    QVERIFY(desk.data.CurrentFileName.empty());
+    QVERIFY(desk.state.Error && desk.state.Cancel && !desk.state.Busy);
+    QVERIFY(desk.document.FileName().empty());
   }
 
   void OpenBringsBackWhatWasSaved() {
@@ -120,7 +120,7 @@ class FileCommandsTest : public QObject {
     QCOMPARE(desk.window->windowTitle(), QString(kTitle) + " - boat.dat");
     QCOMPARE(desk.Model(), "KT520");
     QVERIFY(desk.Item("mnuDestination_1").isChecked());  // KT520-usa, by the SEL1 bit
-    QVERIFY(!desk.data.Flags.Cancel);
+    QVERIFY(!desk.state.Cancel);
     desk.window->SelectNode("PU18");
     QVERIFY(!scrambler->isEnabled());
   }
@@ -136,7 +136,7 @@ class FileCommandsTest : public QObject {
     desk.Item("mnuFileOpen").trigger();
     QCOMPARE(desk.Messages(), QStringList{"different model!!"});
     QCOMPARE(desk.window->windowTitle(), QString(kTitle) + " - five.dat");
-    QVERIFY(desk.data.Flags.Cancel);
+    QVERIFY(desk.state.Cancel);
   }
 
   void ClosingAsksAboutChangedData() {
@@ -152,16 +152,16 @@ class FileCommandsTest : public QObject {
       WindowDesk desk;
       desk.Start();
       desk.files.failing["/full/a.dat"] = kDiskFull;
-      if (changed) desk.window->DataChanged();
+      if (changed) desk.document.NoteChange();
       if (changed) SaveAs(desk, "/out/a.dat");  // silences no question
       desk.prompts.answers = {answer};
       desk.dialogs.paths = {path};
-      desk.data.CurrentFileName.clear();
+      desk.document.MarkSaved({}, {});
       QCOMPARE(desk.window->close(), closes);
       // The help goes before the question, and is there again for who stays.
-      QStringList help = {"CloseHelp"};
-      if (!closes) help << "ReopenHelp";
-      QCOMPARE(desk.commands.ran, help);
+      QStringList help = {"closed"};
+      if (!closes) help << "reopened";
+      QCOMPARE(desk.help.opened, help);
       QCOMPARE(desk.prompts.messages.empty(), !changed);
       if (changed) {
         QCOMPARE(desk.Messages()[0], "KIV data has changed.\r\nDo you want to save changes?");
@@ -174,9 +174,9 @@ class FileCommandsTest : public QObject {
   void WindowStaysWhileACommandWorks() {
     WindowDesk desk;
     desk.Start();
-    desk.data.Flags.Busy = true;
+    desk.state.Busy = true;
     QVERIFY(!desk.window->close());
-    desk.data.Flags.Busy = false;
+    desk.state.Busy = false;
     desk.Item("mnuFileNew").trigger();
     QVERIFY(!desk.window->isEnabled());
     QVERIFY(!desk.window->close());

@@ -5,7 +5,6 @@
 
 #include "files/text_report.h"
 #include "real_time_desk.h"
-#include "support/radio_data_compare.h"
 
 using namespace orvane;
 using link::ExchangeKind;
@@ -51,7 +50,7 @@ class Flood : public QObject {
  private:
   void Pour() {
     QWidget* dialog = QApplication::activeModalWidget();
-    if (dialog == nullptr || !desk_.data.Flags.Busy) return;
+    if (dialog == nullptr || !desk_.state.Busy) return;
     ++poured_;
     for (QWidget* target : {static_cast<QWidget*>(desk_.window.get()), dialog}) {
       target->resize(target->width() + (poured_ % 2 == 0 ? 3 : -3), target->height());
@@ -111,7 +110,7 @@ class FloodTest : public QObject {
     testing::RealTimeRadioDesk desk;
     desk.Start();
     desk.data.Table(core::MarineGroup::kUsa)[32].ChTag = "MINE";
-    desk.window->DataChanged();
+    desk.document.NoteChange();
     const core::RadioData before = desk.data;
     double cancelled_at = 0;
     int exchanges = 0;
@@ -134,8 +133,8 @@ class FloodTest : public QObject {
     });
     QVERIFY(flood.Poured() > 100);
     QVERIFY(desk.prompts.messages.empty());
-    if (reading) QVERIFY(testing::SameContents(desk.data, before));
-    QVERIFY(desk.data.Flags.DataChanged && !desk.data.Flags.Busy);
+    if (reading) QVERIFY(desk.data == before);
+    QVERIFY(desk.document.HasChanged() && !desk.state.Busy);
     QVERIFY(desk.window->isVisible() && desk.window->isEnabled());
     QCOMPARE(desk.Tree().CurrentKey(), "General");
   }

@@ -21,6 +21,7 @@ using namespace orvane;
 
 namespace {
 
+constexpr std::size_t kHistoryBytes = 2'000'000;  // full after the first rounds
 constexpr int kRounds = 200;
 constexpr int kFirstRounds = 10;  // fill the caches of the toolkit
 constexpr std::int64_t kMostGrowth = 1'000'000;
@@ -61,7 +62,7 @@ class LongLifeTest : public QObject {
   void TwoHundredRoundsOfEveryCommandLeaveNothingBehind() {
     const QTemporaryDir folder;
     platform::QtFileStore disk;
-    testing::CommandDesk desk(&disk);
+    testing::CommandDesk desk(&disk, kHistoryBytes);
     desk.on_exchange = [&](const link::Exchange& /*exchange*/) {
       if (desk.asked.size() % kExchangesBetweenPaints == 0) QCoreApplication::processEvents();
     };
@@ -99,11 +100,11 @@ class LongLifeTest : public QObject {
     desk.dialogs.paths = {folder + "/boat.dat"};
     desk.Item("mnuFileSaveAs").trigger();
     desk.TriggerAndWait("mnuFileNew");
-    QVERIFY(desk.data.CurrentFileName.empty());
+    QVERIFY(desk.document.FileName().empty());
     desk.dialogs.paths = {folder + "/boat.dat"};
     desk.Item("mnuFileOpen").trigger();
     desk.Item("mnuFileSave").trigger();
-    QCOMPARE(desk.data.CurrentFileName, folder + "/boat.dat");
+    QCOMPARE(desk.document.FileName(), folder + "/boat.dat");
     QVERIFY(desk.Transfer("mnuTransferProgram"));
     QVERIFY(desk.Transfer("mnuTransferRead"));
     Report(desk, folder);
@@ -128,7 +129,7 @@ class LongLifeTest : public QObject {
     for (int times = 0; times < 2; ++times) {
       QTest::keyClick(desk.Find<QCheckBox>("chkUsable_2"), Qt::Key_Space);
     }
-    QVERIFY(desk.data.Flags.DataChanged);
+    QVERIFY(desk.document.HasChanged());
   }
 
   static void Report(testing::CommandDesk& desk, const std::string& folder) {

@@ -69,10 +69,9 @@ struct LooksDesk : WindowDesk {
       Start();
       core::RadioData sample =
           image::MakeSampleRadio(static_cast<std::int16_t>(sample_model), clock.Today());
-      sample.ProgramTitle = data.ProgramTitle;
       data = sample;
       data.ExpPresent = true;
-      window->RefreshAfterLoad();
+      ShowArranged();
     }
     window->SelectNode(QLatin1String(key));
     QCoreApplication::processEvents();

@@ -54,23 +54,32 @@ class MenusTest : public QObject {
   void EachCommandRunsFromMenuAndToolbar() {
     WindowDesk desk;
     desk.Start();
-    for (const char* name : {"mnuFilePrint", "mnuFilePrintFile", "mnuTransferProgram",
-                             "mnuTransferRead", "mnuHelpContents", "mnuHelpAbout"}) {
+    // What the item opens; nothing for one that opens no window.
+    const auto opened = [&desk](const char* name) {
+      QString title;
+      QTimer::singleShot(0, desk.window.get(), [&title] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr) return;
+        title = dialog->windowTitle();
+        dialog->close();
+      });
       desk.Item(name).trigger();
+      QCoreApplication::processEvents();
+      return title;
+    };
+    for (const char* name : {"mnuTransferProgram", "Program", "Program2"}) {
+      QCOMPARE(opened(name), "Program to Radio");
     }
-    for (const char* key : {"Print", "Program", "Read"}) desk.Find<QToolButton>(key)->click();
-    for (const char* key : {"Program2", "Read2"}) {
-      QVERIFY(!desk.Item(key).isVisible());
-      desk.Item(key).trigger();
+    for (const char* name : {"mnuTransferRead", "Read", "Read2"}) {
+      QCOMPARE(opened(name), "Read from Radio");
     }
-    QCOMPARE(desk.commands.ran,
-             QStringList({"Print", "PrintToFile", "Program", "Read", "HelpContents", "About",
-                          "Print", "Program", "Read", "Program", "Read"}));
-    desk.commands.ran.clear();
+    QCOMPARE(opened("mnuHelpAbout"), "Version Infomation");
+    for (const char* name : {"mnuFilePrint", "Print", "mnuHelpContents"}) desk.Item(name).trigger();
+    QCOMPARE(desk.printer.printed.size(), 2U);
+    QCOMPARE(desk.help.opened, QStringList{"frmMain 1000"});
+    for (const char* key : {"Program2", "Read2"}) QVERIFY(!desk.Item(key).isVisible());
     desk.Item("mnuTransferRead").setEnabled(false);
-    desk.Find<QToolButton>("Read")->click();
-    desk.Item("Read2").trigger();
-    QVERIFY(desk.commands.ran.isEmpty());
+    for (const char* name : {"Read", "Read2"}) QVERIFY(opened(name).isEmpty());
   }
 
   void F1OpensTheHelpOfTheFocusedControl() {
@@ -85,8 +94,8 @@ class MenusTest : public QObject {
         QTest::keyClick(desk.Find<QWidget>(name), Qt::Key_F1);
       }
     }
-    QCOMPARE(desk.commands.ran, QStringList({"Help 1000", "Help 2500", "Help 2501", "Help 2502",
-                                             "Help 2503", "Help 1028"}));
+    QCOMPARE(desk.help.opened, QStringList({"frmMain 1000", "frmMain 2500", "frmMain 2501",
+                                            "frmMain 2502", "frmMain 2503", "frmMain 1028"}));
   }
 
   void AccessKeysOfMenusAndOtherWindowsWorkWhileAFrequencyIsWrong() {
@@ -151,10 +160,10 @@ class MenusTest : public QObject {
     desk.Start();
     QCOMPARE(Captions(desk, kDestinations), QStringList({"KT740-usa", "KT520-usa"}));
     QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT740-usa"}));
-    desk.window->DataChanged();
+    desk.document.NoteChange();
     desk.prompts.answers = {core::Answer::kCancel, core::Answer::kOk};
     desk.Item("mnuDestination_1").trigger();
-    QVERIFY(desk.data.Flags.DataChanged);
+    QVERIFY(desk.document.HasChanged());
     desk.Item("mnuDestination_1").trigger();
     const QString question = "Do yo want to change to KT520-usa?";
     QCOMPARE(desk.Messages(), QStringList({question, question, "IniFileRead Error!!"}));
@@ -169,16 +178,16 @@ class MenusTest : public QObject {
         std::string(image.Used().begin(), image.Used().end());
     desk.Start();
     QCOMPARE(Captions(desk, kDestinations), QStringList({"KT520-usa", "KT740-usa"}));
-    desk.window->DataChanged();
-    desk.data.CurrentFileName = "/boat.dat";
+    desk.document.NoteChange();
+    desk.document.MarkSaved("/boat.dat", {});
     desk.window->SelectNode("Common");
     desk.Item("mnuDestination_0").trigger();
     QCOMPARE(desk.Messages(), QStringList({"Do yo want to change to KT520-usa?"}));
     QVERIFY(!image::Sel1(desk.data.Image));
     QCOMPARE(desk.Model(), "KT520");
     QCOMPARE(int{desk.data.Table(core::MarineGroup::kUsa)[32].TXPower}, 3);
-    QVERIFY(!desk.data.Flags.DataChanged);
-    QVERIFY(desk.data.CurrentFileName.empty());
+    QVERIFY(!desk.document.HasChanged());
+    QVERIFY(desk.document.FileName().empty());
     QCOMPARE(desk.PageName(), "pictGeneral");
     QCOMPARE(Captions(desk, kDestinations, true), QStringList({"KT520-usa"}));
     QCOMPARE(core::AppSettings(desk.settings).Destination(5), "KT520-usa");
@@ -210,7 +219,7 @@ class MenusTest : public QObject {
       desk.dialogs.paths = {"/boat.dat"};
       desk.Item("mnuFileOpen").trigger();
     }
-    if (replaced_by == "radio or image") desk.window->DataReplaced();
+    if (replaced_by == "radio or image") desk.ShowArranged();
     if (replaced_by == "failed template") {
       desk.Item("mnuDestination_1").trigger();  // has no file
       desk.prompts.messages.clear();

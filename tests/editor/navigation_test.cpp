@@ -159,7 +159,7 @@ class NavigationTest : public QObject {
       }
       QCOMPARE(enabled, 1);
     }
-    QVERIFY(!desk.data.Flags.DataChanged);
+    QVERIFY(!desk.document.HasChanged());
   }
 
   void EveryPageCanBeWorkedByKeyboardAndIsNamed() {

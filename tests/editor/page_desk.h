@@ -15,7 +15,6 @@
 #include "image/codec.h"
 #include "image/sample_radio.h"
 #include "support/fakes.h"
-#include "support/radio_data_compare.h"
 #include "support/row.h"
 
 namespace orvane::testing {
@@ -23,12 +22,23 @@ namespace orvane::testing {
 /// Stands for the window around a page: writes down what the page asks for.
 class RecordingHost : public editor::PageHost {
  public:
+  explicit RecordingHost(document::Document& document) : document_(document) {}
+  void Edit(core::FieldRef at, const document::Document::Body& edit,
+            document::Document::Manner manner) override {
+    document_.Edit(at, edit, manner);
+  }
   void DataChanged() override { ++changes; }
   void RebuildTree() override { ++rebuilds; }
   void RefreshMarks() override { ++marks; }
   void ShowHint(const QString& text) override { hint = text; }
   void ShowNotice(const QString& text) override { notice = text; }
   void SelectNode(const QString& key) override { selected = key; }
+  void Forget() {
+    changes = rebuilds = marks = 0;
+    hint.clear();
+    notice.clear();
+    selected.clear();
+  }
 
   int changes = 0;
   int rebuilds = 0;
@@ -36,17 +46,31 @@ class RecordingHost : public editor::PageHost {
   QString hint;
   QString notice;
   QString selected;
+
+ private:
+  document::Document& document_;
 };
 
 /// One page in a window of its own, over a radio in use.
 template <class PageType>
 struct PageDesk {
+ private:
+  std::unique_ptr<document::Contents> MakeContents() {
+    auto contents = std::make_unique<document::Contents>();
+    arranged_ = &contents->data;
+    return contents;
+  }
+  core::RadioData* arranged_ = nullptr;
+
+ public:
   explicit PageDesk(int model_type, const char* key = "General") {
     data = image::MakeSampleRadio(static_cast<std::int16_t>(model_type), clock.Today());
-    data.ProgramTitle = "Title";
-    page = std::make_unique<PageType>(
-        editor::PageServices{.data = data, .prompts = prompts, .clock = clock, .host = host},
-        nullptr);
+    page = std::make_unique<PageType>(editor::PageServices{.data = document.Data(),
+                                                           .state = state,
+                                                           .prompts = prompts,
+                                                           .clock = clock,
+                                                           .host = host},
+                                      nullptr);
     page->show();
     page->activateWindow();
     (void)QTest::qWaitForWindowActive(page.get());
@@ -61,7 +85,7 @@ struct PageDesk {
       if (auto* button = qobject_cast<QAbstractButton*>(control)) button->toggle();
     }
     page->Fill(*editor::NodeOfKey(QLatin1String(key)));
-    host = {};
+    host.Forget();
   }
   template <class Control>
   [[nodiscard]] Control* Find(const char* name) const {
@@ -132,16 +156,19 @@ struct PageDesk {
     for (std::uint8_t& byte : data.Image.Used()) byte = static_cast<std::uint8_t>(random());
     image::DecodeAll(data);
     const core::RadioData before = data;
-    host = {};
+    host.Forget();
     for (const QString& key : keys) page->Fill(*editor::NodeOfKey(key));
-    return SameContents(data, before) && !data.Flags.DataChanged && !data.Flags.Busy &&
+    return data == before && !document.HasChanged() && !state.Busy &&
            host.changes + host.marks + host.rebuilds == 0;
   }
 
-  core::RadioData data;
+  document::Document document{MakeContents()};
+  /// The document's data, for tests to arrange.
+  core::RadioData& data = *arranged_;
+  core::RunState state;
   ScriptedPrompts prompts;
   ManualClock clock;
-  RecordingHost host;
+  RecordingHost host{document};
   std::unique_ptr<PageType> page;
 };
 

@@ -15,25 +15,20 @@ namespace orvane::testing {
 struct RealTimeDesk : WindowDesk {
   using MakePort = std::function<std::unique_ptr<link::SerialPort>(const core::Clock& clock)>;
 
-  RealTimeDesk(const char* model, MakePort make_port) {
+  RealTimeDesk(const char* model, MakePort make_real_port) {
     settings.Write("ModelPath", "ModelNum", model);
     used_clock = &real_clock;
     used_pump = &real_pump;
-    real_commands = std::make_unique<editor::WindowCommands>(
-        Services(), editor::WindowCommands::Devices{
-                        .make_port = [this, make_port = std::move(make_port)](
-                                         int /*number*/) { return make_port(real_clock); },
-                        .printer = printer,
-                        .help = nullptr,
-                        .interrupts = &interrupts});
-    used_commands = real_commands.get();
+    interrupts = &real_interrupts;
+    help.has_help = false;
+    make_port = [this, make = std::move(make_real_port)](int /*number*/) {
+      return make(real_clock);
+    };
   }
 
   platform::QtClock real_clock;
   platform::QtEventPump real_pump{real_clock};
-  ScriptedPrinter printer;
-  platform::DesktopInterrupts interrupts;
-  std::unique_ptr<editor::WindowCommands> real_commands;
+  platform::DesktopInterrupts real_interrupts;
 };
 
 /// That with a simulated radio of the smallest model whose bytes take no time on the wire.

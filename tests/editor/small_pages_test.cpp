@@ -196,9 +196,9 @@ class SmallPagesTest : public QObject {
     QCOMPARE(desk.Text("txtDTagName_2"), "AB-/,_. 9CDE");
     QCOMPARE(desk.Text("txtDTagName_9"), "-QRS");
     const core::RadioData before = desk.data;
-    desk.data.Flags.Busy = true;
+    desk.state.Busy = true;
     desk.WorkAll();
-    QVERIFY(testing::SameContents(desk.data, before) && desk.host.changes == 0);
+    QVERIFY(desk.data == before && desk.host.changes == 0);
   }
 
   void WeatherRowFollowsItsEnableBox() {

@@ -6,7 +6,6 @@
 #include "files/text_report.h"
 #include "link/transfer_session.h"
 #include "real_time_desk.h"
-#include "support/radio_data_compare.h"
 #include "support/row.h"
 
 using namespace orvane;
@@ -86,14 +85,14 @@ class TransferTest : public QObject {
     desk.Item("mnuFileSaveAs").trigger();
     const std::string other = desk.files.files["/out/other.dat"];
     desk.window->SelectNode("PU32");
-    desk.window->DataChanged();
+    desk.document.NoteChange();
     QVERIFY(desk.Transfer(kRead));
     QCOMPARE(desk.Messages(), QStringList{"Complete!!"});
     desk.Item("mnuFileSave").trigger();  // asks for a name: what was read is another radio's
     QCOMPARE(desk.dialogs.requests.size(), std::size_t{2});
     QCOMPARE(desk.files.files["/out/other.dat"], other);
     QCOMPARE(desk.PageName(), "pictGeneral");
-    QVERIFY(!desk.data.Flags.DataChanged && !desk.data.Flags.Busy);
+    QVERIFY(!desk.document.HasChanged() && !desk.state.Busy);
     QCOMPARE(desk.data.EXP[1].ChTag, desk.sample.EXP[1].ChTag);
 
     Channel16(desk.data).ChTag = "HARBOUR";
@@ -104,8 +103,7 @@ class TransferTest : public QObject {
     desk.Item("mnuFileOpen").trigger();
     QVERIFY(desk.window->windowTitle().endsWith(" - boat.dat"));
     QVERIFY(desk.Transfer(kProgram));
-    core::RadioData programmed = desk.data;
-    programmed.CurrentFileName.clear();
+    const core::RadioData programmed = desk.data;
 
     desk.TriggerAndWait("mnuFileNew");
     QVERIFY(desk.Transfer(kRead));
@@ -148,7 +146,7 @@ class TransferTest : public QObject {
       CommandDesk desk;
       desk.Start();
       Channel16(desk.data).ChTag = "MINE";
-      desk.window->DataChanged();
+      desk.document.NoteChange();
       const core::RadioData before = desk.data;
       After(desk, ExchangeKind::kRead, 50, [by_key] {
         if (by_key) QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
@@ -157,9 +155,9 @@ class TransferTest : public QObject {
       desk.Transfer(kRead);
       QCOMPARE(desk.Asked(ExchangeKind::kCancel), 1);
       QCOMPARE(desk.Asked(ExchangeKind::kRead), 50);
-      QVERIFY(testing::SameContents(desk.data, before));
+      QVERIFY(desk.data == before);
       QVERIFY(desk.prompts.messages.empty());
-      QVERIFY(desk.data.Flags.DataChanged);
+      QVERIFY(desk.document.HasChanged());
     }
   }
 
@@ -207,7 +205,7 @@ class TransferTest : public QObject {
 
   void SilentRadioEndsInAMessageAndMayBeTriedAgain() {
     CommandDesk desk;
-    desk.data.Flags.Debug = true;
+    desk.state.Debug = true;
     desk.Start();
     desk.radio.SetFaults(Everywhere(link::FaultKind::kMissingReply));
     desk.InWindowOf(kRead, [&](QDialog& dialog) {
@@ -250,7 +248,7 @@ class TransferTest : public QObject {
       const double lasted = desk.real_clock.Now() - cancelled_at;
       // The dialog lets half a second pass at the end.
       QVERIFY2(cancelled_at > 0 && lasted < 1, qPrintable(QString::number(lasted)));
-      QVERIFY(desk.prompts.messages.empty() && !desk.data.Flags.Busy);
+      QVERIFY(desk.prompts.messages.empty() && !desk.state.Busy);
     }
   }
 

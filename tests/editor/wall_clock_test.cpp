@@ -13,7 +13,6 @@
 
 #include "link/serial_link.h"
 #include "real_time_desk.h"
-#include "support/radio_data_compare.h"
 #include "support/scripted_port.h"
 
 namespace {
@@ -76,7 +75,7 @@ class WallClockTest : public QObject {
     testing::RealTimeRadioDesk desk;
     link::SimulatedPort port(desk.radio, desk.real_clock);
     testing::RecordingView view;
-    link::SerialLink link(desk.data, {port, desk.real_clock, desk.real_pump, desk.log, view});
+    link::SerialLink link(desk.state, {port, desk.real_clock, desk.real_pump, desk.log, view});
     QVERIFY(link.PortOpen());
     QTimer::singleShot(100, qApp, [&] { wall_clock_shift = shift; });
     const auto began = std::chrono::steady_clock::now();
@@ -90,7 +89,7 @@ class WallClockTest : public QObject {
   void SessionGoesOnAndStillCanBeCancelled() {
     testing::RealTimeRadioDesk desk;
     desk.Start();
-    desk.window->DataChanged();
+    desk.document.NoteChange();
     const core::RadioData before = desk.data;
     int reads = 0;
     desk.radio.SetObserver([&](const link::Exchange& exchange) {
@@ -103,8 +102,8 @@ class WallClockTest : public QObject {
     QVERIFY(desk.Transfer("mnuTransferRead"));
     QCOMPARE(reads, 24);
     QVERIFY(desk.prompts.messages.empty());
-    QVERIFY(testing::SameContents(desk.data, before));
-    QVERIFY(desk.data.Flags.DataChanged && !desk.data.Flags.Busy);
+    QVERIFY(desk.data == before);
+    QVERIFY(desk.document.HasChanged() && !desk.state.Busy);
   }
 
  private:

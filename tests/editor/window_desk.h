@@ -55,34 +55,59 @@ class ScriptedDialogs : public platform::FileDialogs {
   }
 };
 
-class RecordingCommands : public editor::Commands {
+class ScriptedPrinter : public platform::ReportPrinter {
  public:
-  void Print(editor::CommandHost& /*host*/) override { ran << "Print"; }
-  void PrintToFile(editor::CommandHost& /*host*/) override { ran << "PrintToFile"; }
-  void Program(editor::CommandHost& /*host*/) override { ran << "Program"; }
-  void Read(editor::CommandHost& /*host*/) override { ran << "Read"; }
-  void SaveHex(editor::CommandHost& /*host*/) override { ran << "SaveHex"; }
-  void LoadHex(editor::CommandHost& /*host*/) override { ran << "LoadHex"; }
-  void Help(editor::CommandHost& /*host*/, int context) override {
-    ran << QStringLiteral("Help %1").arg(context);
+  [[nodiscard]] bool HasPrinter() const override { return has_printer; }
+  [[nodiscard]] bool Ask(QWidget& /*parent*/) override { return chosen; }
+  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& /*data*/,
+                                                       const files::Imprint& imprint) override {
+    printed.push_back(imprint.file);
+    return failure;
   }
-  void HelpContents(editor::CommandHost& /*host*/) override { ran << "HelpContents"; }
-  void CloseHelp() override { ran << "CloseHelp"; }
-  void ReopenHelp() override { ran << "ReopenHelp"; }
-  void About(editor::CommandHost& /*host*/) override { ran << "About"; }
-  QStringList ran;
+  bool has_printer = true;
+  bool chosen = true;
+  std::optional<core::SystemError> failure;
+  std::vector<std::string> printed;  ///< files that the footers named
+};
+
+class RecordingHelp : public help::HelpOpener {
+ public:
+  [[nodiscard]] bool HasHelp() const override { return has_help; }
+  [[nodiscard]] std::optional<std::string> Open(QWidget& owner, int context) override {
+    opened << QStringLiteral("%1 %2").arg(owner.objectName()).arg(context);
+    return failure;
+  }
+  void Close() override { opened << QStringLiteral("closed"); }
+  void Reopen() override { opened << QStringLiteral("reopened"); }
+  bool has_help = true;
+  std::optional<std::string> failure;
+  QStringList opened;
 };
 
 /// The main window over scripted services: prompts and dialogs answer from their scripts, files
 /// live in memory and pauses take no time.
 struct WindowDesk {
+ private:
+  std::unique_ptr<document::Contents> MakeContents() {
+    auto contents = std::make_unique<document::Contents>();
+    arranged_ = &contents->data;
+    return contents;
+  }
+  core::RadioData* arranged_ = nullptr;
+
+ public:
   /// Over other files than those in memory, if any are given.
-  explicit WindowDesk(core::FileStore* other_files = nullptr)
-      : used_files(other_files == nullptr ? &files : other_files) {}
+  explicit WindowDesk(core::FileStore* other_files = nullptr,
+                      std::size_t history_bytes = document::Document::kHistoryBytes)
+      : document(MakeContents(), history_bytes),
+        used_files(other_files == nullptr ? &files : other_files) {}
   WindowDesk(const WindowDesk&) = delete;
   WindowDesk& operator=(const WindowDesk&) = delete;
 
-  core::RadioData data;
+  document::Document document;
+  /// The document's data, for tests to arrange.
+  core::RadioData& data = *arranged_;
+  core::RunState state;
   ScriptedPrompts prompts;
   ManualClock clock;
   ManualPump pump{clock};
@@ -92,15 +117,18 @@ struct WindowDesk {
   RecordingLog log;
   ListedPorts ports;
   ScriptedDialogs dialogs;
-  RecordingCommands commands;
-  editor::Commands* used_commands = &commands;
+  ScriptedPrinter printer;
+  RecordingHelp help;
+  platform::Interrupts* interrupts = nullptr;
+  std::function<std::unique_ptr<link::SerialPort>(int)> make_port;
   core::Clock* used_clock = &clock;
   core::EventPump* used_pump = &pump;
   std::unique_ptr<editor::MainWindow> window;
 
   [[nodiscard]] editor::WindowServices Services() {
-    return {data, prompts, *used_clock, *used_pump,    settings,   *used_files,
-            log,  ports,   dialogs,     used_commands, "/program", "/share"};
+    return {document,    state,      prompts,    *used_clock, *used_pump, settings,
+            *used_files, log,        ports,      dialogs,     make_port,  printer,
+            &help,       interrupts, "/program", "/share"};
   }
 
   /// Shows the window and lets its start come to an end.
@@ -114,6 +142,11 @@ struct WindowDesk {
   template <class T>
   [[nodiscard]] T* Find(const char* name) const {
     return window->findChild<T*>(QLatin1String(name));
+  }
+  /// The window follows what a test arranged in the data, past the document.
+  void ShowArranged() {
+    document::Contents contents{.data = data, .file_name = document.FileName()};
+    document.Begin(std::move(contents));
   }
   /// A menu item or toolbar button by name.
   [[nodiscard]] QAction& Item(const char* name) const { return *Find<QAction>(name); }

@@ -7,7 +7,6 @@
 #include "image/codec.h"
 #include "support/fakes.h"
 #include "support/image_fixtures.h"
-#include "support/radio_data_compare.h"
 
 namespace orvane::files {
 namespace {
@@ -19,11 +18,7 @@ constexpr int kProductByte = 16370;
 
 class ImageFile : public ::testing::Test {
  protected:
-  static RadioData Fresh(int model) {
-    RadioData data = testing::NewData(model);
-    data.ProgramTitle = core::kProgramTitle;
-    return data;
-  }
+  static RadioData Fresh(int model) { return testing::NewData(model); }
   /// A saved image as a radio of the model would hold it.
   std::string Saved(std::int16_t model) {
     RadioData data = Fresh(model);
@@ -33,11 +28,12 @@ class ImageFile : public ::testing::Test {
     data.Common.SQL = 11;
     data.WX[3].Enable = false;
     PrepareImageForSaving(data, clock.today);
-    SaveHexFileAs(data, kPath, files, prompts, log);
+    SaveHexFileAs(data, state, kPath, files, prompts, log);
     return files.files[kPath];
   }
-  void Load(RadioData& data) { LoadHexFile(data, kPath, files, prompts, log); }
+  void Load(RadioData& data) { LoadHexFile(data, state, kPath, files, prompts, log); }
 
+  core::RunState state;
   testing::ManualClock clock;
   testing::ScriptedPrompts prompts;
   testing::MemoryFiles files;
@@ -58,11 +54,11 @@ TEST_F(ImageFile, LoadsWhatWasSavedForEveryModel) {
     EXPECT_EQ(Byte(bytes, 95), sum % 256);
 
     RadioData data = Fresh(profile.model_type);
-    data.Flags.Error = true;
+    state.Error = true;
     Load(data);
     EXPECT_TRUE(prompts.messages.empty());
-    EXPECT_FALSE(data.Flags.Error);
-    EXPECT_FALSE(data.Flags.Busy);
+    EXPECT_FALSE(state.Error);
+    EXPECT_FALSE(state.Busy);
     EXPECT_EQ(data.Image[0], 0x12);
     EXPECT_EQ(data.Image[1], 0x34);
     EXPECT_EQ(data.Common.SQL, 11);
@@ -106,9 +102,9 @@ TEST_F(ImageFile, RefusedFilesChangeNothing) {
       EXPECT_EQ(message.icon, core::Icon::kCritical);
       EXPECT_EQ(message.title, c.title);
     }
-    EXPECT_EQ(data.Flags.Error.Wire(), -1);
-    EXPECT_FALSE(data.Flags.Busy);
-    EXPECT_TRUE(testing::SameContents(data, before));
+    EXPECT_EQ(state.Error.Wire(), -1);
+    EXPECT_FALSE(state.Busy);
+    EXPECT_TRUE(data == before);
   }
   EXPECT_TRUE(log.lines.empty());
 }
@@ -119,12 +115,12 @@ TEST_F(ImageFile, IsBusyWhileItReadsAndWrites) {
   int uses = 0;
   files.on_use = [&] {
     ++uses;
-    EXPECT_TRUE(data.Flags.Busy && !data.Flags.Cancel);
+    EXPECT_TRUE(state.Busy && !state.Cancel);
   };
-  SaveHexFileAs(data, kPath, files, prompts, log);
+  SaveHexFileAs(data, state, kPath, files, prompts, log);
   Load(data);
   EXPECT_EQ(uses, 2);
-  EXPECT_FALSE(data.Flags.Busy || data.Flags.Cancel || data.Flags.Error);
+  EXPECT_FALSE(state.Busy || state.Cancel || state.Error);
 }
 
 TEST_F(ImageFile, ATemplateWithoutSel1RenamesTheModel) {
@@ -132,12 +128,11 @@ TEST_F(ImageFile, ATemplateWithoutSel1RenamesTheModel) {
   other.Image[kProductByte] = 2;
   image::SetDestinationBits(other.Image, false, true);
   PrepareImageForSaving(other, clock.today);
-  SaveHexFileAs(other, kPath, files, prompts, log);
+  SaveHexFileAs(other, state, kPath, files, prompts, log);
   RadioData data = Fresh(5);
   image::SetDestinationBits(data.Image, true, false);
-  data.ModelName = "KT740";
   Load(data);
-  EXPECT_EQ(data.ModelName, "KT520");
+  EXPECT_EQ(image::ModelName(data), "KT520");
   EXPECT_FALSE(data.Marine[0][0].SelectedPlan);
 }
 
@@ -145,15 +140,15 @@ TEST_F(ImageFile, FailuresOfTheSystemAreLoggedAndCancel) {
   RadioData data = Fresh(5);
   const RadioData before = data;
   files.failing[kPath] = {13, "Permission denied"};
-  SaveHexFileAs(data, kPath, files, prompts, log);
-  EXPECT_EQ(data.Flags.Cancel.Wire(), -1);
-  EXPECT_FALSE(data.Flags.Error);
-  data.Flags.Cancel = false;
+  SaveHexFileAs(data, state, kPath, files, prompts, log);
+  EXPECT_EQ(state.Cancel.Wire(), -1);
+  EXPECT_FALSE(state.Error);
+  state.Cancel = false;
   Load(data);
-  EXPECT_EQ(data.Flags.Cancel.Wire(), -1);
-  EXPECT_EQ(data.Flags.Error.Wire(), -1);
-  EXPECT_FALSE(data.Flags.Busy);
-  EXPECT_TRUE(testing::SameContents(data, before));
+  EXPECT_EQ(state.Cancel.Wire(), -1);
+  EXPECT_EQ(state.Error.Wire(), -1);
+  EXPECT_FALSE(state.Busy);
+  EXPECT_TRUE(data == before);
   EXPECT_EQ(log.lines, (std::vector<std::string>{"frmMain.SaveHexFileAs -> 13Permission denied",
                                                  "frmMain.ReadHexFileAs -> 13Permission denied"}));
   EXPECT_EQ(prompts.Texts(), (std::vector<std::string>{"FileSave Error!!", "FileRead Error!!"}));

@@ -23,7 +23,7 @@ constexpr double kLetterHeight = 279.4;
 constexpr core::Date kToday{std::chrono::year{2026}, std::chrono::month{6}, std::chrono::day{5}};
 
 std::vector<PrintedPage> Pages(const core::RadioData& data, int lines_per_page) {
-  return BuildPrintedPages(data, lines_per_page, kToday);
+  return BuildPrintedPages(data, lines_per_page, {{}, kToday});
 }
 
 /// "text@x text@x ..." of a line, x in whole millimetres without the left margin.
@@ -126,10 +126,10 @@ TEST(PrintedPages, NothingOverlapsOrLeavesThePage) {
 }
 
 TEST(PrintedPages, FootersNameFileDateAndPage) {
-  core::RadioData data = FullData(2);
+  const core::RadioData data = FullData(2);
   EXPECT_EQ(Pages(data, 70)[0].footer_left, "Not saved in a file");
-  data.CurrentFileName = "/home/me/B\u00F6otchen.dat";
-  const std::vector<PrintedPage> pages = Pages(data, 70);
+  const std::vector<PrintedPage> pages =
+      BuildPrintedPages(data, 70, {"/home/me/B\u00F6otchen.dat", kToday});
   EXPECT_EQ(pages[0].footer_left, "B\u00F6otchen.dat");
   EXPECT_EQ(pages[0].footer_right, "2026-06-05   Page 1 of 6");
   EXPECT_EQ(pages[5].footer_right, "2026-06-05   Page 6 of 6");

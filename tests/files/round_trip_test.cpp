@@ -30,7 +30,8 @@ std::string Saved(RadioData& data, testing::MemoryFiles& files) {
   testing::ScriptedPrompts prompts;
   testing::RecordingLog log;
   PrepareImageForSaving(data, testing::kAfterCutOver);
-  SaveHexFileAs(data, "boat.hex", files, prompts, log);
+  core::RunState state;
+  SaveHexFileAs(data, state, "boat.hex", files, prompts, log);
   EXPECT_TRUE(prompts.messages.empty());
   return files.files["boat.hex"];
 }
@@ -39,7 +40,8 @@ RadioData Loaded(const core::ModelProfile& profile, testing::MemoryFiles& files)
   testing::ScriptedPrompts prompts;
   testing::RecordingLog log;
   RadioData data = testing::NewData(profile.model_type);
-  LoadHexFile(data, "boat.hex", files, prompts, log);
+  core::RunState state;
+  LoadHexFile(data, state, "boat.hex", files, prompts, log);
   EXPECT_TRUE(prompts.messages.empty());
   return data;
 }

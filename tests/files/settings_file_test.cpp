@@ -11,7 +11,6 @@
 #include "image/raw_areas.h"
 #include "support/fakes.h"
 #include "support/image_fixtures.h"
-#include "support/radio_data_compare.h"
 
 namespace orvane::files {
 namespace {
@@ -20,14 +19,11 @@ using core::RadioData;
 
 class Fixture {
  public:
-  static RadioData Fresh(int model) {
-    RadioData data = testing::NewData(model);
-    data.ProgramTitle = core::kProgramTitle;
-    return data;
-  }
-  void Read(RadioData& data) { ReadSettingFile(data, kPath, files, prompts, pump); }
+  static RadioData Fresh(int model) { return testing::NewData(model); }
+  void Read(RadioData& data) { ReadSettingFile(data, state, kPath, files, prompts, pump); }
 
   static constexpr const char* kPath = "/boat.dat";
+  core::RunState state;
   testing::ManualClock clock;
   testing::ManualPump pump{clock};
   testing::ScriptedPrompts prompts;
@@ -80,7 +76,6 @@ TEST(SettingsFileWriter, WritesTheSectionsInOrder) {
 TEST(SettingsFileWriter, WritesEveryKeyInItsOrderAndForm) {
   Fixture f;
   RadioData data = f.Fresh(5);
-  data.ModelName = "KT740";
   image::SetDestinationBits(data.Image, true, false);
   for (int slot = 0; slot < image::kStoredChannelSlots; ++slot) {
     for (int group = 0; group < image::kStoredChannelGroups; ++group) {
@@ -535,8 +530,8 @@ TEST(SettingsFile, RefusesOtherModelsAndChangesNothing) {
     ASSERT_EQ(f.prompts.Texts(), std::vector<std::string>{"different model!!"});
     EXPECT_EQ(f.prompts.messages[0].icon, core::Icon::kCritical);
     EXPECT_EQ(f.prompts.messages[0].title, core::kProgramTitle);
-    EXPECT_EQ(data.Flags.Error.Wire(), -1);
-    EXPECT_TRUE(testing::SameContents(data, before));
+    EXPECT_EQ(f.state.Error.Wire(), -1);
+    EXPECT_TRUE(data == before);
   }
 }
 
@@ -563,24 +558,22 @@ TEST(SettingsFile, AFileThatGoesAwayAfterTheCheckIsAReadError) {
     PassingFiles files;
     files.files[f.kPath] = "[MAIN]\nMODELTYPE=5\n[Common Setup]\nSQL=1";
     files.replacement = replacement;
-    ReadSettingFile(data, f.kPath, files, f.prompts, f.pump);
+    ReadSettingFile(data, f.state, f.kPath, files, f.prompts, f.pump);
     ASSERT_EQ(f.prompts.Texts(), std::vector<std::string>{"FileRead Error!!"});
     EXPECT_EQ(f.prompts.messages[0].icon, core::Icon::kExclamation);
     EXPECT_EQ(f.prompts.messages[0].title, core::kProgramTitle);
-    EXPECT_EQ(data.Flags.Error.Wire(), -1);
-    EXPECT_TRUE(testing::SameContents(data, before));
+    EXPECT_EQ(f.state.Error.Wire(), -1);
+    EXPECT_TRUE(data == before);
   }
 }
 
 TEST(SettingsFile, AWriteThatFailsIsReportedToTheCaller) {
   Fixture f;
   RadioData data = f.Fresh(5);
-  data.Flags.Error = true;
   f.files.failing[f.kPath] = {28, "No space left on device"};
   const auto error = WriteSettingFile(data, f.kPath, f.files, f.pump);
   ASSERT_TRUE(error);
   EXPECT_EQ(error->number, 28);
-  EXPECT_FALSE(data.Flags.Error);
   EXPECT_TRUE(f.prompts.messages.empty());
 }
 

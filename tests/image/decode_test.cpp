@@ -188,10 +188,10 @@ TEST(Decode, NeverTouchesTheImageNorWhatTheModelLacks) {
 
 TEST(Decode, ModelNameFollowsTheDestination) {
   RadioData data = NewData(5);
-  EXPECT_EQ(data.ModelName, "KT740");
+  EXPECT_EQ(ModelName(data), "KT740");
   SetDestinationBits(data.Image, false, true);
   DecodeAll(data);
-  EXPECT_EQ(data.ModelName, "KT520");
+  EXPECT_EQ(ModelName(data), "KT520");
   EXPECT_EQ(data.Image[168], 0xFF & ~0x20 & ~0x04);
 }
 

@@ -125,7 +125,6 @@ TEST(DestinationTemplate, DecodesToNewWithPowerProductSel1AndLastingWeatherNames
         }
       }
       for (std::size_t i = 0; i < weather.size(); ++i) meant.WX[i].ChTag = weather[i];
-      if (model == 5) meant.ModelName = sel1 ? "KT740" : "KT520";
 
       core::RadioData read = ::orvane::testing::NewData(model);
       meant.Image = read.Image = MakeDestinationTemplate(model, sel1, kAfterCutOver);

@@ -76,7 +76,7 @@ TEST(ReadBlock, StoresAWholeRightReplyAndNothingElse) {
     const bool succeeds = c.sent == "#WJDRD #CMDOK";
     if (succeeds) expected[0x40] = 0x1A, expected[0x41] = 0xF0;
     EXPECT_EQ(bench.protocol.ReadBlock(target, 0x40, 2), succeeds);
-    EXPECT_EQ(bench.data.Flags.Error, !succeeds);
+    EXPECT_EQ(bench.state.Error, !succeeds);
     EXPECT_EQ(target, expected);
     EXPECT_EQ(bench.Words(), c.sent);
     EXPECT_EQ(bench.prompts.Texts(), c.messages);
@@ -87,14 +87,15 @@ TEST(WriteBlock, SendsTheImageAndCountsOnlyAcknowledgedAndEchoed) {
   Bench bench;
   bench.data.Image[0x42] = 0x0F;
   bench.port.replies = {{kOk}};
-  EXPECT_TRUE(bench.protocol.WriteBlock(0x42, 1));
+  EXPECT_TRUE(bench.protocol.WriteBlock(bench.data.Image.All(), 0x42, 1));
   EXPECT_EQ(bench.port.writes.back(), BuildFrame("#WJDWR", "0042", "01", "0F"));
-  EXPECT_FALSE(bench.data.Flags.Error);
+  EXPECT_FALSE(bench.state.Error);
 
   bench.port.replies = {{kOk}};
   bench.port.spoil_echo = [](std::string s) { return s.back() = '?', s; };
-  EXPECT_FALSE(bench.protocol.WriteBlock(0x42, 1)) << "acknowledged, but its echo was wrong";
-  EXPECT_TRUE(bench.data.Flags.Error);
+  EXPECT_FALSE(bench.protocol.WriteBlock(bench.data.Image.All(), 0x42, 1))
+      << "acknowledged, but its echo was wrong";
+  EXPECT_TRUE(bench.state.Error);
 }
 
 TEST(WriteBlock, ARefusalAsksTheUserAndATimeOutDoesNot) {
@@ -121,8 +122,8 @@ TEST(WriteBlock, ARefusalAsksTheUserAndATimeOutDoesNot) {
     bench.prompts.answers = {c.answer};
     bench.prompts.fallback = Answer::kCancel;
     CloneProtocol protocol(bench.link, bench.prompts, kTitle, c.retry_count);
-    EXPECT_EQ(protocol.WriteBlock(64, 16), c.good);
-    EXPECT_EQ(bench.data.Flags.Error, !c.good);
+    EXPECT_EQ(protocol.WriteBlock(bench.data.Image.All(), 64, 16), c.good);
+    EXPECT_EQ(bench.state.Error, !c.good);
     EXPECT_EQ(bench.Words(), c.sent);
     EXPECT_EQ(!bench.prompts.messages.empty(), c.asked);
     for (const core::Message& message : bench.prompts.messages) {
@@ -135,12 +136,12 @@ TEST(WriteBlock, ARefusalAsksTheUserAndATimeOutDoesNot) {
 
 TEST(CloneProtocol, CancelPressedBetweenExchangesStopsTheNextOne) {
   Bench bench;
-  bench.data.Flags.Cancel = true;
+  bench.state.Cancel = true;
   bench.link.SendLine("clears the flag");
   bench.port.writes.clear();
-  EXPECT_FALSE(bench.protocol.WriteBlock(64, 16));
-  EXPECT_TRUE(bench.data.Flags.Cancel);
-  EXPECT_TRUE(bench.data.Flags.Error);
+  EXPECT_FALSE(bench.protocol.WriteBlock(bench.data.Image.All(), 64, 16));
+  EXPECT_TRUE(bench.state.Cancel);
+  EXPECT_TRUE(bench.state.Error);
   EXPECT_TRUE(bench.port.writes.empty());
 }
 
@@ -195,7 +196,7 @@ TEST(StatusCheck, OnlyReadyIsReady) {
     bench.port.replies = c.replies;
     bench.prompts.answers = {c.answer};
     EXPECT_EQ(bench.protocol.StatusCheck(), c.good);
-    EXPECT_EQ(bench.data.Flags.Error, !c.good);
+    EXPECT_EQ(bench.state.Error, !c.good);
     EXPECT_EQ(bench.Words(), c.sent);
     EXPECT_EQ(bench.prompts.Texts(), c.messages);
   }
@@ -261,13 +262,13 @@ TEST(AbortTransfer, SendsCanOnceTheLineHasRunDryAndWaitsTenSecondsForTheAnswer) 
   for (const bool answered : {true, false}) {
     SCOPED_TRACE(answered);
     Bench bench;
-    bench.data.Flags.Cancel = true;
+    bench.state.Cancel = true;
     for (const double delay : {0.0, 0.05, 0.13}) bench.port.Deliver("rest of a reply", delay);
     if (answered) bench.port.replies = {{"\x06"}};
     const double start = bench.clock.now;
     bench.protocol.AbortTransfer();
     EXPECT_EQ(bench.port.writes, Texts{"\x18"});
-    EXPECT_TRUE(bench.data.Flags.Cancel);
+    EXPECT_TRUE(bench.state.Cancel);
     EXPECT_EQ(bench.port.Unread(), "");
     EXPECT_NEAR(bench.clock.now - start, 0.13 + 0.1 + (answered ? 0 : 10), 0.06);
   }

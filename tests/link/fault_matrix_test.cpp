@@ -27,9 +27,6 @@ std::vector<std::uint8_t> SampleMemory(std::int16_t model) {
 // Contents that no radio holds. Without its channel groups a data set needs few blocks to program.
 core::RadioData Desk(std::int16_t model, bool all_groups) {
   core::RadioData data = image::MakeSampleRadio(model, testing::kAfterCutOver);
-  data.ProductName = "Orvane";
-  data.CurrentFileName = "/boats/sea rover.dat";
-  data.Flags.DataChanged = true;
   data.Common.SCAN = !data.Common.SCAN;
   data.Marine[0][20].ScanMemory = !data.Marine[0][20].ScanMemory;
   data.Marine[0][20].ChTag = "CHANGED";

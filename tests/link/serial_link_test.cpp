@@ -35,8 +35,8 @@ TEST(SerialLinkEcho, CountsOnlyWhenWholeAndUnchanged) {
     const double start = bench.clock.now;
     if (c.cancel_after > 0) bench.cancel_at = start + c.cancel_after;
     bench.link.SendLine("#CMD");
-    EXPECT_EQ(bench.data.Flags.Error, c.fails);
-    EXPECT_EQ(bench.data.Flags.Cancel, c.cancel_after > 0);
+    EXPECT_EQ(bench.state.Error, c.fails);
+    EXPECT_EQ(bench.state.Cancel, c.cancel_after > 0);
     EXPECT_NEAR(bench.clock.now - start, c.seconds, 0.02);
     EXPECT_EQ(bench.port.Unread(), c.unread);
   }
@@ -44,10 +44,10 @@ TEST(SerialLinkEcho, CountsOnlyWhenWholeAndUnchanged) {
 
 TEST(SerialLinkEcho, BeginsUncancelledButDoesNotForgetThatCancelWasPressed) {
   Bench bench;
-  bench.data.Flags.Cancel = true;
+  bench.state.Cancel = true;
   bench.link.SendLine("x");
-  EXPECT_FALSE(bench.data.Flags.Error);
-  EXPECT_FALSE(bench.data.Flags.Cancel);
+  EXPECT_FALSE(bench.state.Error);
+  EXPECT_FALSE(bench.state.Cancel);
   EXPECT_TRUE(bench.link.CancelRequested());
   bench.link.ForgetCancel();
   EXPECT_FALSE(bench.link.CancelRequested());
@@ -63,7 +63,7 @@ TEST(SerialLinkSend, WaitsTenMillisecondsAndWritesTheBytesAtOnce) {
   bench.link.SendFixedLine("ACMD:0020");
   bench.link.SendFixedLine("ACMD:002");
   EXPECT_EQ(bench.port.writes, (std::vector<std::string>{"P", "ACMD:002\r\n"}));
-  EXPECT_FALSE(bench.data.Flags.Error) << "the stale bytes were taken for the echo";
+  EXPECT_FALSE(bench.state.Error) << "the stale bytes were taken for the echo";
 }
 
 struct ReadCase {
@@ -141,7 +141,7 @@ TEST(SerialLinkSending, AnEchoThatStaysOutForThreeSecondsIsShownOnceAndStillAwai
     bench.port.replies = {{"P", echo_after}};
     bench.link.SendByte('P');
     EXPECT_EQ(bench.view.silences, silences);
-    EXPECT_FALSE(bench.data.Flags.Error);
+    EXPECT_FALSE(bench.state.Error);
   }
   Bench bench;
   bench.port.spoil_echo = [](const std::string&) { return std::string("#CMD"); };
@@ -168,11 +168,11 @@ TEST(SerialLinkReading, CancelIsSeenWhileBytesKeepComing) {
     void WaitForEvents(double /*deadline*/) override {
       FAIL() << "slept although bytes were waiting";
     }
-    void ProcessEvents() override { data->Flags.Cancel = true; }
-    core::RadioData* data = nullptr;
+    void ProcessEvents() override { state->Cancel = true; }
+    core::RunState* state = nullptr;
   } button;
-  button.data = &bench.data;
-  SerialLink link(bench.data, {bench.port, bench.clock, button, bench.log, bench.view});
+  button.state = &bench.state;
+  SerialLink link(bench.state, {bench.port, bench.clock, button, bench.log, bench.view});
   EXPECT_EQ(link.WaitByte(0x06, 10), WaitStatus::kCancelled);
 }
 
@@ -201,7 +201,7 @@ TEST(SerialLinkPort, OpensOnceReopensOnInitAndRaisesTheModemLinesBeforeClosing) 
 TEST(SerialLinkPort, AFailureToOpenIsLoggedInDebugModeOnly) {
   for (const bool debug : {false, true}) {
     Bench bench;
-    bench.data.Flags.Debug = debug;
+    bench.state.Debug = debug;
     bench.port.open_failures.assign(3, core::SystemError{13, "Permission denied\r\nJoin a group."});
     EXPECT_FALSE(bench.link.PortOpen());
     EXPECT_FALSE(bench.link.PortInit());

@@ -34,18 +34,18 @@ std::vector<std::uint8_t> UsedMemory(const core::RadioData& data) {
 
 struct Bench {
   explicit Bench(std::int16_t model = 5, double baud = 0) : data(testing::NewData(model)) {
-    data.ProductName = "Orvane";
     radio = std::make_unique<testing::SimulatedBench>(UsedMemory(data), baud);
     session = std::make_unique<TransferSession>(
-        data, LinkServices{radio->port, radio->clock, radio->pump, log, view, {"COM3", "Cable"}},
+        data, state,
+        LinkServices{radio->port, radio->clock, radio->pump, log, view, {"COM3", "Cable"}},
         prompts);
     before = data;
   }
   TransferOutcome Run(SessionKind kind) {
     const TransferOutcome outcome = session->Run(kind);
-    EXPECT_FALSE(data.Flags.Busy);
+    EXPECT_FALSE(state.Busy);
     EXPECT_FALSE(radio->port.IsOpen());
-    EXPECT_EQ(outcome.ending == Ending::kFailed, static_cast<bool>(data.Flags.Error));
+    EXPECT_EQ(outcome.ending == Ending::kFailed, static_cast<bool>(state.Error));
     return outcome;
   }
   void Fault(const char* text) {
@@ -81,6 +81,7 @@ struct Bench {
     return told;
   }
   core::RadioData data;
+  core::RunState state;
   core::RadioData before;
   std::unique_ptr<testing::SimulatedBench> radio;
   testing::RecordingLog log;
@@ -223,7 +224,7 @@ TEST(TransferSession, ACancelledRunTellsHowFarItCame) {
     Bench bench(5, 9600);
     bench.radio->radio.SetObserver([&](const Exchange& exchange) {
       bench.radio->asked.push_back(exchange);
-      if (exchange.kind == c.asked && exchange.address == c.address) bench.data.Flags.Cancel = true;
+      if (exchange.kind == c.asked && exchange.address == c.address) bench.state.Cancel = true;
     });
     EXPECT_EQ(bench.session->Run(c.kind), c.outcome);
     EXPECT_EQ(bench.Told(), Texts{});
@@ -282,13 +283,13 @@ TEST(TransferSession, AnUnpluggedCableIsLoggedWithTheRoutineThatMetIt) {
                         {SessionKind::kProgram, "unplug@write:29=9", "WriteData", 96}}) {
     SCOPED_TRACE(c.fault);
     Bench bench;
-    bench.data.Flags.Debug = true;
+    bench.state.Debug = true;
     bench.Fault(c.fault);
     EXPECT_EQ(bench.Run(c.kind), (TransferOutcome{Ending::kFailed, c.block == 96, true, c.block}));
     EXPECT_EQ(bench.Told(), Texts{"Orvane: 5\r\rInput/output error"});
     EXPECT_TRUE(bench.prompts.messages[0].details.starts_with("COM3 Cable failed"));
     EXPECT_EQ(bench.log.lines, Texts{"frmRadio102." + c.routine + " -> 5Input/output error"});
-    EXPECT_TRUE(bench.data.Flags.Cancel);
+    EXPECT_TRUE(bench.state.Cancel);
   }
 }
 
@@ -407,8 +408,8 @@ TEST(TransferSession, TheTimeLeftIsRightFromTheStart) {
     const double start = bench.radio->clock.now;
     TimedView view(bench.radio->clock);
     TransferSession session(
-        bench.data, {bench.radio->port, bench.radio->clock, bench.radio->pump, bench.log, view},
-        bench.prompts);
+        bench.data, bench.state,
+        {bench.radio->port, bench.radio->clock, bench.radio->pump, bench.log, view}, bench.prompts);
     EXPECT_EQ(session.Run(kind).ending, Ending::kDone);
     for (const double end : view.ends) {
       ASSERT_NEAR(end, view.last, (view.last - start) / 5);
@@ -421,7 +422,7 @@ TEST(TransferSession, MonitorsItsStepsInDebugModeOnlyAndAClearSessionEndsAfterIt
   Bench bench;
   bench.Run(SessionKind::kRead);
   EXPECT_TRUE(bench.view.monitor.empty());
-  bench.data.Flags.Debug = true;
+  bench.state.Debug = true;
   EXPECT_EQ(bench.Run(SessionKind::kClear).ending, Ending::kDeclined);
   EXPECT_EQ(bench.Asked(ExchangeKind::kWrite), "");
   EXPECT_EQ(bench.view.monitor,

@@ -102,16 +102,16 @@ TEST(PrintedReportWithoutFonts, IsRefusedAndTheRemedyNamed) {
     EXPECT_EQ(again.exitCode(), 0) << again.readAll().toStdString();
     return;
   }
-  const core::FileBytes pdf = PdfReport(testing::FullData(5), kToday);
+  const core::FileBytes pdf = PdfReport(testing::FullData(5), {{}, kToday});
   ASSERT_TRUE(pdf.error);
   EXPECT_NE(pdf.error->description.find("fonts-dejavu-core"), std::string::npos);
   EXPECT_TRUE(pdf.bytes.empty());
 }
 
 TEST_P(PrintedReport, TextsStandWhereThePagesPlaceThem) {
-  ASSERT_FALSE(PaintReport(data_, kToday, paper_));
+  ASSERT_FALSE(PaintReport(data_, {{}, kToday}, paper_));
   const double height = GetParam().fullRect(QPageLayout::Millimeter).height();
-  const auto pages = files::BuildPrintedPages(data_, files::LinesPerPage(height), kToday);
+  const auto pages = files::BuildPrintedPages(data_, files::LinesPerPage(height), {{}, kToday});
   const auto& painted = paper_.recorder.texts;
   const QPointF shift = GetParam().mode() == QPageLayout::FullPageMode
                             ? QPointF()
@@ -148,7 +148,7 @@ TEST_P(PrintedReport, TextsStandWhereThePagesPlaceThem) {
 
 // With the font that really paints, which may be another than the one asked for.
 TEST_P(PrintedReport, NoTextReachesTheNextOrLeavesThePaper) {
-  ASSERT_FALSE(PaintReport(data_, kToday, paper_));
+  ASSERT_FALSE(PaintReport(data_, {{}, kToday}, paper_));
   const QRectF paper = GetParam().fullRect(QPageLayout::Millimeter);
   using Line = std::map<double, double>;  // left to right edge
   std::map<std::pair<int, double>, Line> lines;
@@ -171,7 +171,7 @@ TEST_P(PrintedReport, NoTextReachesTheNextOrLeavesThePaper) {
 
 TEST_P(PrintedReport, DeviceThatTakesNoMorePagesIsAFailure) {
   paper_.pages_before_failure = 2;
-  EXPECT_TRUE(PaintReport(data_, kToday, paper_));
+  EXPECT_TRUE(PaintReport(data_, {{}, kToday}, paper_));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -41,10 +41,12 @@ class ManualClock : public core::Clock {
  public:
   [[nodiscard]] double Now() const override { return now; }
   [[nodiscard]] core::Date Today() const override { return today; }
+  [[nodiscard]] std::string TimeOfDay() const override { return time_of_day; }
   void Pause(double seconds) override { now += seconds; }
 
   double now = 1000;
   core::Date today = kAfterCutOver;
+  std::string time_of_day = "14:02";
 };
 
 /// Waiting jumps the clock just past the deadline, unless the hook (a simulated device) has

@@ -10,7 +10,6 @@
 #include "image/image_check.h"
 #include "link/simulated_port.h"
 #include "support/fakes.h"
-#include "support/radio_data_compare.h"
 #include "support/scripted_port.h"
 
 namespace orvane::testing {
@@ -142,7 +141,7 @@ FaultRunner::Run FaultRunner::RunOnce(const core::RadioData& data,
   UserPrompts prompts(fault_case.agree);
   RecordingLog log;
   RecordingView view;
-  link::TransferSession session(run.data, {port, clock, pump, log, view}, prompts);
+  link::TransferSession session(run.data, run.state, {port, clock, pump, log, view}, prompts);
 
   double cancelled_at = 0;
   int waits = 0;
@@ -151,7 +150,7 @@ FaultRunner::Run FaultRunner::RunOnce(const core::RadioData& data,
     if (static_cast<int>(run.asked.size()) + 1 < fault_case.cancel->exchange) return;
     if (waits++ < fault_case.cancel->waits) return;
     run.cancelled = true;
-    run.data.Flags.Cancel = true;
+    run.state.Cancel = true;
     run.asked_before_cancel = run.asked.size();
     cancelled_at = clock.now;
   };
@@ -180,10 +179,10 @@ std::string FaultRunner::BrokenPromises(const Run& run) const {
 std::string FaultRunner::CheckEnding(const Run& run) const {
   const std::string_view title = link::ModeTitle(kind_);
   std::string broken;
-  if (run.data.Flags.Busy || run.port_open) broken += "left busy or open; ";
+  if (run.state.Busy || run.port_open) broken += "left busy or open; ";
   if (run.done != Contains(run.messages, "Complete!!")) broken += "\"Complete!!\" is not true; ";
-  if (run.done && run.data.Flags.Error) broken += "done with error; ";
-  if (!run.done && !run.data.Flags.Error && !run.data.Flags.Cancel) broken += "no flag is set; ";
+  if (run.done && run.state.Error) broken += "done with error; ";
+  if (!run.done && !run.state.Error && !run.state.Cancel) broken += "no flag is set; ";
   if (run.outcome.ending == link::Ending::kCancelled && !run.cancelled) {
     broken += "ended as cancelled by nobody; ";
   }
@@ -203,8 +202,7 @@ std::string FaultRunner::CheckContents(const Run& run) const {
   if (kind_ == SessionKind::kProgram) return {};
   std::string broken;
   const core::RadioData& wanted = run.done ? ideal_.data : desk_;
-  if (!SameContents(run.data, wanted)) broken += "the data differ; ";
-  if (run.data.Flags.DataChanged != desk_.Flags.DataChanged) broken += "data-changed touched; ";
+  if (run.data != wanted) broken += "the data differ; ";
   if (run.memory != radio_memory_) broken += "a read changed the radio; ";
   return broken;
 }
@@ -258,7 +256,7 @@ std::string FaultRunner::CheckRecovery(const Run& run) const {
   Run again = RunOnce(run.data, run.memory, {});
   if (!again.done) return "the same session fails without fault; ";
   if (kind_ == SessionKind::kRead) {
-    return SameContents(again.data, ideal_.data) ? "" : "the same session reads other data; ";
+    return again.data == ideal_.data ? "" : "the same session reads other data; ";
   }
   // What the radio keeps for itself was overwritten by a run that could not read it.
   again.memory[kRadioOwnByte] = ideal_.memory[kRadioOwnByte];

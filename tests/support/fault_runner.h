@@ -55,6 +55,7 @@ class FaultRunner {
  private:
   struct Run {
     core::RadioData data;
+    core::RunState state;
     std::vector<std::uint8_t> memory;
     std::vector<link::Exchange> asked;
     std::vector<core::Message> messages;

@@ -67,7 +67,7 @@ inline void FillSettings(core::RadioData& data) {
 inline core::RadioData FullData(std::int16_t model_type) {
   core::RadioData data;
   data.MODELTYPE = model_type;
-  data.ModelName = core::ModelDisplayName(model_type, true);
+  data.Image[168] = 0x20;  // SEL1
   for (const core::MarineGroup group : core::kMarineGroups) {
     core::ResetMarineTable(group, data.Table(group));
   }

@@ -127,7 +127,7 @@ struct ScriptedBench {
       const double arrival = port.NextArrival().value_or(deadline + 1);
       if (cancel_at && *cancel_at <= std::min(arrival, deadline)) {
         const double at = *std::exchange(cancel_at, std::nullopt);
-        data.Flags.Cancel = true;
+        state.Cancel = true;
         return at;
       }
       return arrival <= deadline ? std::optional(arrival) : std::nullopt;
@@ -137,13 +137,14 @@ struct ScriptedBench {
   ScriptedBench& operator=(const ScriptedBench&) = delete;
 
   core::RadioData data;
+  core::RunState state;
   ManualClock clock;
   ManualPump pump{clock};
   ScriptedPort port{clock};
   RecordingLog log;
   RecordingView view;
   ScriptedPrompts prompts;
-  link::SerialLink link{data, {port, clock, pump, log, view}};
+  link::SerialLink link{state, {port, clock, pump, log, view}};
   std::optional<double> cancel_at;
 };
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+namespace orvane::editor {
+
+/// What a command asks of the window it was chosen in. What shows data follows the document by
+/// itself.
+class CommandHost {
+ public:
+  virtual ~CommandHost() = default;
+  /// Parent for the command's own windows; disabled while a command works (see Working).
+  [[nodiscard]] virtual QWidget& Widget() = 0;
+  /// Checks the page on show. False: the message has been shown and the command must not run.
+  [[nodiscard]] virtual bool CheckPage() = 0;
+  /// Shows the page "General" without checking the one left: for data that is about to be replaced.
+  virtual void ShowGeneralPage() = 0;
+  /// First panel of the status bar.
+  virtual void ShowHint(const QString& hint) = 0;
+  /// Lists the destinations of the data's model and checks the one chosen last.
+  virtual void RebuildDestinations() = 0;
+  /// Checks the Destination entry that the image's SEL1 bit stands for.
+  virtual void CheckDestinationOfImage() = 0;
+  /// Lets the window process its messages for that long.
+  virtual void Wait(double seconds) = 0;
+  /// The serial port chosen in the menu, or kept from the last run; it may be absent just now.
+  [[nodiscard]] virtual int PortNumber() const = 0;
+};
+
+/// Every file operation and reset shows its hourglass at least that long, in seconds.
+inline constexpr double kCommandPause = 0.5;
+
+}  // namespace orvane::editor

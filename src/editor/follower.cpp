@@ -1,0 +1,159 @@
+#include "editor/follower.h"
+
+#include <QScopedValueRollback>
+
+#include "core/model_profile.h"
+#include "editor/file_commands.h"
+#include "editor/frequency_box.h"
+#include "image/codec.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+
+Follower::Follower(document::Document& document, core::SettingsStore& settings, const Views& views)
+    : document_(document),
+      settings_(settings),
+      views_(views),
+      model_type_(document.Data().MODELTYPE) {
+  document_.Watch(*this);
+  connect(&views_.navigator, &Navigator::PageShown, &views_.heading, &PageHeading::Show);
+}
+
+Follower::~Follower() {
+  document_.Unwatch(*this);
+}
+
+void Follower::EditByPage(core::FieldRef at, const document::Document::Body& edit,
+                          document::Document::Manner manner) {
+  const QScopedValueRollback<bool> quiet(quiet_, true);
+  document_.Edit(at, edit, manner);
+}
+
+void Follower::Undo() {
+  if (auto* box = qobject_cast<FrequencyBox*>(views_.window.focusWidget())) {
+    if (box->UndoTyping()) return;
+  }
+  if (document_.CanUndo()) GoTo(document_.DoneCount() - 1);
+}
+
+void Follower::Redo() {
+  if (document_.CanRedo()) GoTo(document_.DoneCount() + 1);
+}
+
+void Follower::GoTo(std::size_t done) {
+  const std::size_t before = document_.DoneCount();
+  if (done == before) return;
+  const document::Step& last = document_.Steps()[done < before ? done : done - 1];
+  const std::optional<core::FieldRef> at = FieldOf(last);
+  {
+    const QScopedValueRollback<bool> quiet(quiet_, true);
+    document_.GoTo(done);
+  }
+  views_.destinations.ForgetSource();
+  const bool other_model = document_.Data().MODELTYPE != model_type_;
+  FollowModel();
+  if (other_model) views_.destinations.Rebuild(model_type_);
+  views_.destinations.Check(core::BuiltInDestination(image::Sel1(document_.Data().Image)));
+  views_.tree.Rebuild();
+  if (at) {
+    ShowField(*at);
+  } else {
+    ShowCurrentPage();
+  }
+}
+
+std::optional<core::FieldRef> Follower::FieldOf(const document::Step& step) const {
+  if (step.at) return step.at;
+  for (const core::Change& change : step.changes) {
+    if (NodeOfField(document_.Data(), change.at)) return change.at;
+  }
+  return std::nullopt;
+}
+
+void Follower::ShowField(core::FieldRef at) {
+  const std::optional<NodeRef> node = NodeOfField(document_.Data(), at);
+  if (!node) return ShowCurrentPage();
+  QString key = KeyOf(*node);
+  // The forty places stand under two headings.
+  NodeRef other = *node;
+  if (node->kind == NodeKind::kLmrChannel) other.kind = NodeKind::kExpChannel;
+  if (node->kind == NodeKind::kExpChannel) other.kind = NodeKind::kLmrChannel;
+  if (KeyOf(other) == views_.navigator.CurrentKey() || !views_.tree.Contains(key)) {
+    key = KeyOf(other);
+  }
+  if (!views_.tree.Contains(key)) return ShowCurrentPage();
+  views_.navigator.Show(key);
+  if (!views_.area.FocusField(at) && !views_.area.HasFocusInside()) views_.tree.setFocus();
+}
+
+void Follower::ShowCurrentPage() {
+  const QString& key = views_.navigator.CurrentKey();
+  views_.navigator.Show(views_.tree.Contains(key) ? QString(key) : KeyOf({}));
+}
+
+void Follower::FollowModel() {
+  const core::RadioData& data = document_.Data();
+  views_.model_name.setText(platform::FromAnsi(image::ModelName(data)));
+  if (data.MODELTYPE == model_type_) return;
+  model_type_ = data.MODELTYPE;
+  settings_.SetModelType(model_type_);
+  for (Page* page : views_.area.Pages()) page->ModelChanged();
+}
+
+void Follower::Begin() {
+  FollowModel();
+  StatusChanged();
+}
+
+void Follower::ShowAll() {
+  FollowModel();
+  views_.tree.Rebuild();
+  ShowCurrentPage();
+}
+
+void Follower::Changed(std::span<const core::Change> /*changes*/) {
+  if (!quiet_) ShowAll();
+}
+
+void Follower::Replaced() {
+  if (quiet_) return;
+  views_.destinations.ForgetSource();
+  ShowAll();
+}
+
+void Follower::StatusChanged() {
+  views_.window.setWindowTitle(WindowTitle(document_.FileName()));
+  views_.heading.Refresh();
+  const std::span<const document::Step> steps = document_.Steps();
+  const std::size_t done = document_.DoneCount();
+  NameCommand(*views_.menus.undo, tr("Undo"), document_.CanUndo() ? &steps[done - 1] : nullptr);
+  NameCommand(*views_.menus.redo, tr("Redo"), document_.CanRedo() ? &steps[done] : nullptr);
+  if (!notice_shown_) {
+    views_.notice.setText(platform::FromUtf8(document::SavedText(document_)));
+  }
+  emit HistoryChanged();
+}
+
+void Follower::NameCommand(QAction& item, const QString& word, const document::Step* step) {
+  const QString key = item.shortcut().toString(QKeySequence::NativeText);
+  QString text = word;
+  if (step != nullptr) text += QLatin1Char(' ') + platform::FromUtf8(step->name);
+  item.setEnabled(step != nullptr);
+  item.setText(QLatin1Char('&') + PlainCaption(text));
+  item.setToolTip(step != nullptr ? tr("%1 (%2)").arg(text, key)
+                                  : tr("%1: there is no step to take").arg(word));
+}
+
+void Follower::ShowNotice(const QString& notice) {
+  notice_shown_ = true;
+  views_.notice.clear();  // told again when it is the same
+  views_.notice.Tell(notice);
+}
+
+void Follower::EndNotice() {
+  if (!notice_shown_) return;
+  notice_shown_ = false;
+  views_.notice.setText(platform::FromUtf8(document::SavedText(document_)));
+}
+
+}  // namespace orvane::editor
