@@ -1,6 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
@@ -110,6 +111,41 @@ BENCHMARK_CAPTURE(PageChange, ChannelToChannel, "PU32", "PI7")->Unit(benchmark::
 BENCHMARK_CAPTURE(PageChange, MarineAndExtraTable, "PU", "ExpChannel")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(PageChange, WeatherAndExtraChannel, "PW", "E1")->Unit(benchmark::kMillisecond);
+
+/// A letter typed into a name: a step, the tree untouched. The heading follows.
+void Letter(benchmark::State& state) {
+  UsedWindow desk;
+  desk.Show("PU32");
+  auto* box = desk.Find<QLineEdit>("txtCTag");
+  box->setFocus();
+  Rounds rounds(state);
+  bool longer = false;
+  for (auto _ : state) {
+    longer = !longer;
+    rounds.Measure([&] {
+      QTest::keyClick(box, longer ? Qt::Key_X : Qt::Key_Backspace);
+      UsedWindow::Settle();
+    });
+  }
+}
+BENCHMARK(Letter)->Unit(benchmark::kMillisecond);
+
+/// A step on another page is taken back, or made again: tree and page follow.
+void UndoAndShow(benchmark::State& state) {
+  UsedWindow desk;
+  desk.Show("PU32");
+  QTest::keyClick(desk.Find<QWidget>("chkCScan"), Qt::Key_Space);
+  if (!desk.document.CanUndo()) std::abort();
+  Rounds rounds(state);
+  for (auto _ : state) {
+    desk.Show("PI7");
+    rounds.Measure([&] {
+      desk.Item(desk.document.CanUndo() ? "mnuEditUndo" : "mnuEditRedo").trigger();
+      UsedWindow::Settle();
+    });
+  }
+}
+BENCHMARK(UndoAndShow)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace orvane::bench

@@ -103,9 +103,10 @@ void FieldBox::SetLocked(bool locked) {
 }
 
 bool FieldBox::event(QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && !HasOwnHistory()) {
+  if (event->type() == QEvent::ShortcutOverride) {
     const auto& key = static_cast<const QKeyEvent&>(*event);
-    if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) return false;
+    if (key.matches(QKeySequence::Undo) && !TakesUndo()) return false;
+    if (key.matches(QKeySequence::Redo) && !TakesRedo()) return false;
   }
   const bool taken = QLineEdit::event(event);
   if (event->type() == QEvent::ApplicationPaletteChange) ApplyColour();

@@ -31,7 +31,8 @@ class FieldBox : public QLineEdit {
  protected:
   /// Undo and Redo mean what was typed here. Otherwise they are left to the window, whose history
   /// knows each letter that went into the data.
-  [[nodiscard]] virtual bool HasOwnHistory() const { return false; }
+  [[nodiscard]] virtual bool TakesUndo() const { return false; }
+  [[nodiscard]] virtual bool TakesRedo() const { return false; }
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;

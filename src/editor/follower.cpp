@@ -47,13 +47,11 @@ void Follower::GoTo(std::size_t done) {
   const std::optional<core::FieldRef> at = FieldOf(last);
   {
     const QScopedValueRollback<bool> quiet(quiet_, true);
+    replaced_ = false;
     document_.GoTo(done);
   }
-  views_.destinations.ForgetSource();
-  const bool other_model = document_.Data().MODELTYPE != model_type_;
+  if (replaced_) FollowDestination();
   FollowModel();
-  if (other_model) views_.destinations.Rebuild(model_type_);
-  views_.destinations.Check(core::BuiltInDestination(image::Sel1(document_.Data().Image)));
   views_.tree.Rebuild();
   if (at) {
     ShowField(*at);
@@ -91,6 +89,14 @@ void Follower::ShowCurrentPage() {
   views_.navigator.Show(views_.tree.Contains(key) ? QString(key) : KeyOf({}));
 }
 
+// Which entry another data set came from is not kept; which destination it is for, it says itself.
+void Follower::FollowDestination() {
+  const core::RadioData& data = document_.Data();
+  views_.destinations.ForgetSource();
+  if (data.MODELTYPE != model_type_) views_.destinations.Rebuild(data.MODELTYPE);
+  views_.destinations.Check(core::BuiltInDestination(image::Sel1(data.Image)));
+}
+
 void Follower::FollowModel() {
   const core::RadioData& data = document_.Data();
   views_.model_name.setText(platform::FromAnsi(image::ModelName(data)));
@@ -116,6 +122,7 @@ void Follower::Changed(std::span<const core::Change> /*changes*/) {
 }
 
 void Follower::Replaced() {
+  replaced_ = true;
   if (quiet_) return;
   views_.destinations.ForgetSource();
   ShowAll();

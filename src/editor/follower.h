@@ -74,6 +74,7 @@ class Follower : public QObject, private document::Watcher {
   void ShowField(core::FieldRef at);
   void ShowCurrentPage();
   void ShowAll();
+  void FollowDestination();
   void FollowModel();
   void NameCommand(QAction& item, const QString& word, const document::Step* step);
 
@@ -82,6 +83,7 @@ class Follower : public QObject, private document::Watcher {
   const Views views_;
   std::int16_t model_type_;  ///< that the window shows
   bool quiet_ = false;       ///< whoever changes the document shows it afterwards
+  bool replaced_ = false;    ///< since a walk through the history began
   bool notice_shown_ = false;
 };
 

@@ -30,7 +30,8 @@ class FrequencyBox : public FieldBox {
   void Abandoned();
 
  protected:
-  [[nodiscard]] bool HasOwnHistory() const override { return edited_ || isRedoAvailable(); }
+  [[nodiscard]] bool TakesUndo() const override { return edited_; }
+  [[nodiscard]] bool TakesRedo() const override { return isRedoAvailable(); }
   bool focusNextPrevChild(bool next) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;

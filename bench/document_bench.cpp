@@ -1,0 +1,57 @@
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "bench_data.h"
+#include "core/field_ref.h"
+#include "document/document.h"
+
+namespace orvane::bench {
+namespace {
+
+constexpr std::size_t kSteps = 10'000;
+
+std::unique_ptr<document::Contents> Used() {
+  return std::make_unique<document::Contents>(document::Contents{.data = UsedRadio()});
+}
+
+/// A name of all its characters: the text of a step of its own.
+void Rename(document::Document& document, std::size_t number) {
+  const core::RadioData& data = document.Data();
+  const core::ChannelRecord& channel = data.Marine[0][number % data.Marine[0].size()];
+  std::string name = "NAME " + std::to_string(number);
+  const auto at = core::RefTo<&core::ChannelRecord::ChTag>(data, channel);
+  document.Edit(at, [&](core::RadioData& edited) { core::Set(edited, at, std::move(name)); });
+}
+
+void Edit(benchmark::State& state) {
+  document::Document document(Used());
+  std::size_t number = 0;
+  for (auto _ : state) Rename(document, ++number);
+}
+BENCHMARK(Edit)->Unit(benchmark::kMicrosecond);
+
+void UndoAndRedo(benchmark::State& state) {
+  document::Document document(Used());
+  Rename(document, 1);
+  for (auto _ : state) {
+    document.Undo();
+    document.Redo();
+  }
+}
+BENCHMARK(UndoAndRedo)->Unit(benchmark::kMicrosecond);
+
+/// The memory of that many steps beside the time to make them.
+void LongHistory(benchmark::State& state) {
+  for (auto _ : state) {
+    document::Document document(Used());
+    for (std::size_t number = 1; number <= kSteps; ++number) Rename(document, number);
+    if (document.Steps().size() != kSteps) std::abort();
+    state.counters["bytes"] = static_cast<double>(document.HistorySize());
+  }
+}
+BENCHMARK(LongHistory)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+}  // namespace
+}  // namespace orvane::bench
