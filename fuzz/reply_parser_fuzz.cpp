@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "hostile_world.h"
+#include "core/radio_data.h"
 #include "link/clone_protocol.h"
 
 /// Any bytes are a radio's answers: what is sent comes back as echo and is followed by the next

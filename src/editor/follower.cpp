@@ -135,9 +135,7 @@ void Follower::StatusChanged() {
   const std::size_t done = document_.DoneCount();
   NameCommand(*views_.menus.undo, tr("Undo"), document_.CanUndo() ? &steps[done - 1] : nullptr);
   NameCommand(*views_.menus.redo, tr("Redo"), document_.CanRedo() ? &steps[done] : nullptr);
-  if (!notice_shown_) {
-    views_.notice.setText(platform::FromUtf8(document::SavedText(document_)));
-  }
+  if (!notice_shown_) ShowSaved();
   emit HistoryChanged();
 }
 
@@ -160,7 +158,17 @@ void Follower::ShowNotice(const QString& notice) {
 void Follower::EndNotice() {
   if (!notice_shown_) return;
   notice_shown_ = false;
-  views_.notice.setText(platform::FromUtf8(document::SavedText(document_)));
+  ShowSaved();
+}
+
+// That something changed is said by whoever changed it.
+void Follower::ShowSaved() {
+  const QString text = platform::FromUtf8(document::SavedText(document_));
+  if (document_.IsSaved()) {
+    views_.notice.Tell(text);
+  } else {
+    views_.notice.setText(text);
+  }
 }
 
 }  // namespace orvane::editor

@@ -72,6 +72,7 @@ class Follower : public QObject, private document::Watcher {
   /// Where a step happened: its field, as far as a page shows it.
   [[nodiscard]] std::optional<core::FieldRef> FieldOf(const document::Step& step) const;
   void ShowField(core::FieldRef at);
+  void ShowSaved();
   void ShowCurrentPage();
   void ShowAll();
   void FollowDestination();

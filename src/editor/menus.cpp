@@ -76,6 +76,7 @@ void AddEditMenu(QMenuBar& bar, Menus& menus) {
   edit.addSeparator();
   menus.history = AddItem(edit, QStringLiteral("mnuEditHistory"), QStringLiteral("&History"));
   menus.history->setCheckable(true);
+  menus.history->setToolTip(QStringLiteral("The list of the steps, to go to any of them"));
   edit.setToolTipsVisible(true);
 }
 
