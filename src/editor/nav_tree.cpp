@@ -7,6 +7,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include "editor/nav_tree_text.h"
 #include "editor/tool_tips.h"
 
 namespace orvane::editor {
@@ -38,6 +39,13 @@ NavTree::NavTree(TreeModel& model, QWidget* parent) : QTreeView(parent), model_(
   header()->setStretchLastSection(false);
   header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   header()->setResizeContentsPrecision(0);
+
+  InstallNavTreeText();
+  for (const auto changed : {&QTreeView::expanded, &QTreeView::collapsed}) {
+    connect(this, changed, this, [this](const QModelIndex& node) {
+      if (node == currentIndex()) TellFocus();
+    });
+  }
 }
 
 void NavTree::Rebuild() {
@@ -75,9 +83,40 @@ void NavTree::SetCurrentKey(const QString& key) {
   scrollTo(index);
 }
 
+void NavTree::Choose(const QModelIndex& node) {
+  {
+    const QScopedValueRollback<bool> quiet(quiet_, true);
+    setCurrentIndex(node);
+  }
+  emit NodeChosen(CurrentKey());
+}
+
+void NavTree::TellFocus() {
+  if (hasFocus()) Tell(QAccessible::Focus, currentIndex());
+}
+
+void NavTree::Tell(QAccessible::Event event, const QModelIndex& node) {
+  const int row = ShownRow(*this, node);
+  if (row < 0) return;
+  emit Told(event, row);
+  if (!QAccessible::isActive()) return;
+  QAccessibleEvent told(this, event);
+  told.setChild(row);
+  QAccessible::updateAccessibility(&told);
+}
+
+// What QTreeView adds to the two below is to tell of the node at a place that counts the header.
 void NavTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-  QTreeView::currentChanged(current, previous);
+  QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
+  TellFocus();
   if (!quiet_ && current.isValid()) emit NodeChosen(CurrentKey());
+}
+
+void NavTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+  QAbstractItemView::selectionChanged(selected, deselected);
+  Tell(QAccessible::SelectionAdd, selected.indexes().value(0));
+  Tell(QAccessible::SelectionRemove, deselected.indexes().value(0));
 }
 
 bool NavTree::viewportEvent(QEvent* event) {

@@ -158,11 +158,6 @@ int TreeModel::columnCount(const QModelIndex& /*parent*/) const {
   return 1;
 }
 
-QVariant TreeModel::headerData(int /*section*/, Qt::Orientation /*orientation*/,
-                               int /*role*/) const {
-  return {};
-}
-
 QVariant TreeModel::Description(const Item& item) {
   const bool lmr = item.node.kind == NodeKind::kLmrRoot;
   if (!lmr && item.node.kind != NodeKind::kExpRoot) return {};

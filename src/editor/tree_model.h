@@ -36,9 +36,6 @@ class TreeModel : public QAbstractItemModel {
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-  /// No text: the header is never shown, and assistive technologies are to say nothing of it.
-  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
-                                    int role) const override;
 
  private:
   struct Item {

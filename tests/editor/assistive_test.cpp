@@ -1,12 +1,14 @@
 #include <QAccessible>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <functional>
 #include <string_view>
 #include <tuple>
 
 #include "command_desk.h"
 #include "editor/channel_page.h"
 #include "editor/common_page.h"
+#include "editor/nav_tree_text.h"
 #include "editor/progress_box.h"
 #include "editor/usable_page.h"
 #include "editor/weather_page.h"
@@ -35,6 +37,32 @@ void WorkByKey(QWidget& control) {
   const auto* list = qobject_cast<QComboBox*>(&control);
   const Qt::Key step = list != nullptr && list->currentIndex() <= 0 ? Qt::Key_Down : Qt::Key_Up;
   QTest::keyClick(&control, list == nullptr ? Qt::Key_Space : step);
+}
+
+/// The children are the nodes that the tree shows, from top to bottom.
+void CompareWithTree(const QTreeView& tree, QAccessibleInterface& text) {
+  int row = 0;
+  for (QModelIndex node = tree.model()->index(0, 0); node.isValid(); node = tree.indexBelow(node)) {
+    const QString name = node.data().toString();
+    const Row at(row, name);
+    QAccessibleInterface* child = text.child(row);
+    QVERIFY(child != nullptr);
+    QCOMPARE(child->role(), QAccessible::TreeItem);
+    QCOMPARE(child->text(QAccessible::Name), name);
+    QCOMPARE(child->text(QAccessible::Description), node.data(Qt::ToolTipRole).toString());
+    QCOMPARE(text.indexOfChild(child), row);
+    QCOMPARE(child->tableCellInterface()->rowIndex(), row++);
+    const QAccessible::State state = child->state();
+    QCOMPARE(bool(state.expandable), tree.model()->hasChildren(node));
+    QCOMPARE(bool(state.expanded), tree.isExpanded(node));
+    QCOMPARE(bool(state.collapsed), state.expandable && !state.expanded);
+    QCOMPARE(bool(state.selected), node == tree.currentIndex());
+    const QPoint middle = child->rect().center();
+    if (!state.invisible)
+      QCOMPARE(text.childAt(middle.x(), middle.y())->text(QAccessible::Name), name);
+  }
+  QCOMPARE(text.childCount(), row);
+  QCOMPARE(text.child(row), nullptr);
 }
 
 /// The boxes, option buttons and lists that would change by being worked.
@@ -139,6 +167,79 @@ class AssistiveTest : public QObject {
       QVERIFY(desk.page->Check());
       QCOMPARE(desk.Text(name), expected);
       if (*key == 'L') QCOMPARE(desk.data.EXP[1].Rxfreq, frequency ? 155.5 : 151.6);
+    }
+  }
+
+  void TreeIsReadAsItIsShownWithoutItsHiddenHeader() {
+    testing::WindowDesk desk;
+    desk.Start();
+    editor::NavTree& tree = desk.Tree();
+    QAccessibleInterface& text = Assistive(tree);
+    QCOMPARE(text.role(), QAccessible::Tree);
+    QVERIFY(text.tableInterface() != nullptr);
+    tree.setFocus();
+    QStringList told;
+    connect(&tree, &editor::NavTree::Told, &tree, [&](QAccessible::Event event, int row) {
+      const char* what = event == QAccessible::Focus          ? "focus "
+                         : event == QAccessible::SelectionAdd ? "+ "
+                                                              : "- ";
+      told << what + text.child(row)->text(QAccessible::Name);
+    });
+    const auto press = [&](Qt::Key key) { return [&, key] { QTest::keyClick(&tree, key); }; };
+    const auto act = [&](const char* key, const QString& action) {
+      return [&, key, action] {
+        const auto& model = static_cast<const editor::TreeModel&>(*tree.model());
+        const int row = editor::ShownRow(tree, model.IndexOfKey(key));
+        text.child(row)->actionInterface()->doAction(action);
+      };
+    };
+    const QString choose = QAccessibleActionInterface::pressAction();
+    const QString toggle = QAccessibleActionInterface::toggleAction();
+    const struct {
+      const char* what;
+      std::function<void()> work;
+      const char* current;
+      QStringList told;
+    } steps[] = {
+        {"start", [] {}, "General", {}},
+        {"Down",
+         press(Qt::Key_Down),
+         "Usable",
+         {"+ Available CH Group Setup", "- General", "focus Available CH Group Setup"}},
+        {"choose", act("PU", choose), "PU", {"+ USA", "- Available CH Group Setup", "focus USA"}},
+        {"expand", press(Qt::Key_Right), "PU", {"focus USA"}},
+        {"expand another", act("PC", toggle), "PU", {}},
+        {"choose below",
+         act("PC2", choose),
+         "PC2",
+         {"+ CH01[Enable]", "- USA", "focus CH01[Enable]"}},
+        {"collapse above", act("PU", toggle), "PC2", {}},
+        {"nodes go",
+         [&] {
+           desk.data.Usable[0].Enable = false;
+           tree.Rebuild();
+         },
+         "PC2",
+         {"+ CH01[Enable]", "focus CH01[Enable]"}},
+        {"row",
+         [&] { QVERIFY(text.tableInterface()->selectRow(1)); },
+         "Usable",
+         {"+ Available CH Group Setup", "- CH01[Enable]", "focus Available CH Group Setup"}},
+        {"away from the tree",
+         [&] {
+           desk.window->setFocus();
+           tree.SetCurrentKey("PW");
+         },
+         "PW",
+         {"+ Weather", "- Available CH Group Setup"}},
+    };
+    for (const auto& step : steps) {
+      const Row at(step.what);
+      told.clear();
+      step.work();
+      CompareWithTree(tree, text);
+      QCOMPARE(tree.CurrentKey(), step.current);
+      QCOMPARE(told, step.told);
     }
   }
 
