@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFileInfo>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -25,21 +26,20 @@
 
 namespace {
 
-/// The words after the program's name, split at blanks once more: a desktop entry may hand several
-/// over as one argument.
-std::vector<std::string> CommandLineWords(const QStringList& arguments) {
-  std::vector<std::string> words;
+/// What follows the program's name.
+std::vector<std::string> ArgumentsOf(const QStringList& arguments) {
+  std::vector<std::string> texts;
   for (const QString& argument : arguments.mid(1)) {
-    for (const QString& word : argument.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-      words.push_back(orvane::platform::ToUtf8(word));
-    }
+    texts.push_back(orvane::platform::ToUtf8(argument));
   }
-  return words;
+  return texts;
 }
 
+constexpr int kWrongUsage = 2;
+
 constexpr const char* kHelpText =
-    "Usage: orvane [/D]\n"
-    "Opens the window that programs the radios of the KT740 series.\n\n"
+    "Usage: orvane [/D] [FILE]\n"
+    "Opens the window that programs the radios of the KT740 series, and the file in it.\n\n"
     "  /D         debug mode: image files by Ctrl+F2 and Ctrl+F3, failures written to err.log\n"
     "  --help     this text\n"
     "  --version  the program's version\n\n"
@@ -51,7 +51,7 @@ constexpr const char* kHelpText =
 std::string TextInsteadOfWindow(int argc, char** argv) {
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
-  const orvane::core::StartWords words = orvane::core::ReadStartWords(CommandLineWords(arguments));
+  const orvane::core::StartWords words = orvane::core::ReadStartWords(ArgumentsOf(arguments));
   if (words.help) return kHelpText;
   if (!words.version) return {};
   return std::string(orvane::core::kProductName) + " " + ORVANE_VERSION + "\n";
@@ -77,8 +77,12 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QLatin1String(orvane::core::kProductName.data()));
 
   const orvane::core::StartWords words =
-      orvane::core::ReadStartWords(CommandLineWords(QApplication::arguments()));
+      orvane::core::ReadStartWords(ArgumentsOf(QApplication::arguments()));
   TellUnknown(words.unknown);
+  if (!words.refused.empty()) {
+    std::cerr << "orvane: only one file can be opened; see orvane --help." << std::endl;
+    return kWrongUsage;
+  }
   orvane::document::Document document(std::make_unique<orvane::document::Contents>());
   orvane::core::RunState state;
   state.Debug = words.debug;
@@ -117,5 +121,9 @@ int main(int argc, char** argv) {
                                                 .data_folder = platform::DataFolder()};
   orvane::editor::MainWindow window(services);
   window.show();
+  if (!words.file.empty()) {
+    window.OpenAtStart(
+        platform::ToUtf8(QFileInfo(platform::FromUtf8(words.file)).absoluteFilePath()));
+  }
   return QApplication::exec();
 }

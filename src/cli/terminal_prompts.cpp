@@ -28,6 +28,8 @@ std::vector<Answer> AnswersTo(Buttons buttons) {
       return {Answer::kYes, Answer::kNo, Answer::kCancel};
     case Buttons::kRetryCancel:
       return {Answer::kRetry, Answer::kCancel};
+    case Buttons::kOverwriteSaveAsCancel:
+      return {Answer::kSaveAs, Answer::kOverwrite, Answer::kCancel};
   }
   return {Answer::kOk};
 }
@@ -44,6 +46,10 @@ std::string_view AnswerText(Answer answer) {
       return "No";
     case Answer::kRetry:
       return "Retry";
+    case Answer::kOverwrite:
+      return "Overwrite";
+    case Answer::kSaveAs:
+      return "Save As";
   }
   return {};
 }

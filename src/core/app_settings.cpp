@@ -4,6 +4,7 @@
 #include <array>
 #include <iterator>
 #include <tuple>
+#include <utility>
 
 #include "core/model_profile.h"
 #include "core/number_text.h"
@@ -19,6 +20,8 @@ constexpr std::string_view kModelKey = "ModelNum";
 constexpr std::string_view kDestinationSection = "IniFilePath";
 constexpr std::string_view kDestinationKey = "IniFileName_";  // followed by the MODELTYPE
 constexpr std::string_view kWindowSection = "Settings";
+constexpr std::string_view kRecentSection = "RecentFiles";
+constexpr std::string_view kRecentKey = "File";  // followed by its place, from 1
 
 constexpr int kDefaultPort = 1;
 /// Destinations that need no template file; the first is the one of a fresh installation.
@@ -44,6 +47,10 @@ std::string DestinationKey(std::int16_t model_type) {
   return std::string(kDestinationKey) + std::to_string(model_type);
 }
 
+std::string RecentKey(std::size_t place) {
+  return std::string(kRecentKey) + std::to_string(place);
+}
+
 /// What a template's file name ends with: it says which model the template is for.
 std::string TemplateEnding(std::int16_t model_type) {
   return "_" + HexText(ProfileOf(model_type).code, 4) + ".ini";
@@ -60,20 +67,45 @@ std::string_view NameOf(std::string_view file_name) {
   return file_name.substr(0, file_name.find('_'));
 }
 
+bool TakeWord(std::string_view word, StartWords& read) {
+  const std::string upper = UpperCase(word);
+  if (upper == "/D") return read.debug = true;
+  if (upper == "--HELP" || upper == "-H") return read.help = true;
+  return upper == "--VERSION" && (read.version = true);
+}
+
+/// Meant as a word and not as a file: "-x", "/X".
+bool IsWord(std::string_view argument) {
+  if (argument.empty() || argument.front() == '-') return true;
+  return argument.front() == '/' && argument.find_first_of("/.", 1) == std::string_view::npos;
+}
+
+/// How many of the argument's words the program knows, and how many there are.
+std::pair<int, int> TakeWords(std::string_view argument, StartWords& read) {
+  int known = 0;
+  int words = 0;
+  while (!argument.empty()) {
+    const std::size_t end = std::min(argument.find(' '), argument.size());
+    if (end > 0) ++words;
+    if (end > 0 && TakeWord(argument.substr(0, end), read)) ++known;
+    argument.remove_prefix(std::min(end + 1, argument.size()));
+  }
+  return {known, words};
+}
+
 }  // namespace
 
-StartWords ReadStartWords(const std::vector<std::string>& words) {
+StartWords ReadStartWords(const std::vector<std::string>& arguments) {
   StartWords read;
-  for (const std::string& word : words) {
-    const std::string upper = UpperCase(word);
-    if (upper == "/D") {
-      read.debug = true;
-    } else if (upper == "--HELP" || upper == "-H") {
-      read.help = true;
-    } else if (upper == "--VERSION") {
-      read.version = true;
+  for (const std::string& argument : arguments) {
+    const auto [known, words] = TakeWords(argument, read);
+    if (known == words && words > 0) continue;
+    if (known > 0 || IsWord(argument)) {
+      read.unknown.push_back(argument);
+    } else if (read.file.empty()) {
+      read.file = argument;
     } else {
-      read.unknown.push_back(word);
+      read.refused.push_back(argument);
     }
   }
   return read;
@@ -105,6 +137,25 @@ std::string AppSettings::Destination(std::int16_t model_type) const {
 
 void AppSettings::SetDestination(std::int16_t model_type, std::string_view name) {
   store_.Write(kDestinationSection, DestinationKey(model_type), name);
+}
+
+std::vector<std::string> AppSettings::RecentFiles() const {
+  std::vector<std::string> paths;
+  for (std::size_t place = 1; place <= kRecentFiles; ++place) {
+    std::optional<std::string> path = store_.Read(kRecentSection, RecentKey(place));
+    if (path && !path->empty()) paths.push_back(std::move(*path));
+  }
+  return paths;
+}
+
+void AppSettings::AddRecentFile(const std::string& path) {
+  std::vector<std::string> paths = RecentFiles();
+  std::erase(paths, path);
+  paths.insert(paths.begin(), path);
+  paths.resize(kRecentFiles);
+  for (std::size_t place = 1; place <= kRecentFiles; ++place) {
+    store_.Write(kRecentSection, RecentKey(place), paths[place - 1]);
+  }
 }
 
 std::optional<WindowGeometry> AppSettings::MainWindow() const {

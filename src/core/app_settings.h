@@ -13,14 +13,17 @@
 /// stand beside the program.
 namespace orvane::core {
 
-/// What the words of the command line ask of the window's program, in either letter case.
+/// What the arguments of the window's program ask of it. Words count in either letter case, and
+/// an argument may hold several of them: a desktop entry may hand them over as one.
 struct StartWords {
   bool debug = false;                ///< "/D"
   bool help = false;                 ///< "--help", "-h"
   bool version = false;              ///< "--version"
-  std::vector<std::string> unknown;  ///< all others, which are ignored
+  std::string file;                  ///< to open, "" for none
+  std::vector<std::string> unknown;  ///< other words, "-x" and "/X", which are ignored
+  std::vector<std::string> refused;  ///< further files: the program opens one
 };
-[[nodiscard]] StartWords ReadStartWords(const std::vector<std::string>& words);
+[[nodiscard]] StartWords ReadStartWords(const std::vector<std::string>& arguments);
 
 struct WindowGeometry {  ///< twips: 1/1440 inch, 15 to a device-independent pixel
   int left = 0, top = 0, width = 0, height = 0;
@@ -37,6 +40,10 @@ class AppSettings {
   void SetModelType(std::int16_t model_type);
   [[nodiscard]] std::string Destination(std::int16_t model_type) const;  ///< default "KT740-usa"
   void SetDestination(std::int16_t model_type, std::string_view name);
+  /// Full paths of the files last opened or saved, the latest first; at most kRecentFiles.
+  [[nodiscard]] std::vector<std::string> RecentFiles() const;
+  void AddRecentFile(const std::string& path);
+  static constexpr std::size_t kRecentFiles = 10;
   [[nodiscard]] std::optional<WindowGeometry> MainWindow() const;
   void SetMainWindow(const WindowGeometry& geometry);
 

@@ -70,6 +70,16 @@ constexpr std::array kRows = {
                           "drive that has gone. Its name and the system's reason stand here.}",
                .remedy = "What stood in the file before is still whole. Save to another place, "
                          "or remove the cause and save again."},
+    MessageRow{.id = kFileOvertaken,
+               .group = kFiles,
+               .text = {"Another program has changed the file since it was opened or saved here."},
+               .icon = Icon::kExclamation,
+               .buttons = Buttons::kOverwriteSaveAsCancel,
+               .where = "Save",
+               .meaning = "{path|The file's name stands here.} What the other program wrote would "
+                          "be lost.",
+               .remedy = "Save As keeps both: the data here go into another file. Overwrite "
+                         "replaces the other program's work; one version before is kept."},
     MessageRow{.id = kImageLength,
                .group = kFiles,
                .text = {"bad file!!"},

@@ -42,6 +42,7 @@ enum class MessageId {
   kFileRead,
   kFileChanged,
   kFileSave,
+  kFileOvertaken,
   kImageLength,
   kModelOfImage,
   kUnknownImage,

@@ -14,8 +14,8 @@
 namespace orvane::core {
 
 enum class Icon { kNone, kInformation, kQuestion, kExclamation, kCritical };
-enum class Buttons { kOk, kOkCancel, kYesNo, kYesNoCancel, kRetryCancel };
-enum class Answer { kOk, kCancel, kYes, kNo, kRetry };
+enum class Buttons { kOk, kOkCancel, kYesNo, kYesNoCancel, kRetryCancel, kOverwriteSaveAsCancel };
+enum class Answer { kOk, kCancel, kYes, kNo, kRetry, kOverwrite, kSaveAs };
 
 /// One modal message box.
 struct Message {

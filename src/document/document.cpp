@@ -35,6 +35,10 @@ Contents NewContents(std::int16_t model_type, core::Date today) {
   return contents;
 }
 
+std::size_t PrintOf(std::string_view bytes) {
+  return std::max<std::size_t>(std::hash<std::string_view>()(bytes), 1);
+}
+
 Document::Document(std::unique_ptr<Contents> contents, std::size_t history_bytes)
     : contents_(std::move(contents)), history_bytes_(history_bytes) {}
 
@@ -166,10 +170,11 @@ bool Document::IsAsItCame() const {
 }
 
 // Every place of the history whose file was this one no longer holds what the file holds.
-void Document::MarkSaved(std::string file_name, std::string time) {
+void Document::MarkSaved(std::string file_name, std::string time, std::size_t file_print) {
   typing_.reset();
   contents_->file_name = std::move(file_name);
   contents_->time = std::move(time);
+  contents_->file_print = file_print;
   const std::string& file = contents_->file_name;
   const auto is_other = [&](const Step& step) {
     return step.other != nullptr && step.other->file_name != file;

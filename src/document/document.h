@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/calendar.h"
@@ -24,7 +25,12 @@ struct Contents {
   std::string file_name{};  ///< full path, "" for one without a file
   Origin origin = Origin::kNew;
   std::string time{};  ///< when it was read or last saved, as the user sees it ("14:02")
+  /// PrintOf the file's bytes when it was last read or written here; 0 when it was not.
+  std::size_t file_print = 0;
 };
+
+/// Tells one file's contents from another's. Never 0.
+[[nodiscard]] std::size_t PrintOf(std::string_view bytes);
 
 /// A data set of the model as it is after New.
 [[nodiscard]] Contents NewContents(std::int16_t model_type, core::Date today);
@@ -71,6 +77,7 @@ class Document {
   [[nodiscard]] const core::RadioData& Data() const { return contents_->data; }
   [[nodiscard]] const std::string& FileName() const { return contents_->file_name; }
   [[nodiscard]] Origin ComesFrom() const { return contents_->origin; }
+  [[nodiscard]] std::size_t FilePrint() const { return contents_->file_print; }
   [[nodiscard]] const std::string& Time() const { return contents_->time; }
 
   using Body = std::function<void(core::RadioData&)>;
@@ -109,7 +116,7 @@ class Document {
   [[nodiscard]] bool IsSaved() const { return done_ == 0 ? saved_at_start_ : Last().saved_after; }
   /// Nothing was edited since the data set came.
   [[nodiscard]] bool IsAsItCame() const;
-  void MarkSaved(std::string file_name, std::string time);
+  void MarkSaved(std::string file_name, std::string time, std::size_t file_print = 0);
 
   /// What the question on exit asks about: set by every edit, undo and redo and by input not yet
   /// taken over, cleared where New, reading and loading an image clear it, and never by saving.

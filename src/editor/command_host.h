@@ -18,6 +18,8 @@ class CommandHost {
   virtual void ShowGeneralPage() = 0;
   /// First panel of the status bar.
   virtual void ShowHint(const QString& hint) = 0;
+  /// Second panel of the status bar, until the next hint.
+  virtual void ShowNotice(const QString& notice) = 0;
   /// Lists the destinations of the data's model and checks the one chosen last.
   virtual void RebuildDestinations() = 0;
   /// Checks the Destination entry that the image's SEL1 bit stands for.

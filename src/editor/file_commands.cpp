@@ -1,9 +1,11 @@
 #include "editor/file_commands.h"
 
+#include <algorithm>
 #include <chrono>
 #include <optional>
 #include <utility>
 
+#include "core/app_settings.h"
 #include "core/message_facts.h"
 #include "core/narrowband.h"
 #include "core/product.h"
@@ -16,6 +18,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kMenuCloses{100};
 constexpr const char* kFilter = "dat files(*.dat)|*.dat|All files(*.*)|*.*";
+constexpr std::string_view kImageEnding = ".hex";
 constexpr const char* kHexFilter = "hex files(*.hex)|*.hex|All files(*.*)|*.*";
 
 std::string WithoutFolder(const std::string& path) {
@@ -60,21 +63,26 @@ void FileCommands::Reset() {
 void FileCommands::Open() {
   if (!host_.CheckPage()) return;
   state_.Cancel = true;
-  const auto path =
-      services_.dialogs.AskOpen({.filter = kFilter, .folder = services_.program_folder});
+  const auto path = services_.dialogs.AskOpen(Request(kFilter));
   if (path && !path->empty()) ReadFile(*path);
 }
 
 void FileCommands::OpenFile(const std::string& path) {
   if (!host_.CheckPage()) return;
   state_.Cancel = true;
-  ReadFile(path);
+  if (path.ends_with(kImageEnding)) {
+    LoadImageFile(path);
+  } else {
+    ReadFile(path);
+  }
 }
 
 void FileCommands::ReadFile(const std::string& path) {
   const Working working(host_.Widget());
-  document::Contents opened{
-      .data = document_.Data(), .file_name = path, .origin = document::Origin::kOpened};
+  document::Contents opened{.data = document_.Data(),
+                            .file_name = path,
+                            .origin = document::Origin::kOpened,
+                            .file_print = PrintOfFile(path)};
   files::ReadSettingFile(opened.data, state_, path, services_.files, services_.prompts,
                          services_.pump);
   if (state_.Error) return;
@@ -85,6 +93,8 @@ void FileCommands::ReadFile(const std::string& path) {
 void FileCommands::Replace(const char* verb, document::Contents contents) {
   host_.ShowGeneralPage();
   std::string step = verb + WithoutFolder(contents.file_name);
+  core::AppSettings(services_.settings).AddRecentFile(contents.file_name);
+  overtaking_told_ = false;
   document_.Replace(std::move(step), std::move(contents), true);
   host_.CheckDestinationOfImage();
 }
@@ -93,16 +103,58 @@ void FileCommands::SaveSettings(bool reuse_name) {
   state_.Cancel = true;
   if (!host_.CheckPage()) return;
   NoticeNarrowband();
-  std::string path = reuse_name ? document_.FileName() : std::string();
-  if (path.empty()) {
-    path = services_.dialogs.AskSave({.filter = kFilter, .folder = services_.program_folder})
-               .value_or(std::string());
-  }
+  const std::string path = PathToSave(reuse_name);
   if (path.empty()) return;
   SaveFileAs(path);
   if (state_.Error) return;
-  document_.MarkSaved(path, services_.clock.TimeOfDay());
+  core::AppSettings(services_.settings).AddRecentFile(path);
+  overtaking_told_ = false;
+  document_.MarkSaved(path, services_.clock.TimeOfDay(),
+                      document::PrintOf(files::SettingFileText(document_.Data())));
   state_.Cancel = false;
+}
+
+std::string FileCommands::PathToSave(bool reuse_name) {
+  if (reuse_name && !document_.FileName().empty()) {
+    if (!IsOvertaken()) return document_.FileName();
+    const core::Answer answer = services_.prompts.Show(core::MakeMessage(
+        core::MessageId::kFileOvertaken, core::kProgramTitle, {{"path", document_.FileName()}}));
+    if (answer == core::Answer::kOverwrite) return document_.FileName();
+    if (answer != core::Answer::kSaveAs) return {};
+  }
+  return services_.dialogs.AskSave(Request(kFilter)).value_or(std::string());
+}
+
+bool FileCommands::IsOvertaken() const {
+  if (document_.FileName().empty() || document_.FilePrint() == 0) return false;
+  const std::size_t print = PrintOfFile(document_.FileName());
+  return print != 0 && print != document_.FilePrint();
+}
+
+void FileCommands::LookAtFile() {
+  if (overtaking_told_ || !IsOvertaken()) return;
+  overtaking_told_ = true;
+  host_.ShowNotice(tr("Another program has changed %1.")
+                       .arg(platform::FromUtf8(WithoutFolder(document_.FileName()))));
+}
+
+// 0 for a file that cannot be read: one that has gone was not changed.
+std::size_t FileCommands::PrintOfFile(const std::string& path) const {
+  const core::BusyScope busy(state_);
+  const core::FileBytes file = services_.files.ReadFile(path);
+  return file.error ? 0 : document::PrintOf(file.bytes);
+}
+
+platform::FileDialogRequest FileCommands::Request(const char* filter) const {
+  platform::FileDialogRequest request{.filter = filter, .folder = services_.program_folder};
+  for (const std::string& path : core::AppSettings(services_.settings).RecentFiles()) {
+    const std::string folder = path.substr(0, path.find_last_of("/\\"));
+    const auto& known = request.last_folders;
+    if (std::find(known.begin(), known.end(), folder) == known.end()) {
+      request.last_folders.push_back(folder);
+    }
+  }
+  return request;
 }
 
 void FileCommands::NoticeNarrowband() {
@@ -135,9 +187,7 @@ void FileCommands::SaveFileAs(const std::string& path) {
 void FileCommands::SaveImage() {
   if (!state_.Debug || !host_.CheckPage()) return;
   state_.Cancel = true;
-  const std::string path =
-      services_.dialogs.AskSave({.filter = kHexFilter, .folder = services_.program_folder})
-          .value_or(std::string());
+  const std::string path = services_.dialogs.AskSave(Request(kHexFilter)).value_or(std::string());
   if (path.empty()) return;
   // Encoding adjusts the records to what the radio can hold.
   document_.Adjust("Save " + WithoutFolder(path), [&](core::RadioData& data) {
@@ -154,14 +204,17 @@ void FileCommands::SaveImage() {
 void FileCommands::LoadImage() {
   if (!state_.Debug) return;
   state_.Cancel = true;
-  const std::string path =
-      services_.dialogs.AskOpen({.filter = kHexFilter, .folder = services_.program_folder})
-          .value_or(std::string());
-  if (path.empty()) return;
+  const std::string path = services_.dialogs.AskOpen(Request(kHexFilter)).value_or(std::string());
+  if (!path.empty()) LoadImageFile(path);
+}
+
+void FileCommands::LoadImageFile(const std::string& path) {
   const Working working(host_.Widget());
   state_.Cancel = false;
-  document::Contents loaded{
-      .data = document_.Data(), .file_name = path, .origin = document::Origin::kImage};
+  document::Contents loaded{.data = document_.Data(),
+                            .file_name = path,
+                            .origin = document::Origin::kImage,
+                            .file_print = PrintOfFile(path)};
   {
     const core::BusyScope busy(state_);
     files::LoadHexFile(loaded.data, state_, path, services_.files, services_.prompts,

@@ -29,7 +29,7 @@ class FileCommands : public QObject {
   /// the history.
   void NewUnchecked(std::int16_t model_type, std::string step);
   void Open();
-  /// Opens a file without asking which.
+  /// Opens a file without asking which: a settings file, or an image by its name's ending.
   void OpenFile(const std::string& path);
   void Save() { SaveSettings(true); }
   void SaveAs() { SaveSettings(false); }
@@ -37,6 +37,9 @@ class FileCommands : public QObject {
   /// Debug mode only; nothing happens otherwise.
   void SaveImage();
   void LoadImage();
+
+  /// The window got the focus: says so when another program has changed the file meanwhile.
+  void LookAtFile();
 
   /// Asks about changed data. True when the window may close.
   [[nodiscard]] bool AskBeforeClosing();
@@ -48,6 +51,13 @@ class FileCommands : public QObject {
   void NoticeNarrowband();
   void SaveFileAs(const std::string& path);
   void Replace(const char* verb, document::Contents contents);
+  void LoadImageFile(const std::string& path);
+  /// Another program has written the document's file since it was read or written here.
+  [[nodiscard]] bool IsOvertaken() const;
+  [[nodiscard]] std::size_t PrintOfFile(const std::string& path) const;
+  /// The path to save to, "" when the user keeps the file as it is.
+  [[nodiscard]] std::string PathToSave(bool reuse_name);
+  [[nodiscard]] platform::FileDialogRequest Request(const char* filter) const;
 
   const WindowServices services_;
   document::Document& document_;
@@ -58,6 +68,7 @@ class FileCommands : public QObject {
   std::string new_step_;
   /// From the decision to reset until it is done: nothing may touch data that is on its way out.
   std::unique_ptr<Working> resetting_;
+  bool overtaking_told_ = false;
 };
 
 /// Product name, program title and the file's name without its folder, in lower case.

@@ -49,6 +49,7 @@ MainWindow::MainWindow(const WindowServices& services)
       start_timer_(new QTimer(this)),
       port_menu_(menus_, services.ports, services.settings),
       destination_menu_(menus_, services.files, services.settings, services.data_folder),
+      recent_menu_(menus_, services.files, services.settings),
       file_commands_(services_, *this),
       model_commands_(services_, *this, menus_, destination_menu_, file_commands_),
       window_commands_(services_, *this) {
@@ -127,6 +128,7 @@ void MainWindow::ConnectCommands() {
   run(menus_.about, window_commands_, &WindowCommands::About);
   run(menus_.undo, *follower_, &Follower::Undo);
   run(menus_.redo, *follower_, &Follower::Redo);
+  connect(&recent_menu_, &RecentMenu::Picked, &file_commands_, &FileCommands::OpenFile);
   connect(menus_.history, &QAction::toggled, this, &MainWindow::ShowHistory);
   connect(menus_.file_exit, &QAction::triggered, this, [this] {
     if (CheckPage()) close();
@@ -211,6 +213,13 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   splitter_->setSizes({tree_width, width() - tree_width});
   if (general_ != nullptr && !general_->LogoShown()) {
     general_->ShowLogo(platform::FromUtf8(services_.data_folder) + QLatin1String("/Keldrin.gif"));
+  }
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() && isEnabled()) {
+    file_commands_.LookAtFile();
   }
 }
 

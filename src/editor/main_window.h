@@ -16,6 +16,7 @@
 #include "editor/page_area.h"
 #include "editor/page_heading.h"
 #include "editor/plain_pages.h"
+#include "editor/recent_menu.h"
 #include "editor/serial_port_menu.h"
 #include "editor/splitter.h"
 #include "editor/tree_model.h"
@@ -33,6 +34,9 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
  public:
   explicit MainWindow(const WindowServices& services);
   ~MainWindow() override;
+
+  /// The file is opened when the start is over.
+  void OpenAtStart(const std::string& path) { file_at_start_ = path; }
 
   // PageHost
   void Edit(core::FieldRef at, const document::Document::Body& edit,
@@ -55,6 +59,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -106,10 +111,12 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   Follower* follower_ = nullptr;
   HistoryList* history_ = nullptr;  ///< null until it is first shown
   QTimer* start_timer_;
+  std::string file_at_start_;
   QPoint frame_;  ///< left and upper width of the frame that the window manager draws
 
   SerialPortMenu port_menu_;
   DestinationMenu destination_menu_;
+  RecentMenu recent_menu_;
   FileCommands file_commands_;
   ModelCommands model_commands_;
   WindowCommands window_commands_;

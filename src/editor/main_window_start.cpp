@@ -71,6 +71,9 @@ void MainWindow::FinishStart() {
   port_menu_.UpdateComList();
   port_menu_.SelectStoredPort();
   document_.ForgetChange();
+  if (!file_at_start_.empty()) {
+    QTimer::singleShot(0, &file_commands_, [this] { file_commands_.OpenFile(file_at_start_); });
+  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

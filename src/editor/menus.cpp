@@ -55,6 +55,13 @@ void AddFileMenu(QMenuBar& bar, Menus& menus) {
       AddItem(file, QStringLiteral("mnuFilePrintFile"), QStringLiteral("P&rint to File"),
               Qt::CTRL | Qt::SHIFT | Qt::Key_P);
   file.addSeparator();
+  menus.recent = AddSubMenu(file, "mnuFileRecent", QStringLiteral("Recent &Files"));
+  menus.no_recent =
+      AddItem(*menus.recent, QStringLiteral("mnuFileRecentNone"), QStringLiteral("(no file yet)"));
+  menus.no_recent->setEnabled(false);
+  AddItems(*menus.recent, "mnuFileRecent", menus.recent_files);
+  menus.recent->setToolTipsVisible(true);
+  file.addSeparator();
   menus.file_exit =
       AddItem(file, QStringLiteral("mnuFileExit"), QStringLiteral("E&xit"), Qt::CTRL | Qt::Key_Q);
 }

@@ -13,6 +13,7 @@ struct Menus {
   static constexpr int kModels = 4;
   static constexpr int kDestinations = 11;
   static constexpr int kPorts = 64;
+  static constexpr int kRecentFiles = 10;
 
   QAction* file_new;
   QAction* file_open;
@@ -20,6 +21,9 @@ struct Menus {
   QAction* file_save_as;
   QAction* file_print;
   QAction* file_print_to_file;
+  QMenu* recent;
+  QAction* no_recent;
+  std::array<QAction*, kRecentFiles> recent_files;
   QAction* file_exit;
   std::array<QAction*, kModels> models;
   QAction* undo;

@@ -60,10 +60,8 @@ void WindowCommands::Program() {
   const auto sent = std::make_unique<core::RadioData>(document_.Data());
   Transfer(*sent, link::SessionKind::kProgram);
   // Encoding adjusts the records to what the radio can hold, whether the radio took them or not.
-  const auto file_text = [this](const core::RadioData& data) {
-    return files::SettingFileText(data, services_.pump);
-  };
-  const bool still_saved = document_.IsSaved() && file_text(*sent) == file_text(document_.Data());
+  const bool still_saved = document_.IsSaved() && files::SettingFileText(*sent) ==
+                                                      files::SettingFileText(document_.Data());
   document_.Adjust(
       std::string(core::kProgramToRadio), [&](core::RadioData& data) { data = *sent; },
       still_saved);

@@ -16,6 +16,9 @@ namespace orvane::files {
 /// The whole file as text. Yields to the pump now and then so that a window keeps repainting.
 [[nodiscard]] std::string SettingFileText(const core::RadioData& data, core::EventPump& pump);
 
+/// The same at one go.
+[[nodiscard]] std::string SettingFileText(const core::RadioData& data);
+
 /// Writes the file whole or leaves the old one. Returns the failure, or nothing on success; the
 /// caller tells the user.
 [[nodiscard]] std::optional<core::SystemError> WriteSettingFile(const core::RadioData& data,

@@ -156,6 +156,14 @@ std::string SettingFileText(const core::RadioData& data, core::EventPump& pump) 
   return SettingWriter(data, pump).Run();
 }
 
+std::string SettingFileText(const core::RadioData& data) {
+  struct NoPump : core::EventPump {
+    void WaitForEvents(double /*deadline*/) override {}
+    void ProcessEvents() override {}
+  } pump;
+  return SettingFileText(data, pump);
+}
+
 std::optional<core::SystemError> WriteSettingFile(const core::RadioData& data,
                                                   const std::string& path, core::FileStore& store,
                                                   core::EventPump& pump) {

@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QRegularExpression>
+#include <QUrl>
 
 #include "platform/ansi_text.h"
 
@@ -13,6 +15,12 @@ std::optional<std::string> Ask(QFileDialog& dialog, const FileDialogRequest& req
   dialog.setObjectName("fileDialog");
   dialog.setDirectory(FromUtf8(request.folder));
   dialog.setNameFilters(NameFilters(request.filter));
+  QList<QUrl> places = dialog.sidebarUrls();
+  for (const std::string& folder : request.last_folders) {
+    const QUrl place = QUrl::fromLocalFile(FromUtf8(folder));
+    if (QFileInfo(place.toLocalFile()).isDir() && !places.contains(place)) places.append(place);
+  }
+  dialog.setSidebarUrls(places);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return ToUtf8(dialog.selectedFiles().constFirst());
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvane::platform {
 
@@ -13,6 +14,8 @@ namespace orvane::platform {
 struct FileDialogRequest {
   std::string filter;
   std::string folder;  ///< initial folder
+  /// Offered beside it, as far as they are there.
+  std::vector<std::string> last_folders{};
 };
 
 /// Asks the user for a file. Nothing when the user cancelled.

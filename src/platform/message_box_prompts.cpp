@@ -13,12 +13,20 @@
 namespace orvane::platform {
 namespace {
 
-constexpr std::array<std::pair<core::Answer, QMessageBox::StandardButton>, 5> kAnswers = {
+constexpr std::array<std::pair<core::Answer, QMessageBox::StandardButton>, 7> kAnswers = {
     {{core::Answer::kOk, QMessageBox::Ok},
      {core::Answer::kCancel, QMessageBox::Cancel},
      {core::Answer::kYes, QMessageBox::Yes},
      {core::Answer::kNo, QMessageBox::No},
-     {core::Answer::kRetry, QMessageBox::Retry}}};
+     {core::Answer::kRetry, QMessageBox::Retry},
+     {core::Answer::kOverwrite, QMessageBox::Discard},
+     {core::Answer::kSaveAs, QMessageBox::Save}}};
+
+// Buttons without Enter or Escape that Qt gives no access key, or another caption.
+constexpr std::array<std::pair<QMessageBox::StandardButton, const char*>, 3> kCaptions = {
+    {{QMessageBox::Retry, QT_TRANSLATE_NOOP("QMessageBox", "&Retry")},
+     {QMessageBox::Discard, QT_TRANSLATE_NOOP("QMessageBox", "&Overwrite")},
+     {QMessageBox::Save, QT_TRANSLATE_NOOP("QMessageBox", "Save &As...")}}};
 
 QMessageBox::StandardButton ButtonOf(core::Answer answer) {
   for (const auto& [candidate, button] : kAnswers) {
@@ -46,6 +54,8 @@ QMessageBox::StandardButtons ButtonsOf(core::Buttons buttons) {
       return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case core::Buttons::kRetryCancel:
       return QMessageBox::Retry | QMessageBox::Cancel;
+    case core::Buttons::kOverwriteSaveAsCancel:
+      return QMessageBox::Discard | QMessageBox::Save | QMessageBox::Cancel;
   }
   return QMessageBox::Ok;
 }
@@ -61,6 +71,8 @@ core::Answer FirstAnswer(core::Buttons buttons) {
       return core::Answer::kYes;
     case core::Buttons::kRetryCancel:
       return core::Answer::kRetry;
+    case core::Buttons::kOverwriteSaveAsCancel:
+      return core::Answer::kSaveAs;
   }
   return core::Answer::kOk;
 }
@@ -126,9 +138,8 @@ core::Answer MessageBoxPrompts::Show(const core::Message& message) {
   box.setInformativeText(Lines(message.details));
   box.setIcon(IconOf(message.icon));
   box.setStandardButtons(ButtonsOf(message.buttons));
-  // The one button without Enter or Escape that Qt gives no access key.
-  if (QAbstractButton* const retry = box.button(QMessageBox::Retry)) {
-    retry->setText(QMessageBox::tr("&Retry"));
+  for (const auto& [button, caption] : kCaptions) {
+    if (QAbstractButton* const named = box.button(button)) named->setText(QMessageBox::tr(caption));
   }
   box.setDefaultButton(ButtonOf(message.default_answer.value_or(FirstAnswer(message.buttons))));
   FitTitle(box);

@@ -14,10 +14,14 @@ TEST(StartWords, AreReadInEitherLetterCaseAndTheOthersNamed) {
     std::vector<std::string> words;
     bool debug, help, version;
     std::vector<std::string> unknown;
+    std::string file{};
+    std::vector<std::string> refused{};
   } cases[] = {
       {{}, false, false, false, {}},
-      {{"file.dat", "/d"}, true, false, false, {"file.dat"}},
-      {{"/DEBUG", "-D", "D", "/D/D", ""}, false, false, false, {"/DEBUG", "-D", "D", "/D/D", ""}},
+      {{"my boat.dat", "/d"}, true, false, false, {}, "my boat.dat"},
+      {{"/home/a", "b", "/c.dat"}, false, false, false, {}, "/home/a", {"b", "/c.dat"}},
+      {{"/DEBUG", "-D", "x /d"}, true, false, false, {"/DEBUG", "-D", "x /d"}},
+      {{"/d --help"}, true, true, false, {}},
       {{"--HELP", "/D"}, true, true, false, {}},
       {{"-h"}, false, true, false, {}},
       {{"--version"}, false, false, true, {}},
@@ -28,6 +32,8 @@ TEST(StartWords, AreReadInEitherLetterCaseAndTheOthersNamed) {
     EXPECT_EQ(read.help, c.help);
     EXPECT_EQ(read.version, c.version);
     EXPECT_EQ(read.unknown, c.unknown);
+    EXPECT_EQ(read.file, c.file);
+    EXPECT_EQ(read.refused, c.refused);
   }
 }
 
@@ -38,6 +44,16 @@ TEST(AppSettings, EmptyStoreGivesTheDefaults) {
   EXPECT_EQ(settings.ModelType(), 5);
   EXPECT_EQ(settings.Destination(4), "KT740-usa");
   EXPECT_FALSE(settings.MainWindow());
+}
+
+TEST(AppSettings, KeepsTheLastTenFilesOnceEach) {
+  testing::MemorySettings store;
+  AppSettings settings(store);
+  EXPECT_TRUE(settings.RecentFiles().empty());
+  for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "c"}) {
+    settings.AddRecentFile(name);
+  }
+  EXPECT_EQ(settings.RecentFiles(), Names({"c", "k", "j", "i", "h", "g", "f", "e", "d", "b"}));
 }
 
 TEST(AppSettings, UnreadableValuesGiveTheDefaults) {

@@ -1,7 +1,9 @@
 #include <tuple>
 
 #include "core/app_settings.h"
+#include "files/settings_file.h"
 #include "image/codec.h"
+#include "image/sample_radio.h"
 #include "support/row.h"
 #include "window_desk.h"
 
@@ -169,6 +171,66 @@ class FileCommandsTest : public QObject {
       }
       QCOMPARE(core::AppSettings(desk.settings).MainWindow().has_value(), closes);
     }
+  }
+
+  void FileChangedByOthersIsToldAndNotLost() {
+    using core::Answer;
+    const std::tuple<Answer, const char*, bool, bool> rows[] = {
+        {Answer::kSaveAs, "/out/mine.dat", false, true},
+        {Answer::kSaveAs, "", false, false},
+        {Answer::kCancel, "/out/unasked.dat", false, false},
+        {Answer::kOverwrite, "/out/unasked.dat", true, false}};
+    for (const auto& [answer, other, overwritten, saved_elsewhere] : rows) {
+      const testing::Row row(static_cast<int>(answer), other);
+      WindowDesk desk;
+      desk.Start();
+      SaveAs(desk, "/out/boat.dat");
+      desk.Item("mnuFileSave").trigger();
+      QVERIFY(desk.prompts.messages.empty());
+      const std::string theirs = desk.files.files["/out/boat.dat"] + "[THEIRS]\r\n";
+      desk.files.files["/out/boat.dat"] = theirs;
+      QEvent activated(QEvent::ActivationChange);
+      QCoreApplication::sendEvent(desk.window.get(), &activated);
+      QCOMPARE(desk.Find<QLabel>("sbStatusBar_2")->text(), "Another program has changed boat.dat.");
+      desk.prompts.answers = {answer};
+      desk.dialogs.paths = {other};
+      desk.Item("mnuFileSave").trigger();
+      QCOMPARE(desk.prompts.messages.size(), 1U);
+      QCOMPARE(desk.files.files["/out/boat.dat"] != theirs, overwritten);
+      QCOMPARE(desk.files.files.contains("/out/mine.dat"), saved_elsewhere);
+      desk.Item("mnuFileSave").trigger();  // asks again as long as the file is theirs
+      QCOMPARE(desk.prompts.messages.size() == 1U, overwritten || saved_elsewhere);
+    }
+  }
+
+  void RecentFilesOpenAgainAndMissingOnesSayWhy() {
+    WindowDesk desk;
+    desk.Start();
+    QVERIFY(desk.Item("mnuFileRecentNone").isVisible());
+    for (const char* path : {"/a/one.dat", "/b/two.dat"}) SaveAs(desk, path);
+    Channel16(desk).ChTag = "LATER";
+    desk.files.files.erase("/a/one.dat");
+    emit desk.Find<QMenu>("mnuFileRecent")->aboutToShow();
+    QCOMPARE(desk.Item("mnuFileRecent_0").text(), "&1 /b/two.dat");
+    QVERIFY(!desk.Item("mnuFileRecent_1").isEnabled());
+    QCOMPARE(desk.Item("mnuFileRecent_1").toolTip(), "/a/one.dat is not there any more.");
+    QVERIFY(!desk.Item("mnuFileRecent_2").isVisible());
+    desk.Item("mnuFileRecent_0").trigger();
+    QCOMPARE(Channel16(desk).ChTag, "DISTRESS");
+    desk.Item("mnuFileOpen").trigger();
+    QCOMPARE(desk.dialogs.requests.back().last_folders, std::vector<std::string>({"/b", "/a"}));
+    QCOMPARE(desk.dialogs.requests.back().folder, "/program");
+  }
+
+  void FileGivenAtTheStartIsOpened() {
+    WindowDesk desk;
+    core::RadioData boat = image::MakeSampleRadio(5, desk.clock.today);
+    static_cast<void>(files::WriteSettingFile(boat, "/boat.dat", desk.files, desk.pump));
+    desk.window = std::make_unique<editor::MainWindow>(desk.Services());
+    desk.window->OpenAtStart("/boat.dat");
+    desk.window->show();
+    QVERIFY(QTest::qWaitFor([&] { return desk.document.FileName() == "/boat.dat"; }));
+    QCOMPARE(Channel16(desk).ChTag, boat.Marine[0][32].ChTag);
   }
 
   void WindowStaysWhileACommandWorks() {

@@ -41,8 +41,9 @@ class MenusTest : public QObject {
     for (const QAction* menu : desk.window->menuBar()->actions()) menus << menu->text();
     QCOMPARE(menus,
              QStringList({"&File", "&Edit", "&Transfer", "&Destination", "&Options", "&Help"}));
-    QCOMPARE(Captions(desk, "mnuFile"), QStringList({"&New", "&Open", "&Save", "Save &As...",
-                                                     "&Print", "P&rint to File", "E&xit"}));
+    QCOMPARE(Captions(desk, "mnuFile"),
+             QStringList({"&New", "&Open", "&Save", "Save &As...", "&Print", "P&rint to File",
+                          "Recent &Files", "E&xit"}));
     QCOMPARE(Captions(desk, "mnuEditModel"), QStringList({"&KT740 Series"}));
     QCOMPARE(Captions(desk, "mnuTransfer"), QStringList({"&Program to Radio", "&Read from Radio"}));
     QCOMPARE(Captions(desk, "mnuHelp"), QStringList({"&Contents", "&About KIV Version"}));
