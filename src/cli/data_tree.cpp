@@ -54,13 +54,12 @@ bool IsListed(const core::ModelProfile& profile, const Table& table, const Field
       Is<&ChannelRecord::DispayA>(field) || Is<&ChannelRecord::LMR_EXP>(field)) {
     return false;
   }
-  if (field.exists == nullptr) return true;
   switch (table.kind) {
     case TableKind::kMarine:
     case TableKind::kWeather:
-      return field.exists(profile, TableKind::kMarine);
+      return field.presence.In(profile, TableKind::kMarine);
     case TableKind::kExtra:
-      return field.exists(profile, TableKind::kExtra);
+      return field.presence.In(profile, TableKind::kExtra);
     default:
       return true;
   }
@@ -84,7 +83,7 @@ Json EntryHead(const Table& table, int entry) {
     case TableKind::kExtra:
       return {{"channel", entry + 1}};
     default:
-      return table.fields.size() == core::catalogue::kDirectoryFields.size()
+      return table.fields.size() == core::catalogue::kFieldsOf<core::DirectoryEntry>.size()
                  ? Json{{"number", entry + 1}}
                  : Json::object();
   }
@@ -134,7 +133,7 @@ Json DataTree(const core::RadioData& data) {
   for (const Table& table : core::Catalogue()) {
     const std::string id(table.id);
     if (tree.contains(id) || table.kind == TableKind::kMemory) continue;
-    if (table.exists != nullptr && !table.exists(profile)) continue;
+    if (!core::Has(profile, table.when)) continue;
     if (IsChannelTable(table)) {
       tree["channels"][id] = ListTree(data, table);
     } else if (table.kind == TableKind::kDirectory) {

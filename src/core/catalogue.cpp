@@ -32,13 +32,6 @@ std::string AddressName(int entry) {
   return HexText(static_cast<unsigned>(entry * kRunLength), kAddressDigits);
 }
 
-bool HasDsc(const ModelProfile& profile) {
-  return profile.has_dsc;
-}
-bool HasCallSigns(const ModelProfile& profile) {
-  return profile.has_call_signs;
-}
-
 template <class Record>
 bool SameRecord(const void* a, const void* b) {
   return *static_cast<const Record*>(a) == *static_cast<const Record*>(b);
@@ -94,6 +87,7 @@ void SetRun(void* run, const Value& value) {
 
 constexpr std::array kMemoryFields = {Field{.id = "",
                                             .label = "Bytes",
+                                            .name = "Bytes",
                                             .member = nullptr,
                                             .get = &GetRun,
                                             .set = &SetRun,
@@ -108,14 +102,14 @@ void SetLastIndex(void* data, const Value& value) {
 }
 
 // Model number and memory size go together; no edit changes them, another data set does.
-constexpr std::array kModelFields = {catalogue::kModelFields[0],
-                                     Field{.id = "last_byte",
-                                           .label = "Memory Size",
-                                           .member = nullptr,
-                                           .get = &GetLastIndex,
-                                           .set = &SetLastIndex,
-                                           .notation = &notation::kNumber,
-                                           .derived = true}};
+constexpr std::array kModelFields = {catalogue::kModelField, Field{.id = "last_byte",
+                                                                   .label = "Memory Size",
+                                                                   .name = "Memory Size",
+                                                                   .member = nullptr,
+                                                                   .get = &GetLastIndex,
+                                                                   .set = &SetLastIndex,
+                                                                   .notation = &notation::kNumber,
+                                                                   .derived = true}};
 
 bool SameModel(const void* a, const void* b) {
   return std::all_of(kModelFields.begin(), kModelFields.end(),
@@ -132,7 +126,7 @@ constexpr Table Marine(std::string_view id, std::string_view label) {
           .label = label,
           .kind = TableKind::kMarine,
           .count = kMarineChannels,
-          .fields = catalogue::kChannelFields,
+          .fields = catalogue::kFieldsOf<ChannelRecord>,
           .record = MarineEntries<kGroup>().record,
           .record_to_write = MarineEntries<kGroup>().record_to_write,
           .same = &SameRecord<ChannelRecord>,
@@ -141,8 +135,7 @@ constexpr Table Marine(std::string_view id, std::string_view label) {
 
 template <class Record, auto kMember>
 constexpr Table Records(std::string_view id, std::string_view label, TableKind kind, int count,
-                        std::string (*entry_name)(int),
-                        bool (*exists)(const ModelProfile&) = nullptr) {
+                        std::string (*entry_name)(int), When when = When::kAlways) {
   return {.id = id,
           .label = label,
           .kind = kind,
@@ -152,7 +145,7 @@ constexpr Table Records(std::string_view id, std::string_view label, TableKind k
           .record_to_write = EntriesOf<kMember>().record_to_write,
           .same = &SameRecord<Record>,
           .entry_name = entry_name,
-          .exists = exists};
+          .when = when};
 }
 
 constexpr std::array kTables = {
@@ -172,10 +165,11 @@ constexpr std::array kTables = {
           .same = &SameExpPresent},
     Records<CommonSettings, &RadioData::Common>("common", "Common Setup", TableKind::kOnce, 1,
                                                 nullptr),
-    Records<DscSettings, &RadioData::Dsc>("dsc", "DSC", TableKind::kOnce, 1, nullptr, &HasDsc),
+    Records<DscSettings, &RadioData::Dsc>("dsc", "DSC", TableKind::kOnce, 1, nullptr, When::kDsc),
     Records<AtisSettings, &RadioData::Atis>("atis", "ATIS", TableKind::kOnce, 1, nullptr),
-    Records<AtisCallSign, &RadioData::CallSigns>(
-        "call_signs", "ATIS Call Sign", TableKind::kDirectory, kCallSigns, &FromOne, &HasCallSigns),
+    Records<AtisCallSign, &RadioData::CallSigns>("call_signs", "ATIS Call Sign",
+                                                 TableKind::kDirectory, kCallSigns, &FromOne,
+                                                 When::kAtisCallSigns),
     Marine<MarineGroup::kUsa>("usa", "USA"),
     Marine<MarineGroup::kIntl>("intl", "INTL"),
     Marine<MarineGroup::kCanada>("canada", "CANADA"),
@@ -184,10 +178,10 @@ constexpr std::array kTables = {
     Records<ChannelRecord, &RadioData::EXP>("extra", "EXP/LMR", TableKind::kExtra, kExtraChannels,
                                             &FromOne),
     Records<DirectoryEntry, &RadioData::Stations>("stations", "Station", TableKind::kDirectory,
-                                                  kStations, &FromOne, &HasDsc),
+                                                  kStations, &FromOne, When::kDsc),
     Records<DirectoryEntry, &RadioData::StationGroups>("station_groups", "Station Group",
                                                        TableKind::kDirectory, kStationGroups,
-                                                       &FromOne, &HasDsc),
+                                                       &FromOne, When::kDsc),
     Table{.id = "image",
           .label = "Memory",
           .kind = TableKind::kMemory,
@@ -207,21 +201,21 @@ constexpr std::array kTables = {
   [[maybe_unused]] const auto& [c1, c2, c3, c4, c5, c6, c7, c8, c9, c10, c11, c12, c13, c14, c15,
                                 c16, c17, c18, c19, c20, c21, c22, c23, c24, c25, c26, c27, c28,
                                 c29] = channel;
-  static_assert(catalogue::kChannelFields.size() == 29);
+  static_assert(catalogue::kFieldsOf<ChannelRecord>.size() == 29);
   [[maybe_unused]] const auto& [g1, g2, g3, g4, g5, g6] = group;
-  static_assert(catalogue::kGroupFields.size() == 6);
+  static_assert(catalogue::kFieldsOf<UsableGroup>.size() == 6);
   [[maybe_unused]] const auto& [o1, o2, o3, o4, o5, o6, o7, o8, o9, o10, o11, o12, o13, o14] =
       common;
-  static_assert(catalogue::kCommonFields.size() == 14);
+  static_assert(catalogue::kFieldsOf<CommonSettings>.size() == 14);
   [[maybe_unused]] const auto& [d1, d2, d3, d4, d5, d6, d7, d8, d9, d10, d11, d12, d13] = dsc;
   // Single members, pairs, three groups, eight beeps and three lists of four pairs.
-  static_assert(catalogue::kDscFields.size() == 6 + 2 * 2 + 3 + 8 + 3 * 4 * 2);
+  static_assert(catalogue::kFieldsOf<DscSettings>.size() == 6 + 2 * 2 + 3 + 8 + 3 * 4 * 2);
   [[maybe_unused]] const auto& [a1, a2, a3] = atis;
-  static_assert(catalogue::kAtisFields.size() == 4 + 1 + 4);
+  static_assert(catalogue::kFieldsOf<AtisSettings>.size() == 4 + 1 + 4);
   [[maybe_unused]] const auto& [s1, s2] = sign;
-  static_assert(catalogue::kCallSignFields.size() == 2);
+  static_assert(catalogue::kFieldsOf<AtisCallSign>.size() == 2);
   [[maybe_unused]] const auto& [e1, e2, e3] = directory;
-  static_assert(catalogue::kDirectoryFields.size() == 3);
+  static_assert(catalogue::kFieldsOf<DirectoryEntry>.size() == 3);
   // The three marine tables are one member; the model is a table of its own.
   [[maybe_unused]] const auto& [r1, r2, r3, r4, r5, r6, r7, r8, r9, r10, r11, r12, r13] = data;
   static_assert(kTables.size() == 13 + 2);
@@ -266,8 +260,7 @@ const Field& FieldOf(FieldRef at) {
 }
 
 bool HasField(const ModelProfile& profile, const Table& table, const Field& field) {
-  return (table.exists == nullptr || table.exists(profile)) &&
-         (field.exists == nullptr || field.exists(profile, table.kind));
+  return Has(profile, table.when) && field.presence.In(profile, table.kind);
 }
 
 std::string PathOf(FieldRef at) {

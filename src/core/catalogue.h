@@ -9,6 +9,7 @@
 
 #include "core/model_profile.h"
 #include "core/notation.h"
+#include "core/presence.h"
 #include "core/radio_data.h"
 
 /// Every field of the data set, once. History, comparison, get and set by path and the JSON tree
@@ -34,11 +35,6 @@ struct Change {
   bool operator==(const Change&) const = default;
 };
 
-/// Channel tables share one record, but not each field of it.
-enum class TableKind { kOnce, kMarine, kWeather, kExtra, kDirectory, kMemory };
-
-/// Whether a model's radio or settings file has a place for the field.
-using Exists = bool (*)(const ModelProfile& profile, TableKind kind);
 /// Why the model does not take the value, as a sentence; "" when it does.
 using Refusal = std::string (*)(const ModelProfile& profile, const Value& value);
 
@@ -52,13 +48,14 @@ struct Limits {
 struct Field {
   std::string_view id;     ///< "rx_frequency", "pos_request/hi": path and JSON key
   std::string_view label;  ///< "Rx Frequency": what a user reads
+  std::string_view name;   ///< "Rxfreq": what the settings file and the memory map call it
   const char* member;      ///< which member it is; see kMemberTag
   Value (*get)(const void* record);
   void (*set)(void* record, const Value& value);  ///< the value has the type that get returns
   const Notation* notation;
   Limits limits{};
   Refusal refusal = nullptr;  ///< null: every value within the limits goes
-  Exists exists = nullptr;    ///< null: every model and table
+  Presence presence{};        ///< whose radio or settings file has a place for it
   bool in_list = false;       ///< the second part of the id names an item of a list
   /// Follows from other fields or from the channel plan: kept by the history, not set by hand.
   bool derived = false;
@@ -74,7 +71,7 @@ struct Table {
   void* (*record_to_write)(RadioData&, int entry) = nullptr;
   bool (*same)(const void* a, const void* b) = nullptr;
   std::string (*entry_name)(int entry) = nullptr;  ///< "22A", "7"; null where there is one entry
-  bool (*exists)(const ModelProfile&) = nullptr;   ///< null: every model
+  When when = When::kAlways;                       ///< the models that have the table
 };
 
 /// All tables in the order in which a user meets them. The last one is the memory image in runs of

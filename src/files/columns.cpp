@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 
+#include "core/catalogue_fields.h"
 #include "core/channel_plan.h"
 #include "core/extra_channel.h"
 #include "core/rendering.h"
@@ -47,10 +48,17 @@ std::string NumberText(const ChannelRow& row) {
   return std::to_string(row.number);
 }
 
+/// A member of the channel that has its row in the catalogue.
+template <auto kMember>
+const auto& ValueOf(const ChannelRow& row) {
+  static_assert(!core::kFieldAt<kMember>.id.empty());
+  return row.channel.*kMember;
+}
+
 /// One of the word pairs of core/rendering.h, applied to a flag of the record.
 template <core::Flag ChannelRecord::*kFlag, std::string_view (*kWords)(bool)>
 std::string WordText(const ChannelRow& row) {
-  return std::string(kWords(row.channel.*kFlag));
+  return std::string(kWords(ValueOf<kFlag>(row)));
 }
 
 /// The code stands under the "S" of its heading.
@@ -104,28 +112,30 @@ std::string ExtraEnableText(const ChannelRow& row) {
 template <core::Flag ChannelRecord::*kGroup>
 std::string GroupText(const ChannelRow& row) {
   return std::string(
-      core::UseText(row.channel.*kGroup && core::OfKind(row.profile, row.channel, row.lmr_form)));
+      core::UseText(ValueOf<kGroup>(row) && core::OfKind(row.profile, row.channel, row.lmr_form)));
 }
 
 template <core::Flag ChannelRecord::*kGroup>
 bool InGroup(const ChannelRow& row) {
-  return row.channel.*kGroup;
+  return ValueOf<kGroup>(row);
 }
 
 template <double ChannelRecord::*kFrequency>
 std::string RasterText(const ChannelRow& row) {
-  return core::RasterFrequencyText(row.channel.*kFrequency);
+  return core::RasterFrequencyText(ValueOf<kFrequency>(row));
 }
 
 template <double ChannelRecord::*kFrequency>
 std::string ExactText(const ChannelRow& row) {
-  return core::FrequencyText(row.channel.*kFrequency);
+  return core::FrequencyText(ValueOf<kFrequency>(row));
 }
 
 template <core::ToneDirection kDirection>
 std::string ToneCellText(const ChannelRow& row) {
   return std::string(core::ToneText(row.channel, kDirection));
 }
+
+constexpr std::string_view kNameHeading = core::kFieldAt<&ChannelRecord::ChTag>.label;
 
 constexpr auto kLowCell = WordText<&ChannelRecord::LowPower, core::LowText>;
 constexpr auto kUpCell = WordText<&ChannelRecord::PowUp, core::UpText>;
@@ -157,8 +167,8 @@ constexpr std::array kMarineColumns = {
                   .caption = "VS", .width_twips = 600, .centered = true,
                   .grid_text = ScramblerGridText},
     ChannelColumn{.kind = ColumnKind::kName,
-                  .heading = "CH Name", .dash_width = 12, .cell_width = 12, .text = NameText,
-                  .caption = "CH Name", .width_twips = 2000},
+                  .heading = kNameHeading, .dash_width = 12, .cell_width = 12, .text = NameText,
+                  .caption = kNameHeading, .width_twips = 2000},
 };
 
 constexpr std::array kWxColumns = {
@@ -168,7 +178,7 @@ constexpr std::array kWxColumns = {
     ChannelColumn{.kind = ColumnKind::kMemory,
                   .heading = "MEM", .dash_width = 3, .cell_width = 5, .text = kMemCell},
     ChannelColumn{.kind = ColumnKind::kName,
-                  .heading = "CH Name", .dash_width = 12, .cell_width = 12, .text = WxNameText},
+                  .heading = kNameHeading, .dash_width = 12, .cell_width = 12, .text = WxNameText},
 };
 
 constexpr std::array kExtraColumns = {
@@ -219,9 +229,9 @@ constexpr std::array kExtraColumns = {
                   .caption = "VS", .width_twips = 600, .centered = true,
                   .grid_text = ScramblerGridText, .print_step = 11},
     ChannelColumn{.kind = ColumnKind::kName,
-                  .heading = "CH Name", .dash_width = 12, .cell_width = 14,
+                  .heading = kNameHeading, .dash_width = 12, .cell_width = 14,
                   .text = NameOrDashesText,
-                  .caption = "CH Name", .width_twips = 2000, .grid_text = NameText,
+                  .caption = kNameHeading, .width_twips = 2000, .grid_text = NameText,
                   .print_step = 12},
     // Three letters over two dashes: the heading starts one place early.
     ChannelColumn{.kind = ColumnKind::kTone,

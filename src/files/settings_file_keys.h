@@ -4,15 +4,22 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
-#include "core/model_profile.h"
+#include "core/catalogue_fields.h"
 #include "core/radio_data.h"
 
 /// The keys of the settings file. The rows drive the writer and the reader alike; section names
-/// and key texts stand nowhere else. Slips in the texts ("DispayA", "Kikker", "Weater") are the
-/// file format's.
+/// and key texts stand nowhere else, those of the fields in the catalogue. Slips in the texts
+/// ("DispayA", "Kikker", "Weater") are the file format's.
 namespace orvane::files {
+
+using core::AtisSettings;
+using core::ChannelRecord;
+using core::CommonSettings;
+using core::DirectoryEntry;
+using core::UsableGroup;
 
 /// How a value is written, where the member's type does not say it already.
 enum class Form {
@@ -24,33 +31,6 @@ enum class Form {
   kTruth,           ///< number that is -1 or 0, kept as a flag
   kInverted         ///< flag: "0" when set; read as set from "0" only
 };
-
-/// Which models a key is kept for.
-enum class Kept {
-  kNever,
-  kAlways,
-  kNames,  ///< models with channel names
-  kTones,  ///< models with tones
-  kKiller  ///< written for models with call signs, read for all models with DSC
-};
-[[nodiscard]] constexpr bool IsWritten(Kept kept, const core::ModelProfile& profile) {
-  switch (kept) {
-    case Kept::kNever:
-      return false;
-    case Kept::kAlways:
-      return true;
-    case Kept::kNames:
-      return profile.has_channel_names;
-    case Kept::kTones:
-      return profile.HasTones();
-    case Kept::kKiller:
-      return profile.has_call_signs;
-  }
-  return false;
-}
-[[nodiscard]] constexpr bool IsRead(Kept kept, const core::ModelProfile& profile) {
-  return kept == Kept::kKiller ? profile.has_dsc : IsWritten(kept, profile);
-}
 
 /// Four flags under one key, each with its number 0..3 behind it.
 using GroupFlags = std::array<core::Flag, core::kUsableGroups>;
@@ -65,8 +45,42 @@ struct KeyRow {
   std::string_view key;
   Member<Record> member;
   Form form = Form::kPlain;
-  Kept kept = Kept::kAlways;
+  core::Presence written{};
+  core::Presence read{};
+
+  /// For what the file keeps of other models or tables than the catalogue says.
+  [[nodiscard]] constexpr KeyRow Kept(core::Presence presence) const {
+    KeyRow row = *this;
+    row.written = row.read = presence;
+    return row;
+  }
+  [[nodiscard]] constexpr KeyRow ReadBy(core::Presence presence) const {
+    KeyRow row = *this;
+    row.read = presence;
+    return row;
+  }
 };
+
+/// A member under a key of the file's own, kept where the catalogue has it.
+template <auto kMember>
+constexpr auto Key(std::string_view key, Form form = Form::kPlain) {
+  using Record = decltype(core::catalogue::RecordOf(kMember));
+  if constexpr (std::is_same_v<decltype(kMember), GroupFlags Record::*>) {
+    constexpr core::Presence kPresence = core::kFieldAt<kMember, 0>.presence;
+    return KeyRow<Record>{key, kMember, form, kPresence, kPresence};
+  } else {
+    constexpr core::Presence kPresence = core::kFieldAt<kMember>.presence;
+    return KeyRow<Record>{key, kMember, form, kPresence, kPresence};
+  }
+}
+/// Under the member's own name.
+template <auto kMember>
+constexpr auto Key(Form form = Form::kPlain) {
+  return Key<kMember>(core::kFieldAt<kMember>.name, form);
+}
+
+inline constexpr core::Presence kEverywhere{};
+inline constexpr core::Presence kExtraWithTones{core::When::kTones, core::Tables::kExtra};
 
 inline constexpr std::string_view kMainSection = "MAIN";
 inline constexpr std::string_view kModelNameKey = "MODEL";
@@ -84,106 +98,88 @@ inline constexpr std::array<std::string_view, 3> kGroupKeys = {"USA", "INTL", "C
 /// Availability of the EXP and LMR channels together.
 inline constexpr std::string_view kExtraGroupKey = "EXP CH";
 // The keys of the usable groups carry a blank and the group's number.
-inline constexpr KeyRow<core::UsableGroup> kTimeOutRow{"TX TOT", &core::UsableGroup::TX_TOT};
-inline constexpr KeyRow<core::UsableGroup> kPriorityRow{
-    "Priority CH", &core::UsableGroup::Priority_CH, Form::kAbsoluteOrNone};
+inline constexpr auto kTimeOutRow = Key<&UsableGroup::TX_TOT>();
+inline constexpr auto kPriorityRow = Key<&UsableGroup::Priority_CH>(Form::kAbsoluteOrNone);
 /// Stands behind the priority channel's key, before a blank and the place in the stored
 /// list, 1..10.
 inline constexpr std::string_view kStoredChannelSuffix = "-Cmb";
 /// Stands behind the priority channel's key.
-inline constexpr KeyRow<core::UsableGroup> kBackupRow{"Backup", &core::UsableGroup::Backup,
-                                                      Form::kAbsolute};
-inline constexpr KeyRow<core::UsableGroup> kStatusIconRow{"Status Icon",
-                                                          &core::UsableGroup::Status_Icon};
-inline constexpr KeyRow<core::UsableGroup> kStatusNameRow{
-    "Status name", &core::UsableGroup::Status_name, Form::kPlain, Kept::kNames};
+inline constexpr auto kBackupRow = Key<&UsableGroup::Backup>(Form::kAbsolute);
+inline constexpr auto kStatusIconRow = Key<&UsableGroup::Status_Icon>();
+inline constexpr auto kStatusNameRow = Key<&UsableGroup::Status_name>();
 
 inline constexpr std::string_view kCommonSection = "Common Setup";
-inline constexpr KeyRow<core::CommonSettings> kCommonRows[] = {
-    {"TX Po Display", &core::CommonSettings::TX_Po_Display, Form::kAbsolute},
-    {"Last TX Power", &core::CommonSettings::Last_TX_Power, Form::kAbsolute},
-    {"Last CH Group", &core::CommonSettings::Last_CH_Group, Form::kAbsolute},
-    {"SQL", &core::CommonSettings::SQL, Form::kAbsolute},
-    {"Last Display CH", &core::CommonSettings::Last_Display_CH, Form::kShortOrNone},
-    {"Marine_LMR CH", &core::CommonSettings::Marine_LMR_CH, Form::kShortOrNone},
-    {"SCAN", &core::CommonSettings::SCAN},
-    {"Resume Time", &core::CommonSettings::Resume_Time},
-    {"PTT SCAN Clear", &core::CommonSettings::PTT_SCAN_Clear},
-    {"Dual Watch", &core::CommonSettings::Dual_Watch},
-    {"Offset Time", &core::CommonSettings::Offset_Time},
-    {"Magnetic Variation", &core::CommonSettings::Magnetic_Variation, Form::kAbsolute},
-    {"Weater", &core::CommonSettings::Weater, Form::kAbsolute},
+inline constexpr KeyRow<CommonSettings> kCommonRows[] = {
+    Key<&CommonSettings::TX_Po_Display>(Form::kAbsolute),
+    Key<&CommonSettings::Last_TX_Power>(Form::kAbsolute),
+    Key<&CommonSettings::Last_CH_Group>(Form::kAbsolute),
+    Key<&CommonSettings::SQL>(Form::kAbsolute),
+    Key<&CommonSettings::Last_Display_CH>(Form::kShortOrNone),
+    Key<&CommonSettings::Marine_LMR_CH>(Form::kShortOrNone),
+    Key<&CommonSettings::SCAN>(),
+    Key<&CommonSettings::Resume_Time>(),
+    Key<&CommonSettings::PTT_SCAN_Clear>(),
+    Key<&CommonSettings::Dual_Watch>(),
+    Key<&CommonSettings::Offset_Time>().Kept(kEverywhere),
+    Key<&CommonSettings::Magnetic_Variation>(Form::kAbsolute).Kept(kEverywhere),
+    Key<&CommonSettings::Weater>(Form::kAbsolute),
 };
 
 inline constexpr std::string_view kAtisSection = "ATIS Setup (Common)";
-inline constexpr KeyRow<core::AtisSettings> kAtisRows[] = {
-    {"Usable ATIS CH Group", &core::AtisSettings::UsableGroup},
-    {"Atis Code", &core::AtisSettings::Code, Form::kMarked},
-    {"Usable ATIS Kikker CH Group", &core::AtisSettings::KillerGroup, Form::kPlain, Kept::kKiller},
+inline constexpr KeyRow<AtisSettings> kAtisRows[] = {
+    Key<&AtisSettings::UsableGroup>("Usable ATIS CH Group"),
+    Key<&AtisSettings::Code>("Atis Code", Form::kMarked),
+    Key<&AtisSettings::KillerGroup>("Usable ATIS Kikker CH Group")
+        .ReadBy({.when = core::When::kDsc}),
 };
 
 // One section per channel: these texts and the channel's number.
 inline constexpr std::array<std::string_view, 3> kMarineSections = {"CHUSA", "CHINT", "CHCAN"};
 inline constexpr std::string_view kWxSection = "CHWX";
 inline constexpr std::string_view kExtraSection = "CHEXP";
-inline constexpr std::string_view kEnableKey = "Enable";
-inline constexpr std::string_view kPositionKey = "Position";
-
-/// The channel tables that keep a field.
-struct Tables {
-  Kept marine = Kept::kNever;
-  Kept wx = Kept::kNever;
-  Kept extra = Kept::kNever;
-};
-inline constexpr Tables kEveryTable{Kept::kAlways, Kept::kAlways, Kept::kAlways};
-inline constexpr Tables kMarine{Kept::kAlways, Kept::kNever, Kept::kNever};
-inline constexpr Tables kMarineExtra{Kept::kAlways, Kept::kNever, Kept::kAlways};
-inline constexpr Tables kExtra{Kept::kNever, Kept::kNever, Kept::kAlways};
-inline constexpr Tables kExtraTones{Kept::kNever, Kept::kNever, Kept::kTones};
-
-struct ChannelKeyRow {
-  KeyRow<core::ChannelRecord> field;
-  Tables tables;
-};
+inline constexpr std::string_view kEnableKey = core::kFieldAt<&ChannelRecord::Enable>.name;
+inline constexpr std::string_view kPositionKey = core::kFieldAt<&ChannelRecord::Position>.name;
 
 /// One order of keys serves all tables.
-inline constexpr ChannelKeyRow kChannelRows[] = {
-    {{kPositionKey, &core::ChannelRecord::Position}, kMarine},
-    {{kEnableKey, &core::ChannelRecord::Enable}, kEveryTable},
-    {{"LMR EXP", &core::ChannelRecord::LMR_EXP, Form::kTruth}, kExtra},
-    {{"CHDisplayL", &core::ChannelRecord::CHDisplayL}, kExtra},
-    {{"CHDisplayR", &core::ChannelRecord::CHDisplayR}, kExtra},
-    {{"Rxfreq", &core::ChannelRecord::Rxfreq}, kExtra},
-    {{"Txfreq", &core::ChannelRecord::Txfreq}, kExtra},
-    {{"LowPower", &core::ChannelRecord::LowPower}, kMarineExtra},
-    {{"TXPower", &core::ChannelRecord::TXPower}, kMarineExtra},
-    {{"PowUp", &core::ChannelRecord::PowUp}, kMarineExtra},
-    {{"Duplex", &core::ChannelRecord::Duplex}, kMarine},
-    {{"TxEnable", &core::ChannelRecord::TxEnable}, kMarine},
-    {{"DispayA", &core::ChannelRecord::DispayA}, kMarine},
-    {{"ScanMemory", &core::ChannelRecord::ScanMemory}, kEveryTable},
-    {{"ClockShift", &core::ChannelRecord::ClockShift}, kExtra},
-    {{"USA Group", &core::ChannelRecord::USA_Group, Form::kInverted}, kExtra},
-    {{"INT Group", &core::ChannelRecord::INT_Group, Form::kInverted}, kExtra},
-    {{"CAN Group", &core::ChannelRecord::CAN_Group, Form::kInverted}, kExtra},
-    {{"Scramble", &core::ChannelRecord::Scramble}, {Kept::kNames, Kept::kNever, Kept::kTones}},
-    {{"ChTag", &core::ChannelRecord::ChTag, Form::kMarked},
-     {Kept::kNames, Kept::kNames, Kept::kTones}},
-    {{"Narrow", &core::ChannelRecord::Narrow}, kExtraTones},
-    {{"TxDCS", &core::ChannelRecord::TxDCS}, kExtraTones},
-    {{"RxDCS", &core::ChannelRecord::RxDCS}, kExtraTones},
-    {{"RxComp", &core::ChannelRecord::RxComp}, kExtraTones},
-    {{"TxCTCSS", &core::ChannelRecord::TxCTCSS}, kExtraTones},
-    {{"RxCTCSS", &core::ChannelRecord::RxCTCSS}, kExtraTones},
+inline constexpr KeyRow<ChannelRecord> kChannelRows[] = {
+    Key<&ChannelRecord::Position>().Kept(core::catalogue::kInMarine),
+    Key<&ChannelRecord::Enable>(),
+    Key<&ChannelRecord::LMR_EXP>(Form::kTruth),
+    Key<&ChannelRecord::CHDisplayL>(),
+    Key<&ChannelRecord::CHDisplayR>(),
+    Key<&ChannelRecord::Rxfreq>(),
+    Key<&ChannelRecord::Txfreq>(),
+    Key<&ChannelRecord::LowPower>(),
+    Key<&ChannelRecord::TXPower>(),
+    Key<&ChannelRecord::PowUp>(),
+    Key<&ChannelRecord::Duplex>(),
+    Key<&ChannelRecord::TxEnable>().Kept(core::catalogue::kInMarine),
+    Key<&ChannelRecord::DispayA>(),
+    Key<&ChannelRecord::ScanMemory>(),
+    Key<&ChannelRecord::ClockShift>(),
+    Key<&ChannelRecord::USA_Group>(Form::kInverted),
+    Key<&ChannelRecord::INT_Group>(Form::kInverted),
+    Key<&ChannelRecord::CAN_Group>(Form::kInverted),
+    Key<&ChannelRecord::Scramble>().Kept({core::When::kNames, core::Tables::kMarine}),
+    Key<&ChannelRecord::Scramble>().Kept(kExtraWithTones),
+    Key<&ChannelRecord::ChTag>(Form::kMarked)
+        .Kept({core::When::kNames, core::Tables::kMarineAndWeather}),
+    Key<&ChannelRecord::ChTag>(Form::kMarked).Kept(kExtraWithTones),
+    Key<&ChannelRecord::Narrow>().Kept(kExtraWithTones),
+    Key<&ChannelRecord::TxDCS>().Kept(kExtraWithTones),
+    Key<&ChannelRecord::RxDCS>().Kept(kExtraWithTones),
+    Key<&ChannelRecord::RxComp>().Kept(kExtraWithTones),
+    Key<&ChannelRecord::TxCTCSS>().Kept(kExtraWithTones),
+    Key<&ChannelRecord::RxCTCSS>().Kept(kExtraWithTones),
 };
 
 // The directories are looked for, but never written.
 inline constexpr std::string_view kStationSection = "CHMMSID";
 inline constexpr std::string_view kStationGroupSection = "CHGRPID";
-inline constexpr KeyRow<core::DirectoryEntry> kDirectoryRows[] = {
-    {kEnableKey, &core::DirectoryEntry::Enable},
-    {"TagName", &core::DirectoryEntry::TagName},
-    {"Mmsid", &core::DirectoryEntry::Mmsid},
+inline constexpr KeyRow<DirectoryEntry> kDirectoryRows[] = {
+    Key<&DirectoryEntry::Enable>(),
+    Key<&DirectoryEntry::TagName>(),
+    Key<&DirectoryEntry::Mmsid>(),
 };
 
 inline constexpr std::string_view kPriSetChSection = "PRISETCH";

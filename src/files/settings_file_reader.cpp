@@ -32,7 +32,8 @@ class SettingReader {
       ReadMarineTable(kMarineSections[group], data_.Marine[group]);
     }
     for (std::size_t i = 0; i < data_.WX.size(); ++i) {
-      ReadChannel(table_.Find(Numbered(kWxSection, static_cast<int>(i))), data_.WX[i], &Tables::wx);
+      ReadChannel(table_.Find(Numbered(kWxSection, static_cast<int>(i))), data_.WX[i],
+                  core::TableKind::kWeather);
     }
     ReadDirectory(kStationSection, data_.Stations);
     ReadDirectory(kStationGroupSection, data_.StationGroups);
@@ -54,8 +55,8 @@ class SettingReader {
 
   template <class Record>
   void ReadRow(const SectionView& section, std::string_view key, const KeyRow<Record>& row,
-               Record& record) {
-    if (!IsRead(row.kept, profile_)) return;
+               Record& record, core::TableKind table = core::TableKind::kOnce) {
+    if (!row.read.In(profile_, table)) return;
     std::visit([&](auto member) { ReadEntry(section, key, row.form, record.*member); }, row.member);
   }
 
@@ -91,12 +92,9 @@ class SettingReader {
     ReadRow(section, key + std::string(kBackupRow.key), kBackupRow, usable);
   }
 
-  void ReadChannel(const SectionView& section, core::ChannelRecord& channel, Kept Tables::*table) {
-    for (const ChannelKeyRow& row : kChannelRows) {
-      if (IsRead(row.tables.*table, profile_)) {
-        ReadRow(section, row.field.key, row.field, channel);
-      }
-    }
+  void ReadChannel(const SectionView& section, core::ChannelRecord& channel,
+                   core::TableKind table) {
+    for (const auto& row : kChannelRows) ReadRow(section, row.key, row, channel, table);
   }
 
   /// The sections are numbered without a gap; which entry one fills is said by its position.
@@ -108,7 +106,7 @@ class SettingReader {
       const std::optional<std::int16_t> position = core::ParseInt16(position_text);
       if (position && *position >= 0 && *position < core::kMarineChannels) {
         core::ChannelRecord& channel = table[static_cast<std::size_t>(*position)];
-        ReadChannel(section, channel, &Tables::marine);
+        ReadChannel(section, channel, core::TableKind::kMarine);
         channel.Duplex = channel.Duplex && channel.DuplexAllowed;
       }
       pump_.ProcessEvents();
@@ -131,7 +129,7 @@ class SettingReader {
     bool any_exp = false;
     for (int number = 1; number <= core::kExtraChannels; ++number) {
       core::ChannelRecord& channel = data_.EXP[number];
-      ReadChannel(table_.Find(Numbered(kExtraSection, number)), channel, &Tables::extra);
+      ReadChannel(table_.Find(Numbered(kExtraSection, number)), channel, core::TableKind::kExtra);
       if (channel.Enable) (channel.IsLmr() ? any_lmr : any_exp) = true;
     }
     data_.LmrPresent() = in_use && any_lmr;

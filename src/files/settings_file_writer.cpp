@@ -53,8 +53,9 @@ class SettingWriter {
   }
 
   template <class Record>
-  void WriteRow(std::string_view key, const KeyRow<Record>& row, const Record& record) {
-    if (!IsWritten(row.kept, profile_)) return;
+  void WriteRow(std::string_view key, const KeyRow<Record>& row, const Record& record,
+                core::TableKind table = core::TableKind::kOnce) {
+    if (!row.written.In(profile_, table)) return;
     std::visit([&](auto member) { EntryOf(key, record.*member, row.form); }, row.member);
   }
 
@@ -106,14 +107,14 @@ class SettingWriter {
     for (std::size_t i = 0; i < table.size(); ++i) {
       if (i % kChannelsPerYield == 0) pump_.ProcessEvents();
       Section(Numbered(kMarineSections[group], static_cast<int>(i)));
-      WriteChannel(table[i], &Tables::marine);
+      WriteChannel(table[i], core::TableKind::kMarine);
     }
   }
 
   void WriteWxTable() {
     for (std::size_t i = 0; i < data_.WX.size(); ++i) {
       Section(Numbered(kWxSection, static_cast<int>(i)));
-      WriteChannel(data_.WX[i], &Tables::wx);
+      WriteChannel(data_.WX[i], core::TableKind::kWeather);
     }
   }
 
@@ -124,16 +125,15 @@ class SettingWriter {
       core::ChannelRecord channel = data_.EXP[number];
       channel.Enable = channel.Enable && ((channel.IsLmr() && data_.LmrPresent()) ||  //
                                           (channel.IsExp() && data_.ExpPresent));
-      WriteChannel(channel, &Tables::extra, !channel.IsLmr() && !channel.IsExp());
+      WriteChannel(channel, core::TableKind::kExtra, !channel.IsLmr() && !channel.IsExp());
     }
   }
 
-  void WriteChannel(const core::ChannelRecord& channel, Kept Tables::*table,
+  void WriteChannel(const core::ChannelRecord& channel, core::TableKind table,
                     bool without_enable = false) {
-    for (const ChannelKeyRow& row : kChannelRows) {
-      if (!IsWritten(row.tables.*table, profile_)) continue;
-      if (without_enable && row.field.key == kEnableKey) continue;
-      WriteRow(row.field.key, row.field, channel);
+    for (const auto& row : kChannelRows) {
+      if (without_enable && row.key == kEnableKey) continue;
+      WriteRow(row.key, row, channel, table);
     }
   }
 

@@ -18,31 +18,37 @@ constexpr auto& EntryOf(Table& table, int index) {
 
 // Bitmaps of a table; offsets count from the enable bitmap.
 inline constexpr std::array kMarineBitmapRows = {
-    Field<MarineTable, BitmapForm<&ChannelRecord::Enable>>("Enable", places::MarineEnable(0)),
-    Field<MarineTable, BitmapForm<&ChannelRecord::ScanMemory>>("ScanMemory",
-                                                               places::MarineEnable(0).MovedBy(32)),
+    Field<MarineTable, BitmapForm<&ChannelRecord::Enable>>(kFieldAt<&ChannelRecord::Enable>.name,
+                                                           places::MarineEnable(0)),
+    Field<MarineTable, BitmapForm<&ChannelRecord::ScanMemory>>(
+        kFieldAt<&ChannelRecord::ScanMemory>.name, places::MarineEnable(0).MovedBy(32)),
 };
 inline constexpr std::array kWxBitmapRows = {
-    Field<core::WxTable, BitmapForm<&ChannelRecord::Enable>>("Enable", places::kWxEnable),
-    Field<core::WxTable, BitmapForm<&ChannelRecord::ScanMemory>>("ScanMemory",
-                                                                 places::kWxEnable.MovedBy(16)),
+    Field<core::WxTable, BitmapForm<&ChannelRecord::Enable>>(kFieldAt<&ChannelRecord::Enable>.name,
+                                                             places::kWxEnable),
+    Field<core::WxTable, BitmapForm<&ChannelRecord::ScanMemory>>(
+        kFieldAt<&ChannelRecord::ScanMemory>.name, places::kWxEnable.MovedBy(16)),
 };
 inline constexpr std::array kExtraBitmapRows = {
-    Field<core::ExtraTable, ExtraEnableForm>("Enable", places::kExtraEnable),
+    Field<core::ExtraTable, ExtraEnableForm>(kFieldAt<&ChannelRecord::Enable>.name,
+                                             places::kExtraEnable),
     Field<core::ExtraTable, BitmapForm<&ChannelRecord::ScanMemory>>(
-        "ScanMemory", places::kExtraEnable.MovedBy(16)),
+        kFieldAt<&ChannelRecord::ScanMemory>.name, places::kExtraEnable.MovedBy(16)),
 };
 
 inline constexpr int kNameLength = 12;
+inline constexpr When kNamesWhen = kFieldAt<&ChannelRecord::ChTag>.presence.when;
 inline constexpr std::array kNameRows = {
-    Field<ChannelRecord, NameForm, &ChannelRecord::ChTag>("ChTag", BytesAt(0, kNameLength)),
+    Field<ChannelRecord, NameForm, &ChannelRecord::ChTag>(BytesAt(0, kNameLength)),
 };
 
+// Radios that name no channel have no scrambler to set, but keep its bits.
 inline constexpr std::array kMarineFlagRows = {
     Field<ChannelRecord, MarinePowerForm>("power code", BitRange(0, 7, 6)),
-    Field<ChannelRecord, DuplexForm>("Duplex", BitAt(0, 5)),
-    Field<ChannelRecord, FlagForm, &ChannelRecord::PowUp>("PowUp", BitAt(0, 4)),
-    Field<ChannelRecord, NumberForm, &ChannelRecord::Scramble>("Scramble", BitRange(0, 3, 1)),
+    Field<ChannelRecord, DuplexForm>(kFieldAt<&ChannelRecord::Duplex>.name, BitAt(0, 5)),
+    Field<ChannelRecord, FlagForm, &ChannelRecord::PowUp>(BitAt(0, 4)),
+    Field<ChannelRecord, NumberForm, &ChannelRecord::Scramble>(BitRange(0, 3, 1))
+        .Only(When::kAlways),
     AlwaysZero<ChannelRecord>(BitAt(0, 0)),
     Carried<ChannelRecord>("second flag byte", BytesAt(1, 1), &NumberText),
 };
@@ -52,38 +58,38 @@ inline constexpr Bits kTransmitFrequency = BytesAt(8, 3);
 // tone bits are written over it.
 inline constexpr std::array kExtraRows = {
     Field<ChannelRecord, ExtraPowerForm>("power code", BitRange(0, 7, 6)),
-    Field<ChannelRecord, FlagForm, &ChannelRecord::ClockShift>("ClockShift", BitAt(0, 5)),
-    Field<ChannelRecord, FlagForm, &ChannelRecord::PowUp>("PowUp", BitAt(0, 4)),
-    Field<ChannelRecord, NumberForm, &ChannelRecord::Scramble>("Scramble", BitRange(0, 3, 1)),
-    Field<ChannelRecord, NarrowForm>("Narrow", BitAt(0, 0)),
-    Field<ChannelRecord, DisplayForm, &ChannelRecord::CHDisplayL>("CHDisplayL", BytesAt(1, 2)),
-    Field<ChannelRecord, DisplayForm, &ChannelRecord::CHDisplayR>("CHDisplayR", BytesAt(3, 2)),
-    Field<ChannelRecord, FrequencyForm, &ChannelRecord::Rxfreq>("Rxfreq", BytesAt(5, 3)),
-    Field<ChannelRecord, FrequencyForm, &ChannelRecord::Txfreq>("Txfreq", kTransmitFrequency)
+    Field<ChannelRecord, FlagForm, &ChannelRecord::ClockShift>(BitAt(0, 5)),
+    Field<ChannelRecord, FlagForm, &ChannelRecord::PowUp>(BitAt(0, 4)),
+    Field<ChannelRecord, NumberForm, &ChannelRecord::Scramble>(BitRange(0, 3, 1))
+        .Only(When::kAlways),
+    Field<ChannelRecord, NarrowForm>(kFieldAt<&ChannelRecord::Narrow>.name, BitAt(0, 0)),
+    Field<ChannelRecord, DisplayForm, &ChannelRecord::CHDisplayL>(BytesAt(1, 2)),
+    Field<ChannelRecord, DisplayForm, &ChannelRecord::CHDisplayR>(BytesAt(3, 2)),
+    Field<ChannelRecord, FrequencyForm, &ChannelRecord::Rxfreq>(BytesAt(5, 3)),
+    Field<ChannelRecord, FrequencyForm, &ChannelRecord::Txfreq>(kTransmitFrequency)
         .Lies(Overlap::kBeneath),
-    Field<ChannelRecord, LmrMarkForm, &ChannelRecord::LMR_EXP>("LMR EXP", BitAt(15, 7)),
+    Field<ChannelRecord, LmrMarkForm, &ChannelRecord::LMR_EXP>(BitAt(15, 7)),
     AlwaysZero<ChannelRecord>(BitRange(15, 6, 4)),
-    Field<ChannelRecord, InvertedFlagForm, &ChannelRecord::USA_Group>("USA Group", BitAt(15, 3)),
-    Field<ChannelRecord, InvertedFlagForm, &ChannelRecord::INT_Group>("INT Group", BitAt(15, 2)),
-    Field<ChannelRecord, InvertedFlagForm, &ChannelRecord::CAN_Group>("CAN Group", BitAt(15, 1)),
+    Field<ChannelRecord, InvertedFlagForm, &ChannelRecord::USA_Group>(BitAt(15, 3)),
+    Field<ChannelRecord, InvertedFlagForm, &ChannelRecord::INT_Group>(BitAt(15, 2)),
+    Field<ChannelRecord, InvertedFlagForm, &ChannelRecord::CAN_Group>(BitAt(15, 1)),
     AlwaysZero<ChannelRecord>(BitAt(15, 0)),
 };
 
 // Offsets count from the record's first tone byte.
 inline constexpr std::array kToneRows = {
-    Field<ChannelRecord, CtcssForm, &ChannelRecord::RxCTCSS>("RxCTCSS", Bits{4, 6})
+    Field<ChannelRecord, CtcssForm, &ChannelRecord::RxCTCSS>(Bits{4, 6}).Lies(Overlap::kAbove),
+    Field<ChannelRecord, CtcssForm, &ChannelRecord::TxCTCSS>(BitRange(1, 5, 0)),
+    Field<ChannelRecord, ReceiveDcsForm>(kFieldAt<&ChannelRecord::RxDCS>.name,
+                                         {BytesAt(2, 1), BitRange(0, 5, 4)})
         .Lies(Overlap::kAbove),
-    Field<ChannelRecord, CtcssForm, &ChannelRecord::TxCTCSS>("TxCTCSS", BitRange(1, 5, 0)),
-    Field<ChannelRecord, ReceiveDcsForm>("RxDCS", {BytesAt(2, 1), BitRange(0, 5, 4)})
-        .Lies(Overlap::kAbove),
-    Field<ChannelRecord, TransmitDcsForm, &ChannelRecord::TxDCS>("TxDCS",
-                                                                 {BytesAt(3, 1), BitAt(0, 7)})
+    Field<ChannelRecord, TransmitDcsForm, &ChannelRecord::TxDCS>({BytesAt(3, 1), BitAt(0, 7)})
         .Lies(Overlap::kAbove),
 };
 
 inline constexpr std::array kDirectoryRows = {
     Field<DirectoryEntry, DigitsForm, &DirectoryEntry::Mmsid>("MMSI", BytesAt(0, 5)),
-    Field<DirectoryEntry, NameForm, &DirectoryEntry::TagName>("TagName", BytesAt(5, 11)),
+    Field<DirectoryEntry, NameForm, &DirectoryEntry::TagName>(BytesAt(5, 11)),
 };
 
 inline ChannelRecord& WxEntry(RadioData& data, int index) {
@@ -127,7 +133,7 @@ constexpr Area<ChannelRecord> MarineNames(std::string_view name) {
           .rows = kNameRows,
           .entry = &MarineEntry<Group>,
           .label = Label::kPlan,
-          .when = When::kNames};
+          .when = kNamesWhen};
 }
 
 inline constexpr std::array kMarineBitmaps = {MarineBitmaps<0>("USA"), MarineBitmaps<1>("INTL"),
@@ -148,7 +154,7 @@ inline constexpr Area<ChannelRecord> kWxNames = {.name = "WX",
                                                  .rows = kNameRows,
                                                  .entry = &WxEntry,
                                                  .label = Label::kFromOne,
-                                                 .when = When::kNames};
+                                                 .when = kNamesWhen};
 
 inline constexpr int kExtraBase = 2304;
 inline constexpr int kExtraStride = 16;
@@ -163,7 +169,7 @@ inline constexpr Area<ChannelRecord> kExtraNames = {.name = "EXP/LMR",
                                                     .rows = kNameRows,
                                                     .entry = &ExtraEntry,
                                                     .label = Label::kFromOne,
-                                                    .when = When::kNames};
+                                                    .when = kNamesWhen};
 inline constexpr Area<ChannelRecord> kExtraRecords = {.name = "EXP/LMR",
                                                       .base = kExtraBase,
                                                       .stride = kExtraStride,

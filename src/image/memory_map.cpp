@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <bitset>
+#include <functional>
+#include <map>
 #include <memory>
+#include <string_view>
 #include <tuple>
+#include <utility>
 
 #include "core/channel_plan.h"
 #include "core/model_profile.h"
@@ -25,15 +29,16 @@ std::string BitsText(Bits bits) {
 }
 
 template <class Record>
-std::string EntryName(const Area<Record>& area, int index, std::string_view field) {
+std::string EntryName(const Area<Record>& area, int index, const Row<Record>& row) {
   std::string name(area.name);
   const auto append = [&name](std::string_view word) {
-    if (!name.empty()) name += ' ';
+    if (!name.empty() && !word.empty()) name += ' ';
     name += word;
   };
   if (area.label == Label::kPlan) append(core::PlanLabel(index));
   if (area.label == Label::kFromOne) append(std::to_string(index + 1));
-  append(field);
+  append(row.of);
+  append(row.name);
   return name;
 }
 
@@ -53,7 +58,7 @@ class MapBuilder {
         if (!Has(profile_, row.read) && !Has(profile_, row.written)) continue;
         const Bits bits = row.place.bits.MovedBy(offset);
         const Bits head = row.place.head.MovedBy(offset);
-        const std::string name = EntryName(area, i, row.name);
+        const std::string name = EntryName(area, i, row);
         const std::string value = row.text(image_.All().data(), {bits, head});
         Add(bits, name, value);
         if (head.count > 0) Add(head, name, value);
@@ -121,6 +126,70 @@ class MapBuilder {
   std::vector<Piece> pieces_;
 };
 
+/// Visitor that makes a line of the page of each piece of each field. Of equal entries it shows the
+/// first.
+class PageBuilder {
+ public:
+  /// Kept in the order in which the page shows them.
+  using Lines = std::map<std::pair<int, std::string>, std::string>;
+
+  explicit PageBuilder(const core::ModelProfile& profile) : profile_(profile) {}
+
+  template <class Record>
+  void operator()(const Area<Record>& area) {
+    if (!Has(profile_, area.when)) return;
+    const int offset = area.EntryOffset(profile_, 0);
+    std::string repeats;
+    if (area.count > 1) {
+      repeats = std::to_string(area.count) + " times, every " + std::to_string(area.stride);
+    }
+    for (const Row<Record>& row : area.rows) {
+      if (!Has(profile_, row.read) && !Has(profile_, row.written)) continue;
+      const std::string name = EntryName(area, 0, row);
+      std::string notes = repeats;
+      if (row.overlap == Overlap::kBeneath) {
+        notes.append(notes.empty() ? "" : "; ").append("gives way");
+      }
+      for (const Bits bits : {row.place.bits, row.place.head}) {
+        if (bits.count > 0) Add(bits.MovedBy(offset), name, notes);
+      }
+    }
+  }
+
+  [[nodiscard]] const Lines& Finished() const { return lines_; }
+
+ private:
+  void Add(Bits bits, const std::string& name, const std::string& notes) {
+    std::string line;
+    for (const std::string& cell :
+         {std::to_string(bits.FirstByte()), std::to_string(bits.LastByte() - bits.FirstByte() + 1),
+          BitsText(bits), name, notes}) {
+      line.append("| ").append(cell).append(cell.empty() ? "" : " ");
+    }
+    lines_[{bits.first, line}] = line + "|\n";
+  }
+
+  const core::ModelProfile& profile_;
+  Lines lines_;
+};
+
+constexpr std::string_view kPageHead =
+    "# The memory of the radios\n\n"
+    "Where each field lies in the memory image, printed from the tables that read and write it.\n"
+    "A field stands in the section of the models that have it in that place: first what all have,\n"
+    "then what some have. Bytes that no table names are carried through as they came.\n\n"
+    "- *offset*, *length*: first byte and number of bytes, counted from 0.\n"
+    "- *bits*: 7 is the most significant; from a bit of the first byte to one of the last. Empty:\n"
+    "  whole bytes.\n"
+    "- *notes*: of equal entries the first is shown; how many there are and how many bytes lie "
+    "from\n"
+    "  one to the next. A field that gives way has its bits only where no other field of the "
+    "model\n"
+    "  claims them.\n\n"
+    "`orvane-cli map` prints the same for one image, with every entry and its value.\n";
+constexpr std::string_view kTableHead =
+    "| offset | length | bits | name | notes |\n|---|---|---|---|---|\n";
+
 // Long stretches would hide the table; the report is no hex dump.
 std::string Shortened(const std::string& bytes) {
   constexpr std::size_t kWidth = 47;  // sixteen bytes
@@ -145,6 +214,30 @@ std::string MemoryMapText(const core::RadioData& data) {
             Shortened(row.bytes) + '\n';
   }
   return text;
+}
+
+std::string MemoryMapPage() {
+  std::map<PageBuilder::Lines::value_type, std::vector<std::string_view>> owners;
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    PageBuilder builder(profile);
+    layout::VisitAll(builder);
+    for (const auto& line : builder.Finished()) owners[line].push_back(profile.model);
+  }
+  // The larger families first.
+  std::map<std::pair<std::size_t, std::vector<std::string_view>>, std::string, std::greater<>>
+      sections;
+  for (const auto& [line, models] : owners) sections[{models.size(), models}] += line.second;
+
+  std::string page(kPageHead);
+  for (const auto& [family, lines] : sections) {
+    std::string title;
+    for (const std::string_view model : family.second) {
+      title.append(title.empty() ? "" : ", ").append(model);
+    }
+    if (family.first == core::ModelProfiles().size()) title = "All models";
+    page.append("\n## ").append(title).append("\n\n").append(kTableHead).append(lines);
+  }
+  return page;
 }
 
 }  // namespace orvane::image

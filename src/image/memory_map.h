@@ -23,4 +23,7 @@ struct MapRow {
 /// The rows as a table for a terminal, lines ended by LF.
 [[nodiscard]] std::string MemoryMapText(const core::RadioData& data);
 
+/// The page docs/memory-map.md: the fields of all models without values.
+[[nodiscard]] std::string MemoryMapPage();
+
 }  // namespace orvane::image

@@ -8,8 +8,10 @@
 #include <type_traits>
 
 #include "core/calendar.h"
+#include "core/catalogue_fields.h"
 #include "core/member_path.h"
 #include "core/model_profile.h"
+#include "core/presence.h"
 #include "core/radio_data.h"
 #include "image/bits.h"
 #include "image/value_text.h"
@@ -19,30 +21,9 @@
 /// the same rows.
 namespace orvane::image {
 
-/// What a model must have for a row or an area to exist.
-enum class When { kAlways, kDsc, kCallSigns, kDscOnly, kNames, kTones, kCodeAtStart, kFullImage };
-
-constexpr bool Has(const core::ModelProfile& profile, When when) {
-  switch (when) {
-    case When::kAlways:
-      return true;
-    case When::kDsc:
-      return profile.has_dsc;
-    case When::kCallSigns:
-      return profile.has_call_signs;
-    case When::kDscOnly:
-      return profile.has_dsc && !profile.has_call_signs;
-    case When::kNames:
-      return profile.has_channel_names;
-    case When::kTones:
-      return profile.HasTones();
-    case When::kCodeAtStart:
-      return profile.radio_code_address == 0;
-    case When::kFullImage:
-      return profile.image_size == core::MemoryImage::kSize;
-  }
-  return false;
-}
+using core::Has;
+using core::kFieldAt;
+using core::When;
 
 /// Two fields that claim the same bits do so only where both say so: the one beneath is written
 /// first, the one above prevails.
@@ -76,17 +57,26 @@ struct Row {
   When read = When::kAlways;
   When written = When::kAlways;
   Overlap overlap = Overlap::kNone;
+  std::string_view of{};  ///< said before the name: the channel group of a field that each has
 
-  [[nodiscard]] constexpr Row Only(When when) const { return ReadWritten(when, when); }
-  [[nodiscard]] constexpr Row ReadWritten(When read_when, When written_when) const {
+  [[nodiscard]] constexpr Row Only(When when) const {
+    Row row = WrittenBy(when);
+    row.read = when;
+    return row;
+  }
+  [[nodiscard]] constexpr Row WrittenBy(When when) const {
     Row row = *this;
-    row.read = read_when;
-    row.written = written_when;
+    row.written = when;
     return row;
   }
   [[nodiscard]] constexpr Row Lies(Overlap how) const {
     Row row = *this;
     row.overlap = how;
+    return row;
+  }
+  [[nodiscard]] constexpr Row Of(std::string_view group) const {
+    Row row = *this;
+    row.of = group;
     return row;
   }
 };
@@ -118,12 +108,22 @@ std::string FieldText(const std::uint8_t* base, const Place& place) {
   }
 }
 
-/// A row both of whose directions go through the same member of the record. Without a path the
-/// form works on the whole record.
+/// A row both of whose directions go through the same member of the record. The models that have
+/// it are the catalogue's. Without a path the form works on the whole record of any model.
 template <class Record, class Form, auto... Path>
 constexpr Row<Record> Field(std::string_view name, Place place) {
-  return {name, place, &DecodeField<Record, Form, Path...>, &EncodeField<Record, Form, Path...>,
-          &FieldText<Record, Form, Path...>};
+  const Row<Record> row{name, place, &DecodeField<Record, Form, Path...>,
+                        &EncodeField<Record, Form, Path...>, &FieldText<Record, Form, Path...>};
+  if constexpr (sizeof...(Path) == 0) {
+    return row;
+  } else {
+    return row.Only(kFieldAt<Path...>.presence.when);
+  }
+}
+/// Under the member's own name.
+template <class Record, class Form, auto... Path>
+constexpr Row<Record> Field(Place place) {
+  return Field<Record, Form, Path...>(kFieldAt<Path...>.name, place);
 }
 
 /// Bits the radio wants to be 0 whenever the record is written.

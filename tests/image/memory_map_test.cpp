@@ -9,6 +9,7 @@
 #include "image/codec.h"
 #include "image/image_check.h"
 #include "image/sample_radio.h"
+#include "support/golden.h"
 #include "support/image_fixtures.h"
 
 namespace orvane::image {
@@ -74,6 +75,10 @@ TEST(MemoryMap, ShowsFieldsWithPlaceBytesAndValue) {
     EXPECT_EQ(row->value, c.value) << c.name;
   }
   EXPECT_EQ(Find(rows, "DSC User MMSI"), nullptr) << "not a radio with DSC";
+}
+
+TEST(MemoryMap, PageOfTheDocumentationIsTheTablesOwn) {
+  ::orvane::testing::ExpectGolden("../../docs/memory-map.md", MemoryMapPage());
 }
 
 TEST(SampleRadio, IsARadioInUseThatPassesItsOwnChecks) {

@@ -22,7 +22,8 @@ inline void ExpectGolden(const std::string& name, std::string_view text) {
   std::ifstream file(path, std::ios::binary);
   ASSERT_TRUE(file) << "no golden file " << name;
   const std::string expected((std::istreambuf_iterator<char>(file)), {});
-  EXPECT_EQ(text, expected) << "differs from golden file " << name;
+  EXPECT_EQ(text, expected) << "differs from golden file " << name
+                            << "; ORVANE_UPDATE_GOLDEN=1 in the environment writes it anew";
 }
 
 }  // namespace orvane::testing
