@@ -91,7 +91,6 @@ void FileCommands::ReadFile(const std::string& path) {
 }
 
 void FileCommands::Replace(const char* verb, document::Contents contents) {
-  host_.ShowGeneralPage();
   std::string step = verb + WithoutFolder(contents.file_name);
   core::AppSettings(services_.settings).AddRecentFile(contents.file_name);
   overtaking_told_ = false;

@@ -111,21 +111,21 @@ void Follower::Begin() {
   StatusChanged();
 }
 
-void Follower::ShowAll() {
+void Follower::Changed(std::span<const core::Change> /*changes*/) {
+  if (quiet_) return;
   FollowModel();
   views_.tree.Rebuild();
   ShowCurrentPage();
-}
-
-void Follower::Changed(std::span<const core::Change> /*changes*/) {
-  if (!quiet_) ShowAll();
 }
 
 void Follower::Replaced() {
   replaced_ = true;
   if (quiet_) return;
   views_.destinations.ForgetSource();
-  ShowAll();
+  FollowModel();
+  views_.tree.Rebuild();
+  // The page "General" shows no data: it need not be filled again.
+  if (views_.navigator.CurrentKey() != KeyOf({})) views_.navigator.SelectUnchecked(KeyOf({}));
 }
 
 void Follower::StatusChanged() {

@@ -74,7 +74,6 @@ class Follower : public QObject, private document::Watcher {
   void ShowField(core::FieldRef at);
   void ShowSaved();
   void ShowCurrentPage();
-  void ShowAll();
   void FollowDestination();
   void FollowModel();
   void NameCommand(QAction& item, const QString& word, const document::Step* step);

@@ -50,7 +50,6 @@ void WindowCommands::Read() {
   document::Contents read{.data = document_.Data(), .origin = document::Origin::kRead};
   if (!Transfer(read.data, link::SessionKind::kRead)) return;
   read.time = services_.clock.TimeOfDay();
-  host_.ShowGeneralPage();
   document_.Replace(std::string(core::kReadFromRadio), std::move(read), false);
   document_.ForgetChange();
 }

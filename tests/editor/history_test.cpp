@@ -1,5 +1,6 @@
 #include <QAbstractItemModelTester>
 #include <QListView>
+#include <QSignalSpy>
 #include <QToolButton>
 #include <tuple>
 
@@ -178,6 +179,9 @@ class HistoryTest : public QObject {
     QTest::addRow("Destination") << "mnuDestination_1"
                                  << "Destination KT520-usa"
                                  << "New";
+    QTest::addRow("Image") << "F2"
+                           << "Load other.hex"
+                           << "Saved";
     QTest::addRow("Model") << "mnuEditModel_1"
                            << "Model KT310"
                            << "New";
@@ -187,22 +191,30 @@ class HistoryTest : public QObject {
     QFETCH(QString, step);
     QFETCH(QString, saved);
     CommandDesk desk;
-    core::RadioData other = desk.sample;
+    const core::RadioData& other = desk.sample;
     static_cast<void>(files::WriteSettingFile(other, "/other.dat", desk.files, desk.pump));
+    desk.files.files["/other.hex"] =
+        std::string(other.Image.Used().begin(), other.Image.Used().end());
+    desk.state.Debug = true;
     desk.Start();
     Rename(desk, "PU32", "mine");
-    desk.dialogs.paths = {"/boat.dat", "/other.dat"};
+    desk.dialogs.paths = {"/boat.dat", item == "F2" ? "/other.hex" : "/other.dat"};
     desk.Item("mnuFileSaveAs").trigger();
     QCOMPARE(Saved(desk), "Saved 14:02");
     desk.clock.time_of_day = "13:58";
     const core::RadioData before = desk.data;
     const QString title = desk.window->windowTitle();
+    const QSignalSpy filled(desk.window->findChild<editor::Navigator*>(),
+                            &editor::Navigator::PageShown);
     if (item == "mnuTransferRead") {
       QVERIFY(desk.Transfer("mnuTransferRead"));
+    } else if (item == "F2") {
+      QTest::keyClick(desk.window.get(), Qt::Key_F2, Qt::ControlModifier);
     } else {
       desk.Item(qPrintable(item)).setEnabled(true);
       desk.TriggerAndWait(qPrintable(item));
     }
+    QCOMPARE(filled.count(), 1);
     const core::RadioData after = desk.data;
     QVERIFY(after != before);
     QCOMPARE(Saved(desk), saved);
@@ -210,6 +222,7 @@ class HistoryTest : public QObject {
     QCOMPARE(desk.Item("mnuEditUndo").text(), "&Undo " + step);
 
     desk.Item("mnuEditUndo").trigger();
+    QCOMPARE(filled.count(), 2);
     QVERIFY(desk.data == before);
     QCOMPARE(desk.window->windowTitle(), title);
     QCOMPARE(Saved(desk), "Saved 14:02");
