@@ -36,7 +36,7 @@ void TellEnding(Workplace& place, link::SessionKind kind, const link::TransferOu
     return;
   }
   core::Message message{std::string(link::ModeTitle(kind)), link::EndingText(outcome, port)};
-  if (cancelled && outcome.partly_written) message.details = link::kPartlyWrittenNote;
+  if (cancelled && outcome.partly_written) message.details = core::kPartlyWrittenText;
   place.prompts.Show(message);
 }
 

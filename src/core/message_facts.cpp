@@ -118,6 +118,10 @@ Facts MissingFacts(bool no_frequency, bool short_display, WayOut way) {
   return facts;
 }
 
+Facts PlaceFacts(const std::optional<std::string>& block) {
+  return {{"place", block ? "at block " + *block : "before the first block"}};
+}
+
 Facts FileFacts(std::string_view path, const SystemError& error) {
   return {{"reason", std::string(path) + ": " + error.description}, {"path", std::string(path)}};
 }

@@ -53,6 +53,10 @@ enum class WayOut {
 /// Of kIncompleteChannel: what a channel in use does not have.
 [[nodiscard]] Facts MissingFacts(bool no_frequency, bool short_display, WayOut way);
 
+/// Of kTransferFailed and kTransferCancelled: the address of the block that the transfer had come
+/// to, as it travels; nothing before the first.
+[[nodiscard]] Facts PlaceFacts(const std::optional<std::string>& block);
+
 /// Of the messages about files: which one, and the system's words.
 [[nodiscard]] Facts FileFacts(std::string_view path, const SystemError& error);
 

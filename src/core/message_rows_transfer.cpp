@@ -33,7 +33,7 @@ constexpr std::array kRows = {
                .group = kTransfer,
                .text = {"Communication Error!!"},
                .where = "Model Check, or while reading",
-               .meaning = "An answer of the radio was wrong, missing or late{place|}. Nothing was "
+               .meaning = "An answer of the radio was wrong, missing or late. Nothing was "
                           "taken over from the radio.",
                .remedy = "Check the plugs, put the radio into [clone mode](connect.html) again and "
                          "repeat the transfer. If it fails at the same place, try another adapter "
@@ -42,7 +42,7 @@ constexpr std::array kRows = {
                .group = kTransfer,
                .text = {"Communication Error!!"},
                .where = "while programming",
-               .meaning = "An answer of the radio was wrong, missing or late{place|}. {note|The "
+               .meaning = "An answer of the radio was wrong, missing or late. {note|The "
                           "radio is partly written.}",
                .remedy = "Check the plugs, put the radio into [clone mode](connect.html) again and "
                          "[program it again](program.html#partly), whole. If it fails at the same "
@@ -155,6 +155,40 @@ constexpr std::array kRows = {
                           "radio may be partly written.}",
                .remedy = "Plug the adapter in again, choose its [port](connect.html#port), put the "
                          "radio into [clone mode](connect.html) and repeat the transfer."},
+    MessageRow{.id = kTransferEnded,
+               .group = kTransfer,
+               .text = {"Complete"},
+               .icon = Icon::kNone,
+               .where = "under the progress bar",
+               .meaning = "Everything was transferred.",
+               .remedy = "Nothing is to be done.",
+               .explained = false},
+    MessageRow{.id = kNothingTransferred,
+               .group = kTransfer,
+               .text = {"Nothing was transferred"},
+               .icon = Icon::kNone,
+               .where = "under the progress bar",
+               .meaning = "You answered no to a question, or there was nothing to do.",
+               .remedy = "Nothing is to be done.",
+               .explained = false},
+    MessageRow{.id = kTransferFailed,
+               .group = kTransfer,
+               .text = {"Failed {place|at block n, or before the first block}"},
+               .icon = Icon::kNone,
+               .where = "under the progress bar; the command line too",
+               .meaning = "Where the transfer stopped. The message before it says why.",
+               .remedy = "Follow that message.",
+               .explained = false},
+    MessageRow{.id = kNothingComesBack,
+               .group = kTransfer,
+               .text = {"Nothing comes back on {port|the port}. Check the cable, or {way|choose "
+                        "another port.}"},
+               .icon = Icon::kNone,
+               .where = "under the progress bar; the command line too",
+               .meaning = "For three seconds the cable has not sent back what the PC sends. The "
+                          "program goes on waiting.",
+               .remedy = "See [Serial port trouble](serial.html).",
+               .explained = false},
 };
 
 }  // namespace

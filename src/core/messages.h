@@ -34,6 +34,10 @@ enum class MessageId {
   kComplete,
   kPartlyWritten,
   kUnexpectedFailure,
+  kTransferEnded,
+  kNothingTransferred,
+  kTransferFailed,
+  kNothingComesBack,
   // Files and printing.
   kModelOfSettings,
   kUnknownSettings,
@@ -88,7 +92,8 @@ struct MessageRow {
   bool explained = true;
 };
 
-/// Also shown by itself, for as long as it is true.
+/// Of a program run that did not end in "Complete!!". Also shown by itself, for as long as it is
+/// true.
 inline constexpr std::string_view kPartlyWrittenText =
     "The radio now holds a partly written image. Do not use it until it has been programmed again.";
 

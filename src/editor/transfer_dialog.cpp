@@ -54,7 +54,7 @@ TransferDialog::TransferDialog(const TransferServices& services, link::SessionKi
   state_ = AddLabel("lblState", "State of the transfer");
   state_->setWordWrap(true);
   note_ = AddLabel("lblNote", "Warning");
-  note_->setText(platform::FromUtf8(link::kPartlyWrittenNote));
+  note_->setText(platform::FromUtf8(core::kPartlyWrittenText));
   note_->setWordWrap(true);
   QFont bold = note_->font();
   bold.setBold(true);

@@ -1,31 +1,38 @@
 #include "link/transfer_outcome.h"
 
+#include "core/message_facts.h"
 #include "link/clone_frame.h"
 
 namespace orvane::link {
-std::string PlaceText(const TransferOutcome& outcome) {
-  if (!outcome.block) return "before the first block";
-  return "at block " + AddressField(*outcome.block);
+namespace {
+
+using core::MessageId;
+
+core::Facts PlaceOf(const TransferOutcome& outcome) {
+  if (!outcome.block) return core::PlaceFacts({});
+  return core::PlaceFacts(AddressField(*outcome.block));
 }
+
+}  // namespace
 
 std::string EndingText(const TransferOutcome& outcome, const PortLabel& port) {
   switch (outcome.ending) {
     case Ending::kDone:
-      return "Complete";
+      return core::TextOf(MessageId::kTransferEnded);
     case Ending::kDeclined:
-      return "Nothing was transferred";
+      return core::TextOf(MessageId::kNothingTransferred);
     case Ending::kCancelled:
-      return core::TextOf(core::MessageId::kTransferCancelled, {{"place", PlaceText(outcome)}});
+      return core::TextOf(MessageId::kTransferCancelled, PlaceOf(outcome));
     case Ending::kFailed:
       break;
   }
-  if (outcome.said) return "Failed " + PlaceText(outcome);
-  return core::TextOf(core::MessageId::kRadioSilent, {{"port", port.Text()}});
+  if (outcome.said) return core::TextOf(MessageId::kTransferFailed, PlaceOf(outcome));
+  return core::TextOf(MessageId::kRadioSilent, {{"port", port.Text()}});
 }
 
 std::string SilenceText(const PortLabel& port, std::string_view other_port) {
-  return "Nothing comes back on " + port.Text() + ". Check the cable, or " +
-         std::string(other_port);
+  return core::TextOf(MessageId::kNothingComesBack,
+                      {{"port", port.Text()}, {"way", std::string(other_port)}});
 }
 
 }  // namespace orvane::link

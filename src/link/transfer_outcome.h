@@ -4,13 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/messages.h"
 #include "link/port_list.h"
 
 namespace orvane::link {
-
-/// What to tell the user whose program run did not end in "Complete!!".
-inline constexpr std::string_view kPartlyWrittenNote = core::kPartlyWrittenText;
 
 enum class Ending {
   kDone,       ///< everything travelled
@@ -32,8 +28,6 @@ struct TransferOutcome {
   bool operator==(const TransferOutcome&) const = default;
 };
 
-/// Where the run had come to: "at block 0120".
-[[nodiscard]] std::string PlaceText(const TransferOutcome& outcome);
 /// The ending in a few words for a state line, with the block it came at: "Failed at block 0120".
 [[nodiscard]] std::string EndingText(const TransferOutcome& outcome, const PortLabel& port);
 

@@ -90,7 +90,7 @@ void TransferSession::ReportUnexpected(const core::SystemError& error) {
   prompts_.Show(core::MakeMessage(
       MessageId::kUnexpectedFailure, core::kProductName,
       link_.PortFacts({{"failure", std::to_string(error.number) + "\r\r" + error.description},
-                       {"note", std::string(writing_begun_ ? kPartlyWrittenNote : "")}})));
+                       {"note", std::string(writing_begun_ ? core::kPartlyWrittenText : "")}})));
   state_.Error = true;
   state_.Cancel = true;
 }
@@ -279,7 +279,7 @@ void TransferSession::WriteData(CloneProtocol& protocol) {
   }
   if (!state_.Error) return services_.clock.Pause(kEndOfRunPause);
   Refuse(MessageId::kWritingFailed, core::kProgramToRadio,
-         {{"note", std::string(kPartlyWrittenNote)}});
+         {{"note", std::string(core::kPartlyWrittenText)}});
 }
 
 // A byte that fails does not stop the row, but the next one's success must not hide it.

@@ -32,7 +32,7 @@ class TransferSession {
 
   /// Runs the session to its end. Never throws. Busy flag set meanwhile; the port is closed
   /// afterwards. With the error flag set, the dialog stays open and OK may be pressed again. After
-  /// a cancelled program run, which shows no message, the caller shows kPartlyWrittenNote.
+  /// a cancelled program run, which shows no message, the caller shows core::kPartlyWrittenText.
   TransferOutcome Run(SessionKind kind);
 
  private:

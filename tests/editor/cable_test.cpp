@@ -79,7 +79,7 @@ class CableTest : public QObject {
                QStringList{"5\r\rInput/output error\r\n"
                            "The port no longer answers. Check that the cable is plugged in."});
       const std::string& details = desk.prompts.messages[0].details;
-      QCOMPARE(details.find(link::kPartlyWrittenNote) == std::string::npos, reading);
+      QCOMPARE(details.find(core::kPartlyWrittenText) == std::string::npos, reading);
       QVERIFY(details.starts_with("COM1 failed"));
       QVERIFY(dialog.findChild<QLabel*>("lblState")->text().startsWith("Failed "));
       QCOMPARE(dialog.findChild<QLabel*>("lblNote")->isVisible(), !reading);

@@ -176,7 +176,7 @@ class TransferTest : public QObject {
       QVERIFY(desk.prompts.messages.empty());
       const auto* note = Child<QLabel>("lblNote");
       QVERIFY(note->isVisible());
-      QCOMPARE(note->text(), platform::FromUtf8(link::kPartlyWrittenNote));
+      QCOMPARE(note->text(), platform::FromUtf8(core::kPartlyWrittenText));
       QCOMPARE(Child<QLabel>("lblState")->text(), "Cancelled at block 0310");
       QVERIFY(Child<QPushButton>("cmdOK")->isEnabled());
 

@@ -199,7 +199,7 @@ TEST(ProgramSession, AByteThatWasNotWrittenNeverEndsInSuccess) {
               (TransferOutcome{Ending::kFailed, true, true, c.block}));
     EXPECT_EQ(bench.Asked(ExchangeKind::kWrite), c.written);
     EXPECT_EQ(bench.Told(), Texts{"Program to Radio: Communication Error!!"});
-    EXPECT_NE(bench.prompts.messages[0].details.find(kPartlyWrittenNote), std::string::npos);
+    EXPECT_NE(bench.prompts.messages[0].details.find(core::kPartlyWrittenText), std::string::npos);
   }
 }
 

@@ -226,7 +226,7 @@ std::string FaultRunner::CheckWrites(const Run& run) const {
   if (changed && !run.done && !run.outcome.partly_written)
     broken += "a partly written radio kept quiet; ";
   if (run.outcome.partly_written && !run.cancelled &&
-      run.messages.back().details.find(link::kPartlyWrittenNote) == std::string::npos) {
+      run.messages.back().details.find(core::kPartlyWrittenText) == std::string::npos) {
     broken += "the message does not say that the radio is partly written; ";
   }
   return broken;
