@@ -1,0 +1,409 @@
+#include "files/snapshot.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "core/catalogue.h"
+#include "core/crc32.h"
+#include "core/model_profile.h"
+#include "core/number_text.h"
+#include "image/codec.h"
+
+namespace orvane::files {
+namespace {
+
+using core::MemoryImage;
+using core::RadioData;
+using core::Value;
+
+constexpr std::string_view kKind = "ORVANE SNAPSHOT ";
+constexpr std::string_view kVersion = "1";
+constexpr std::string_view kImageMark = "[image]";
+constexpr std::string_view kFieldsMark = "[fields]";
+constexpr std::string_view kEndMark = "[end]";
+constexpr int kRowLength = 32;
+constexpr int kAddressDigits = 4;
+constexpr int kBodyDigits = 8;
+constexpr std::uint8_t kErased = 0xFF;
+
+/// The keys of the heading, in their order.
+struct TextKey {
+  std::string_view key;
+  std::string SnapshotHeading::*text;
+};
+constexpr std::array<TextKey, 4> kTextKeys = {{{"made", &SnapshotHeading::made},
+                                               {"origin", &SnapshotHeading::origin},
+                                               {"port", &SnapshotHeading::port},
+                                               {"file", &SnapshotHeading::file}}};
+constexpr std::string_view kModelKey = "model";
+constexpr std::string_view kLastByteKey = "last byte";
+constexpr std::string_view kBodyKey = "body";
+
+bool IsPlain(char c) {
+  return c >= ' ' && c <= '~' && c != '"' && c != '\\';
+}
+
+/// In quotes; what is no plain ASCII character becomes \xHH.
+void AppendQuoted(std::string& out, std::string_view text) {
+  out += '"';
+  for (const char c : text) {
+    if (IsPlain(c)) {
+      out += c;
+    } else {
+      out += "\\x" + core::HexText(static_cast<unsigned char>(c), 2);
+    }
+  }
+  out += '"';
+}
+
+template <class Number>
+void AppendNumber(std::string& out, Number number) {
+  std::array<char, 32> digits{};  // enough for any 32-bit number and the shortest form of a double
+  const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+  out.append(digits.begin(), end);
+}
+
+void AppendValue(std::string& out, const Value& value) {
+  if (const auto* flag = std::get_if<bool>(&value)) {
+    out += *flag ? "on" : "off";
+  } else if (const auto* number = std::get_if<std::int32_t>(&value)) {
+    AppendNumber(out, *number);
+  } else if (const auto* real = std::get_if<double>(&value)) {
+    AppendNumber(out, *real);
+  } else {
+    AppendQuoted(out, std::get<std::string>(value));
+  }
+}
+
+/// What the image alone says of a data set.
+std::unique_ptr<RadioData> Decoded(std::int16_t model_type, const MemoryImage& image) {
+  auto data = std::make_unique<RadioData>();
+  data->MODELTYPE = model_type;
+  data->Image = image;
+  image::DecodeAll(*data);
+  return data;
+}
+
+void AppendImage(std::string& out, const MemoryImage& image) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  for (int first = 0; first < MemoryImage::kSize; first += kRowLength) {
+    const auto row = image.All().subspan(static_cast<std::size_t>(first), kRowLength);
+    if (std::all_of(row.begin(), row.end(), [](std::uint8_t byte) { return byte == kErased; })) {
+      continue;
+    }
+    out += core::HexText(static_cast<unsigned>(first), kAddressDigits) + " ";
+    for (const std::uint8_t byte : row) {
+      out += kDigits[byte >> 4];
+      out += kDigits[byte & 0xF];
+    }
+    out += '\n';
+  }
+}
+
+std::string Body(const RadioData& data) {
+  std::string body(kImageMark);
+  body += '\n';
+  AppendImage(body, data.Image);
+  body += kFieldsMark;
+  body += '\n';
+  for (const core::Change& change : core::Differences(*Decoded(data.MODELTYPE, data.Image), data)) {
+    body += core::PathOf(change.at) + '=';
+    AppendValue(body, change.after);
+    body += '\n';
+  }
+  body += kEndMark;
+  body += '\n';
+  return body;
+}
+
+/// Where the entries of a table stand, by name: looking each path up among all of them would take
+/// a file of some thousand fields too long.
+using EntriesByName = std::unordered_map<std::string, std::uint16_t>;
+const std::vector<EntriesByName>& Entries() {
+  static const std::vector<EntriesByName> kEntries = [] {
+    std::vector<EntriesByName> tables;
+    for (const core::Table& table : core::Catalogue()) {
+      EntriesByName& names = tables.emplace_back();
+      for (int entry = 0; table.entry_name != nullptr && entry < table.count; ++entry) {
+        names.emplace(table.entry_name(entry), static_cast<std::uint16_t>(entry));
+      }
+    }
+    return tables;
+  }();
+  return kEntries;
+}
+
+std::optional<core::FieldRef> FieldAt(std::string_view path) {
+  const std::string_view table_id = path.substr(0, path.find('/'));
+  core::FieldRef at;
+  for (const core::Table& table : core::Catalogue()) {
+    if (table.id == table_id) {
+      std::string_view rest = path.substr(std::min(path.size(), table_id.size() + 1));
+      if (table.entry_name != nullptr) {
+        const std::string_view name = rest.substr(0, rest.find('/'));
+        const EntriesByName& names = Entries()[at.table];
+        const auto found = names.find(std::string(name));
+        if (found == names.end()) return std::nullopt;
+        at.entry = found->second;
+        rest = rest.substr(std::min(rest.size(), name.size() + 1));
+      }
+      for (const core::Field& field : table.fields) {
+        if (field.id == rest) return at;
+        ++at.field;
+      }
+      return std::nullopt;
+    }
+    ++at.table;
+  }
+  return std::nullopt;
+}
+
+/// Reads line by line and knows where it is.
+class Reader {
+ public:
+  explicit Reader(std::string_view text) : rest_(text) {}
+
+  /// The next line without its end; nothing behind the last one, and an error when a line has no
+  /// end.
+  bool Next() {
+    const std::size_t end = rest_.find('\n');
+    ++number_;
+    if (end == std::string_view::npos) {
+      line_ = rest_;
+      return Fail(line_.size(), "the file ends here");
+    }
+    line_ = rest_.substr(0, end);
+    rest_ = rest_.substr(end + 1);
+    return true;
+  }
+  [[nodiscard]] std::string_view Line() const { return line_; }
+  /// What follows the line.
+  [[nodiscard]] std::string_view Rest() const { return rest_; }
+
+  /// Always false.
+  bool Fail(std::size_t column, std::string_view why) {
+    error_ = "line " + std::to_string(number_) + ", column " + std::to_string(column + 1) + ": " +
+             std::string(why);
+    return false;
+  }
+  [[nodiscard]] const std::string& Error() const { return error_; }
+
+ private:
+  std::string_view rest_;
+  std::string_view line_;
+  int number_ = 0;
+  std::string error_;
+};
+
+/// Nothing when the text is no quoted one; column is where it went wrong.
+std::optional<std::string> Unquoted(std::string_view text, std::size_t& column) {
+  column = 0;
+  if (text.empty() || text.front() != '"') return std::nullopt;
+  std::string plain;
+  for (column = 1; column < text.size(); ++column) {
+    const char c = text[column];
+    if (c == '"') return column + 1 == text.size() ? std::optional(plain) : std::nullopt;
+    if (IsPlain(c)) {
+      plain += c;
+      continue;
+    }
+    constexpr std::size_t kCodeLength = 4;  // \xHH
+    const std::string_view code = text.substr(column, kCodeLength);
+    const std::optional<unsigned> byte = code.starts_with("\\x") && code.size() == kCodeLength
+                                             ? core::ParseHex(code.substr(2))
+                                             : std::nullopt;
+    if (!byte) return std::nullopt;
+    plain += static_cast<char>(*byte);
+    column += kCodeLength - 1;
+  }
+  return std::nullopt;
+}
+
+template <class Number>
+std::optional<Number> ParseExactly(std::string_view text) {
+  Number number{};
+  const char* const end = text.data() + text.size();
+  const auto [stopped, error] = std::from_chars(text.data(), end, number);
+  return error == std::errc() && stopped == end ? std::optional(number) : std::nullopt;
+}
+
+/// A value of the type that another one of the field has.
+std::optional<Value> ParseValue(std::string_view text, const Value& like, std::size_t& column) {
+  column = 0;
+  if (std::holds_alternative<bool>(like)) {
+    if (text != "on" && text != "off") return std::nullopt;
+    return text == "on";
+  }
+  if (std::holds_alternative<std::int32_t>(like)) return ParseExactly<std::int32_t>(text);
+  if (std::holds_alternative<double>(like)) return ParseExactly<double>(text);
+  return Unquoted(text, column);
+}
+
+/// The line is KEY: VALUE; nothing but an error otherwise.
+std::optional<std::string_view> ValueOf(Reader& reader, std::string_view key) {
+  if (!reader.Next()) return std::nullopt;
+  const std::string_view line = reader.Line();
+  if (!line.starts_with(key) || !line.substr(key.size()).starts_with(": ")) {
+    reader.Fail(0, "\"" + std::string(key) + ": \" is missing");
+    return std::nullopt;
+  }
+  return line.substr(key.size() + 2);
+}
+
+bool ReadKind(Reader& reader) {
+  if (!reader.Next()) return false;
+  if (!reader.Line().starts_with(kKind)) return reader.Fail(0, "this is no snapshot");
+  if (reader.Line().substr(kKind.size()) == kVersion) return true;
+  return reader.Fail(kKind.size(), "this version of the program does not know such snapshots");
+}
+
+bool ReadHeading(Reader& reader, SnapshotHeading& heading, std::int32_t& last_byte) {
+  if (!ReadKind(reader)) return false;
+  for (const TextKey& row : kTextKeys) {
+    const std::optional<std::string_view> value = ValueOf(reader, row.key);
+    if (!value) return false;
+    std::size_t column = 0;
+    std::optional<std::string> text = Unquoted(*value, column);
+    if (!text) return reader.Fail(row.key.size() + 2 + column, "the text is damaged");
+    heading.*row.text = std::move(*text);
+  }
+  const std::optional<std::string_view> model = ValueOf(reader, kModelKey);
+  if (!model) return false;
+  const auto number = ParseExactly<std::int16_t>(*model);
+  if (!number || *number < 0 || *number >= static_cast<int>(core::ModelProfiles().size())) {
+    return reader.Fail(kModelKey.size() + 2, "there is no such model");
+  }
+  heading.model_type = *number;
+  const std::optional<std::string_view> last = ValueOf(reader, kLastByteKey);
+  if (!last) return false;
+  const auto index = ParseExactly<std::int32_t>(*last);
+  if (!index || *index < 0 || *index >= MemoryImage::kSize) {
+    return reader.Fail(kLastByteKey.size() + 2, "no memory ends there");
+  }
+  last_byte = *index;
+  const std::optional<std::string_view> body = ValueOf(reader, kBodyKey);
+  if (!body) return false;
+  const std::optional<unsigned> sum =
+      body->size() == kBodyDigits ? core::ParseHex(*body) : std::nullopt;
+  if (!sum) return reader.Fail(kBodyKey.size() + 2, "the checksum is damaged");
+  heading.body = *sum;
+  return true;
+}
+
+bool ReadRow(Reader& reader, MemoryImage& image, int& next_row) {
+  constexpr std::size_t kFirstDigit = kAddressDigits + 1;
+  const std::string_view line = reader.Line();
+  const std::optional<unsigned> address = core::ParseHex(line.substr(0, kAddressDigits));
+  if (!address || line.size() < kFirstDigit || line[kAddressDigits] != ' ') {
+    return reader.Fail(0, "an address is missing");
+  }
+  const int first = static_cast<int>(*address);
+  if (first % kRowLength != 0 || first < next_row || first >= MemoryImage::kSize) {
+    return reader.Fail(0, "no row of the memory begins there");
+  }
+  for (int i = 0; i < kRowLength; ++i) {
+    const std::size_t column = kFirstDigit + 2 * static_cast<std::size_t>(i);
+    const std::string_view digits = line.substr(std::min(column, line.size()), 2);
+    const std::optional<unsigned> byte = digits.size() == 2 ? core::ParseHex(digits) : std::nullopt;
+    if (!byte) return reader.Fail(column, "two hexadecimal digits are missing");
+    image[first + i] = static_cast<std::uint8_t>(*byte);
+  }
+  next_row = first + kRowLength;
+  return line.size() == kFirstDigit + 2 * kRowLength ||
+         reader.Fail(kFirstDigit + 2 * kRowLength, "the row ends here");
+}
+
+bool ReadImage(Reader& reader, MemoryImage& image) {
+  if (!reader.Next()) return false;
+  if (reader.Line() != kImageMark) return reader.Fail(0, "[image] is missing");
+  std::fill(image.All().begin(), image.All().end(), kErased);
+  int next_row = 0;
+  while (reader.Next()) {
+    if (reader.Line() == kFieldsMark) return true;
+    if (!ReadRow(reader, image, next_row)) return false;
+  }
+  return false;
+}
+
+bool ReadFields(Reader& reader, RadioData& data) {
+  while (reader.Next()) {
+    const std::string_view line = reader.Line();
+    if (line == kEndMark) return reader.Rest().empty() || reader.Fail(0, "more follows the end");
+    const std::size_t assign = line.find('=');
+    const std::optional<core::FieldRef> at = FieldAt(line.substr(0, assign));
+    if (assign == std::string_view::npos || !at) return reader.Fail(0, "there is no such field");
+    // What the image says stands in the image alone.
+    if (core::TableOf(*at).kind == core::TableKind::kMemory) {
+      return reader.Fail(0, "there is no such field");
+    }
+    std::size_t column = 0;
+    const Value before = core::Get(data, *at);
+    const std::optional<Value> value = ParseValue(line.substr(assign + 1), before, column);
+    if (!value) return reader.Fail(assign + 1 + column, "the value is damaged");
+    core::Set(data, *at, *value);
+    if (core::Get(data, *at) != *value) return reader.Fail(assign + 1, "the value is too large");
+  }
+  return false;
+}
+
+}  // namespace
+
+std::string SnapshotText(const RadioData& data, const SnapshotHeading& heading) {
+  const std::string body = Body(data);
+  std::string text(kKind);
+  text += kVersion;
+  text += '\n';
+  for (const TextKey& row : kTextKeys) {
+    text += std::string(row.key) + ": ";
+    AppendQuoted(text, heading.*row.text);
+    text += '\n';
+  }
+  text += std::string(kModelKey) + ": " + std::to_string(data.MODELTYPE) + '\n';
+  text += std::string(kLastByteKey) + ": " + std::to_string(data.Image.LastIndex()) + '\n';
+  text += std::string(kBodyKey) + ": " + core::HexText(core::Crc32(body), kBodyDigits) + '\n';
+  return text + body;
+}
+
+bool IsSnapshot(std::string_view text) {
+  return text.starts_with(kKind);
+}
+
+Snapshot ParseSnapshot(std::string_view text) {
+  Snapshot snapshot;
+  Reader reader(text);
+  std::int32_t last_byte = 0;
+  MemoryImage image;
+  std::unique_ptr<RadioData> data;
+  const auto read = [&] {
+    if (!ReadHeading(reader, snapshot.heading, last_byte)) return false;
+    const std::uint32_t body = core::Crc32(reader.Rest());
+    image.SetLastIndex(last_byte);
+    if (!ReadImage(reader, image)) return false;
+    data = Decoded(snapshot.heading.model_type, image);
+    if (!ReadFields(reader, *data)) return false;
+    return body == snapshot.heading.body || reader.Fail(0, "the checksum does not fit");
+  };
+  if (read()) {
+    snapshot.data = std::move(data);
+  } else {
+    snapshot.error = reader.Error();
+  }
+  return snapshot;
+}
+
+Snapshot ParseSnapshotHeading(std::string_view text) {
+  Snapshot snapshot;
+  Reader reader(text);
+  std::int32_t last_byte = 0;
+  if (!ReadHeading(reader, snapshot.heading, last_byte)) snapshot.error = reader.Error();
+  return snapshot;
+}
+
+}  // namespace orvane::files
