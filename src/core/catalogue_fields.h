@@ -321,10 +321,14 @@ constexpr Field FieldAt() {
     if constexpr (std::is_same_v<Record, RadioData>) {
       return FieldAt<kRest...>();
     } else {
-      using List = std::remove_const_t<decltype(kRowsOf<Record>)>;
-      static_assert(std::is_base_of_v<RowOf<kFirst, kRest...>, List>,
-                    "the catalogue has no row for this member");
-      return static_cast<const RowOf<kFirst, kRest...>&>(kRowsOf<Record>).field;
+      constexpr bool kHasRow = std::is_base_of_v<RowOf<kFirst, kRest...>,
+                                                 std::remove_const_t<decltype(kRowsOf<Record>)>>;
+      static_assert(kHasRow, "the catalogue has no row for this member");
+      if constexpr (kHasRow) {
+        return static_cast<const RowOf<kFirst, kRest...>&>(kRowsOf<Record>).field;
+      } else {
+        return {};
+      }
     }
   }
 }
