@@ -1,4 +1,5 @@
 #include <QAccessible>
+#include <QListView>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <functional>
@@ -241,6 +242,25 @@ class AssistiveTest : public QObject {
       QCOMPARE(tree.CurrentKey(), step.current);
       QCOMPARE(told, step.told);
     }
+  }
+
+  void HistoryIsReadWithWhatWasTakenBack() {
+    testing::WindowDesk desk;
+    desk.Start();
+    desk.window->SelectNode("PU32");
+    for (const char* box : {"chkCScan", "chkCTXOnly"}) {
+      QTest::keyClick(desk.Find<QWidget>(box), Qt::Key_Space);
+    }
+    desk.Item("mnuEditHistory").trigger();
+    desk.Item("mnuEditUndo").trigger();
+    QStringList read;
+    QAccessibleInterface& list = Assistive(*desk.Find<QListView>("lstHistory"));
+    for (int row = 0; row < list.childCount(); ++row) {
+      const QAccessibleInterface& step = *list.child(row);
+      read << step.text(QAccessible::Name) + '|' + step.text(QAccessible::Description);
+    }
+    QCOMPARE(read,
+             QStringList({"(before)|", "CH16 Scan Memory|", "CH16 Low Power Only|taken back"}));
   }
 
   void StatusBarIsReadAndSpoken() {
