@@ -43,6 +43,8 @@ class Clock {
   [[nodiscard]] virtual Date Today() const = 0;
   /// The local time of day, as the user sees it: "14:02".
   [[nodiscard]] virtual std::string TimeOfDay() const = 0;
+  /// Local date and time, for texts that sort by them: "2026-11-24 14:02:51".
+  [[nodiscard]] virtual std::string DateAndTime() const = 0;
   /// Blocks for that long.
   virtual void Pause(double seconds) = 0;
 };
@@ -83,6 +85,8 @@ class FileStore {
  public:
   virtual ~FileStore() = default;
   [[nodiscard]] virtual FileBytes ReadFile(const std::string& path) = 0;
+  /// The same for the first bytes alone, at most that many.
+  [[nodiscard]] virtual FileBytes ReadStart(const std::string& path, std::size_t most) = 0;
   /// Length in bytes, nothing when there is no such file.
   [[nodiscard]] virtual std::optional<std::uint64_t> FileSize(const std::string& path) = 0;
   /// Atomic: afterwards the file is the new one, whole, or the old one, whole. Returns the
@@ -93,6 +97,10 @@ class FileStore {
   [[nodiscard]] virtual std::optional<SystemError> CheckWritable(const std::string& path) = 0;
   /// Names (without folder) of the files in a folder, in directory order; empty when unreadable.
   [[nodiscard]] virtual std::vector<std::string> ListFolder(const std::string& folder) = 0;
+  /// With those above it; one that is there already is no failure.
+  [[nodiscard]] virtual std::optional<SystemError> MakeFolder(const std::string& folder) = 0;
+  /// A file that is gone already is no failure.
+  [[nodiscard]] virtual std::optional<SystemError> RemoveFile(const std::string& path) = 0;
 };
 
 /// The file err.log. The composition hands in one that writes only in debug mode.

@@ -78,6 +78,16 @@ std::string CopiesFolder() {
   return ToUtf8(StateFolder() + "/copies");
 }
 
+std::string BackupsFolder() {
+#ifdef Q_OS_WIN
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/" +
+                       ProductFolderName();
+#else
+  const QString data = UserFolder("XDG_DATA_HOME", ".local/share") + "/" + ProductFolderName();
+#endif
+  return ToUtf8(data + "/backups");
+}
+
 std::string ErrorLogPath() {
   const QString program = QCoreApplication::applicationDirPath();
   if (MayWriteErrorLog(program)) return ToUtf8(program + "/err.log");

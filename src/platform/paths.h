@@ -20,6 +20,8 @@ namespace orvane::platform {
 [[nodiscard]] std::string CacheFolder();
 /// Copies of files that could only be overwritten in place. Not created.
 [[nodiscard]] std::string CopiesFolder();
+/// Snapshots of data sets that were replaced, read or programmed. Not created.
+[[nodiscard]] std::string BackupsFolder();
 /// err.log in the program's folder when it may be written there, else in the user's state folder.
 [[nodiscard]] std::string ErrorLogPath();
 

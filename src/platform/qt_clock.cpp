@@ -1,6 +1,7 @@
 #include "platform/qt_clock.h"
 
 #include <QDate>
+#include <QDateTime>
 #include <QTime>
 #include <chrono>
 #include <thread>
@@ -20,6 +21,10 @@ core::Date QtClock::Today() const {
 
 std::string QtClock::TimeOfDay() const {
   return QTime::currentTime().toString(QStringLiteral("HH:mm")).toStdString();
+}
+
+std::string QtClock::DateAndTime() const {
+  return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
 }
 
 void QtClock::Pause(double seconds) {

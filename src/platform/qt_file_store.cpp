@@ -118,13 +118,8 @@ std::optional<core::SystemError> Overwrite(const QString& path, std::string_view
   return stored ? std::nullopt : std::optional(LastFailure(file));
 }
 
-bool MayNotReplace(const core::SystemError& failure) {
-  return failure.number == EACCES || failure.number == EPERM;
-}
-
-}  // namespace
-
-core::FileBytes QtFileStore::ReadFile(const std::string& path) {
+// At most that many bytes from the start of the file.
+core::FileBytes Read(const std::string& path, std::int64_t most) {
   if (std::optional<core::SystemError> failure = CheckName(path)) return {failure, {}};
   if (std::optional<core::SystemError> failure = CheckKind(QFileInfo(FromUtf8(path)))) {
     return {failure, {}};
@@ -132,10 +127,25 @@ core::FileBytes QtFileStore::ReadFile(const std::string& path) {
   QFile file(FromUtf8(path));
   errno = 0;
   if (!file.open(QIODevice::ReadOnly)) return {LastFailure(file), {}};
-  const QByteArray bytes = file.read(kLargestFile + 1);
+  const QByteArray bytes = file.read(most);
   if (file.error() != QFileDevice::NoError) return {LastFailure(file), {}};
-  if (bytes.size() > kLargestFile) return {FromNumber(EFBIG), {}};
   return {std::nullopt, bytes.toStdString()};
+}
+
+bool MayNotReplace(const core::SystemError& failure) {
+  return failure.number == EACCES || failure.number == EPERM;
+}
+
+}  // namespace
+
+core::FileBytes QtFileStore::ReadFile(const std::string& path) {
+  core::FileBytes file = Read(path, kLargestFile + 1);
+  if (file.bytes.size() > kLargestFile) return {FromNumber(EFBIG), {}};
+  return file;
+}
+
+core::FileBytes QtFileStore::ReadStart(const std::string& path, std::size_t most) {
+  return Read(path, static_cast<std::int64_t>(most));
 }
 
 std::optional<std::uint64_t> QtFileStore::FileSize(const std::string& path) {
@@ -196,6 +206,21 @@ std::vector<std::string> QtFileStore::ListFolder(const std::string& folder) {
     names.push_back(ToUtf8(entries.fileName()));
   }
   return names;
+}
+
+std::optional<core::SystemError> QtFileStore::MakeFolder(const std::string& folder) {
+  if (std::optional<core::SystemError> failure = CheckName(folder)) return failure;
+  errno = 0;
+  if (QDir().mkpath(FromUtf8(folder))) return std::nullopt;
+  return FromNumber(errno != 0 ? errno : EACCES);
+}
+
+std::optional<core::SystemError> QtFileStore::RemoveFile(const std::string& path) {
+  if (std::optional<core::SystemError> failure = CheckName(path)) return failure;
+  QFile file(FromUtf8(path));
+  errno = 0;
+  if (file.remove() || errno == ENOENT || !QFileInfo::exists(FromUtf8(path))) return std::nullopt;
+  return LastFailure(file);
 }
 
 }  // namespace orvane::platform

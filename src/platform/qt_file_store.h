@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,11 +29,14 @@ class QtFileStore : public core::FileStore {
   static constexpr std::int64_t kLargestFile = std::int64_t{16} * 1024 * 1024;
 
   [[nodiscard]] core::FileBytes ReadFile(const std::string& path) override;
+  [[nodiscard]] core::FileBytes ReadStart(const std::string& path, std::size_t most) override;
   [[nodiscard]] std::optional<std::uint64_t> FileSize(const std::string& path) override;
   [[nodiscard]] std::optional<core::SystemError> WriteFile(const std::string& path,
                                                            std::string_view bytes) override;
   [[nodiscard]] std::optional<core::SystemError> CheckWritable(const std::string& path) override;
   [[nodiscard]] std::vector<std::string> ListFolder(const std::string& folder) override;
+  [[nodiscard]] std::optional<core::SystemError> MakeFolder(const std::string& folder) override;
+  [[nodiscard]] std::optional<core::SystemError> RemoveFile(const std::string& path) override;
 
  private:
   [[nodiscard]] std::optional<core::SystemError> WriteInPlace(const QString& path,

@@ -82,5 +82,19 @@ TEST_F(FileStore, ReadingReportsTheSystemsReason) {
   EXPECT_FALSE(store_.FileSize(Path("missing")));
 }
 
+TEST_F(FileStore, MakesFoldersAndRemovesFiles) {
+  EXPECT_FALSE(store_.MakeFolder(Path("a/b")));
+  EXPECT_FALSE(store_.MakeFolder(Path("a/b"))) << "is there";
+  ASSERT_FALSE(store_.WriteFile(Path("a/b/file"), "contents"));
+  EXPECT_EQ(store_.ReadStart(Path("a/b/file"), 3).bytes, "con");
+  EXPECT_EQ(store_.ReadStart(Path("a/b/file"), 99).bytes, "contents");
+  EXPECT_EQ(store_.ReadStart(Path("a/none"), 3).error.value().number, ENOENT);
+  EXPECT_EQ(store_.MakeFolder(Path("a/b/file/c")).value().number, ENOTDIR);
+  EXPECT_TRUE(store_.RemoveFile(Path("a/b"))) << "no file";
+  EXPECT_FALSE(store_.RemoveFile(Path("a/b/file")));
+  EXPECT_FALSE(store_.RemoveFile(Path("a/b/file"))) << "is gone";
+  EXPECT_TRUE(store_.ListFolder(Path("a/b")).empty());
+}
+
 }  // namespace
 }  // namespace orvane::platform

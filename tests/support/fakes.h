@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -42,6 +43,7 @@ class ManualClock : public core::Clock {
   [[nodiscard]] double Now() const override { return now; }
   [[nodiscard]] core::Date Today() const override { return today; }
   [[nodiscard]] std::string TimeOfDay() const override { return time_of_day; }
+  [[nodiscard]] std::string DateAndTime() const override { return "2026-11-24 14:02:51"; }
   void Pause(double seconds) override { now += seconds; }
 
   double now = 1000;
@@ -104,6 +106,11 @@ class MemoryFiles : public core::FileStore {
     if (it == files.end()) return {core::SystemError{2, "No such file or directory"}, {}};
     return {std::nullopt, it->second};
   }
+  [[nodiscard]] core::FileBytes ReadStart(const std::string& path, std::size_t most) override {
+    core::FileBytes file = ReadFile(path);
+    file.bytes.resize(std::min(file.bytes.size(), most));
+    return file;
+  }
   [[nodiscard]] std::optional<std::uint64_t> FileSize(const std::string& path) override {
     const auto it = files.find(path);
     if (it == files.end()) return std::nullopt;
@@ -128,6 +135,15 @@ class MemoryFiles : public core::FileStore {
       }
     }
     return names;
+  }
+  [[nodiscard]] std::optional<core::SystemError> MakeFolder(const std::string& folder) override {
+    if (failing.contains(folder)) return failing[folder];
+    return std::nullopt;
+  }
+  [[nodiscard]] std::optional<core::SystemError> RemoveFile(const std::string& path) override {
+    if (failing.contains(path)) return failing[path];
+    files.erase(path);
+    return std::nullopt;
   }
 
   std::map<std::string, std::string> files;
