@@ -30,7 +30,7 @@ constexpr std::string_view kFieldsMark = "[fields]";
 constexpr std::string_view kEndMark = "[end]";
 constexpr int kRowLength = 32;
 constexpr int kAddressDigits = 4;
-constexpr int kBodyDigits = 8;
+constexpr int kChecksumDigits = 8;
 constexpr std::uint8_t kErased = 0xFF;
 
 /// The keys of the heading, in their order.
@@ -44,7 +44,7 @@ constexpr std::array<TextKey, 4> kTextKeys = {{{"made", &SnapshotHeading::made},
                                                {"file", &SnapshotHeading::file}}};
 constexpr std::string_view kModelKey = "model";
 constexpr std::string_view kLastByteKey = "last byte";
-constexpr std::string_view kBodyKey = "body";
+constexpr std::string_view kChecksumKey = "checksum";
 
 bool IsPlain(char c) {
   return c >= ' ' && c <= '~' && c != '"' && c != '\\';
@@ -107,9 +107,11 @@ void AppendImage(std::string& out, const MemoryImage& image) {
   }
 }
 
+/// Everything that the checksum guards.
 std::string Body(const RadioData& data) {
-  std::string body(kImageMark);
-  body += '\n';
+  std::string body = std::string(kModelKey) + ": " + std::to_string(data.MODELTYPE) + '\n' +
+                     std::string(kLastByteKey) + ": " + std::to_string(data.Image.LastIndex()) +
+                     '\n' + std::string(kImageMark) + '\n';
   AppendImage(body, data.Image);
   body += kFieldsMark;
   body += '\n';
@@ -264,7 +266,8 @@ bool ReadKind(Reader& reader) {
   return reader.Fail(kKind.size(), "this version of the program does not know such snapshots");
 }
 
-bool ReadHeading(Reader& reader, SnapshotHeading& heading, std::int32_t& last_byte) {
+/// What stands above the checksum, and the checksum.
+bool ReadOrigin(Reader& reader, SnapshotHeading& heading) {
   if (!ReadKind(reader)) return false;
   for (const TextKey& row : kTextKeys) {
     const std::optional<std::string_view> value = ValueOf(reader, row.key);
@@ -274,6 +277,16 @@ bool ReadHeading(Reader& reader, SnapshotHeading& heading, std::int32_t& last_by
     if (!text) return reader.Fail(row.key.size() + 2 + column, "the text is damaged");
     heading.*row.text = std::move(*text);
   }
+  const std::optional<std::string_view> checksum = ValueOf(reader, kChecksumKey);
+  if (!checksum) return false;
+  const std::optional<unsigned> sum =
+      checksum->size() == kChecksumDigits ? core::ParseHex(*checksum) : std::nullopt;
+  if (!sum) return reader.Fail(kChecksumKey.size() + 2, "eight hexadecimal digits are missing");
+  heading.checksum = *sum;
+  return true;
+}
+
+bool ReadModel(Reader& reader, SnapshotHeading& heading, std::int32_t& last_byte) {
   const std::optional<std::string_view> model = ValueOf(reader, kModelKey);
   if (!model) return false;
   const auto number = ParseExactly<std::int16_t>(*model);
@@ -288,12 +301,6 @@ bool ReadHeading(Reader& reader, SnapshotHeading& heading, std::int32_t& last_by
     return reader.Fail(kLastByteKey.size() + 2, "no memory ends there");
   }
   last_byte = *index;
-  const std::optional<std::string_view> body = ValueOf(reader, kBodyKey);
-  if (!body) return false;
-  const std::optional<unsigned> sum =
-      body->size() == kBodyDigits ? core::ParseHex(*body) : std::nullopt;
-  if (!sum) return reader.Fail(kBodyKey.size() + 2, "the checksum is damaged");
-  heading.body = *sum;
   return true;
 }
 
@@ -365,10 +372,12 @@ std::string SnapshotText(const RadioData& data, const SnapshotHeading& heading) 
     AppendQuoted(text, heading.*row.text);
     text += '\n';
   }
-  text += std::string(kModelKey) + ": " + std::to_string(data.MODELTYPE) + '\n';
-  text += std::string(kLastByteKey) + ": " + std::to_string(data.Image.LastIndex()) + '\n';
-  text += std::string(kBodyKey) + ": " + core::HexText(core::Crc32(body), kBodyDigits) + '\n';
+  text += std::string(kChecksumKey) + ": " + ChecksumText(core::Crc32(body)) + '\n';
   return text + body;
+}
+
+std::string ChecksumText(std::uint32_t checksum) {
+  return core::HexText(checksum, kChecksumDigits);
 }
 
 bool IsSnapshot(std::string_view text) {
@@ -382,13 +391,15 @@ Snapshot ParseSnapshot(std::string_view text) {
   MemoryImage image;
   std::unique_ptr<RadioData> data;
   const auto read = [&] {
-    if (!ReadHeading(reader, snapshot.heading, last_byte)) return false;
-    const std::uint32_t body = core::Crc32(reader.Rest());
+    if (!ReadOrigin(reader, snapshot.heading)) return false;
+    const std::uint32_t checksum = core::Crc32(reader.Rest());
+    if (!ReadModel(reader, snapshot.heading, last_byte)) return false;
     image.SetLastIndex(last_byte);
     if (!ReadImage(reader, image)) return false;
     data = Decoded(snapshot.heading.model_type, image);
     if (!ReadFields(reader, *data)) return false;
-    return body == snapshot.heading.body || reader.Fail(0, "the checksum does not fit");
+    return checksum == snapshot.heading.checksum ||
+           reader.Fail(0, "the checksum above does not fit what follows it");
   };
   if (read()) {
     snapshot.data = std::move(data);
@@ -402,7 +413,9 @@ Snapshot ParseSnapshotHeading(std::string_view text) {
   Snapshot snapshot;
   Reader reader(text);
   std::int32_t last_byte = 0;
-  if (!ReadHeading(reader, snapshot.heading, last_byte)) snapshot.error = reader.Error();
+  if (!ReadOrigin(reader, snapshot.heading) || !ReadModel(reader, snapshot.heading, last_byte)) {
+    snapshot.error = reader.Error();
+  }
   return snapshot;
 }
 

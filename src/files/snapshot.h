@@ -11,7 +11,7 @@
 /// settings file (no DSC) and an image file (encoding changes records) are not. A text of ASCII
 /// characters, so that it can be read when all else fails: a heading, the image in hexadecimal
 /// without its erased rows, then "path=value" for each field that differs from what the image
-/// alone decodes to. A checksum guards all but the heading.
+/// alone decodes to. A checksum (CRC-32) guards everything below its own line.
 namespace orvane::files {
 
 /// Ending of a snapshot's file name.
@@ -23,11 +23,14 @@ struct SnapshotHeading {
   std::string port{};  ///< where the radio was; "" when none was involved
   std::string file{};  ///< full path of the document, UTF-8; "" for one without a file
   std::int16_t model_type = 0;
-  std::uint32_t body = 0;  ///< checksum of the contents: equal for equal data
+  std::uint32_t checksum = 0;  ///< of the contents: equal for equal data
 };
 
-/// heading.model_type and heading.body are found out, not asked for.
+/// heading.model_type and heading.checksum are found out, not asked for.
 [[nodiscard]] std::string SnapshotText(const core::RadioData& data, const SnapshotHeading& heading);
+
+/// As it stands in the heading: eight hexadecimal digits.
+[[nodiscard]] std::string ChecksumText(std::uint32_t checksum);
 
 /// Told by its first line.
 [[nodiscard]] bool IsSnapshot(std::string_view text);
