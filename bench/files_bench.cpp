@@ -5,6 +5,7 @@
 #include "bench_data.h"
 #include "files/printed_pages.h"
 #include "files/settings_file.h"
+#include "files/snapshot.h"
 #include "files/text_report.h"
 
 namespace orvane::bench {
@@ -48,6 +49,31 @@ void ReadSettings(benchmark::State& state) {
   }
 }
 BENCHMARK(ReadSettings)->Unit(benchmark::kMicrosecond);
+
+const files::SnapshotHeading kHeading = {.made = "2026-11-24 23:40:12", .origin = "autosave"};
+
+void WriteSnapshot(benchmark::State& state) {
+  const core::RadioData data = UsedRadio();
+  for (auto _ : state) benchmark::DoNotOptimize(files::SnapshotText(data, kHeading).size());
+}
+BENCHMARK(WriteSnapshot)->Unit(benchmark::kMicrosecond);
+
+void ReadSnapshot(benchmark::State& state) {
+  const std::string text = files::SnapshotText(UsedRadio(), kHeading);
+  state.counters["bytes"] = static_cast<double>(text.size());
+  for (auto _ : state) {
+    if (!files::ParseSnapshot(text).data) std::abort();
+  }
+}
+BENCHMARK(ReadSnapshot)->Unit(benchmark::kMicrosecond);
+
+void ReadSnapshotHeading(benchmark::State& state) {
+  const std::string text = files::SnapshotText(UsedRadio(), kHeading);
+  for (auto _ : state) {
+    if (!files::ParseSnapshotHeading(text).error.empty()) std::abort();
+  }
+}
+BENCHMARK(ReadSnapshotHeading)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace orvane::bench
