@@ -36,5 +36,6 @@ struct Workplace {
 [[nodiscard]] bool RunPorts(Workplace& place);
 [[nodiscard]] bool RunRead(Workplace& place);
 [[nodiscard]] bool RunProgram(Workplace& place);
+[[nodiscard]] bool RunBackups(Workplace& place);
 
 }  // namespace orvane::cli

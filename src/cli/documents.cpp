@@ -32,8 +32,30 @@ core::RadioData Documents::Fresh(std::int16_t model_type) const {
 
 bool Documents::Load(const std::string& path, std::optional<std::int16_t> model_type,
                      core::RadioData& data) {
+  if (Extension(path) == files::kSnapshotEnding) return LoadSnapshot(path, model_type, data);
   return Extension(path) == ".dat" ? LoadSettingFile(path, model_type, data)
                                    : LoadImageFile(path, model_type, data);
+}
+
+bool Documents::LoadSnapshot(const std::string& path, std::optional<std::int16_t> model_type,
+                             core::RadioData& data) {
+  const core::FileBytes file = services_.files.ReadFile(path);
+  const files::Snapshot snapshot =
+      file.error ? files::Snapshot{} : files::ParseSnapshot(file.bytes);
+  if (!snapshot.data) {
+    const core::SystemError reason = file.error.value_or(core::SystemError{0, snapshot.error});
+    prompts_.Show(core::MakeMessage(core::MessageId::kFileRead, core::kProgramTitle,
+                                    core::FileFacts(path, reason)));
+    return false;
+  }
+  if (model_type && *model_type != snapshot.heading.model_type) {
+    const auto [id, facts] =
+        core::OtherModelOfSettings(snapshot.heading.model_type, core::ProfileOf(*model_type));
+    prompts_.Show(core::MakeMessage(id, core::kProgramTitle, facts));
+    return false;
+  }
+  data = *snapshot.data;
+  return true;
 }
 
 // A file that cannot be read, or that names no model, goes on to the loader as if it were of the
@@ -70,6 +92,9 @@ bool Documents::CheckOutput(const std::string& path, const core::RadioData& data
 
 bool Documents::Save(const std::string& path, core::RadioData& data) {
   const std::string extension = Extension(path);
+  if (extension == files::kSnapshotEnding) {
+    return SaveSnapshot(path, data, {services_.clock.DateAndTime(), "saved"});
+  }
   if (extension == ".dat") return SaveSettingFile(path, data);
   if (extension == ".txt") return SaveBytes(path, data, {std::nullopt, ReportFileText(data)});
   if (extension == ".pdf") return SaveBytes(path, data, services_.make_pdf(data));
@@ -77,6 +102,11 @@ bool Documents::Save(const std::string& path, core::RadioData& data) {
   // Data that never came from a radio would make an image file that no reader takes.
   image::StoreProduct(data.Image, core::ProfileOf(data));
   return SaveImage(path, data);
+}
+
+bool Documents::SaveSnapshot(const std::string& path, const core::RadioData& data,
+                             const files::SnapshotHeading& heading) {
+  return SaveBytes(path, data, {std::nullopt, files::SnapshotText(data, heading)});
 }
 
 bool Documents::SaveImage(const std::string& path, core::RadioData& data) {

@@ -8,12 +8,13 @@
 #include "core/radio_data.h"
 #include "core/run_state.h"
 #include "core/services.h"
+#include "files/snapshot.h"
 
 namespace orvane::cli {
 
 /// Data sets in files, by extension: .dat settings file, .hex image file (.ini: a destination
-/// template, which is one too), .txt report, .pdf printed report. Failures have been told when a
-/// call returns false.
+/// template, which is one too), .orvsnap snapshot, .txt report, .pdf printed report. Failures have
+/// been told when a call returns false.
 class Documents {
  public:
   Documents(Services& services, core::Prompts& prompts, core::ErrorLog& log, core::RunState& state)
@@ -27,10 +28,15 @@ class Documents {
   /// Whether Save could write there.
   [[nodiscard]] bool CheckOutput(const std::string& path, const core::RadioData& data);
   [[nodiscard]] bool Save(const std::string& path, core::RadioData& data);
+  /// Nothing encoded, nothing repaired.
+  [[nodiscard]] bool SaveSnapshot(const std::string& path, const core::RadioData& data,
+                                  const files::SnapshotHeading& heading);
   /// The image as it stands.
   [[nodiscard]] bool SaveImage(const std::string& path, core::RadioData& data);
 
  private:
+  [[nodiscard]] bool LoadSnapshot(const std::string& path, std::optional<std::int16_t> model_type,
+                                  core::RadioData& data);
   [[nodiscard]] bool LoadImageFile(const std::string& path, std::optional<std::int16_t> model_type,
                                    core::RadioData& data);
   [[nodiscard]] bool LoadSettingFile(const std::string& path,

@@ -77,6 +77,7 @@ int main(int argc, char** argv) {
       [&clock](const core::RadioData& data) {
         return platform::PdfReport(data, {{}, clock.Today()});
       },
-      {IsTerminal(0), IsTerminal(1), IsTerminal(2)}};
+      {IsTerminal(0), IsTerminal(1), IsTerminal(2)},
+      platform::BackupsFolder()};
   return cli::Run(words, std::cin, std::cout, std::cerr, services);
 }

@@ -6,6 +6,7 @@
 
 #include "core/model_profile.h"
 #include "core/text.h"
+#include "files/snapshot.h"
 #include "link/port_name.h"
 
 namespace orvane::cli {
@@ -19,7 +20,7 @@ struct CommandInfo {
   std::string_view usage;  ///< behind the program's name
   std::string_view help;
 };
-constexpr std::array<CommandInfo, 10> kCommands = {{
+constexpr std::array<CommandInfo, 11> kCommands = {{
     {Command::kNew, "new", "[--yes] new --model M -o OUT", "a fresh data set, saved"},
     {Command::kConvert, "convert", "[--yes] convert IN OUT",
      "between .hex, .dat and to .txt, .pdf, by extension"},
@@ -35,6 +36,8 @@ constexpr std::array<CommandInfo, 10> kCommands = {{
      "the radio's contents into a file"},
     {Command::kProgram, "program", "[--yes] program [--model M] --port P IN",
      "a file's contents into the radio"},
+    {Command::kBackups, "backups", "backups [list|show ID|restore ID -o OUT]",
+     "data sets that were kept when they were read, programmed or replaced"},
 }};
 
 // The words as they stand, before their values are looked at.
@@ -70,12 +73,12 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
   const auto input = [&](const char* help) {
     return app.add_option("IN", raw.options.input, help);
   };
+  constexpr const char* kOutput = "file to write: .dat, .hex, .orvsnap, .txt or .pdf";
   const auto output = [&] {
-    app.add_option("-o,--output", raw.options.output, "file to write: .dat, .hex, .txt or .pdf")
-        ->required();
+    app.add_option("-o,--output", raw.options.output, kOutput)->required();
   };
   const auto json = [&] { app.add_flag("--json", raw.options.json, "as JSON"); };
-  constexpr const char* kDocument = ".dat or .hex file";
+  constexpr const char* kDocument = ".dat, .hex or .orvsnap file";
   switch (info.command) {
     case Command::kNew:
       model()->required();
@@ -83,15 +86,14 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
       break;
     case Command::kConvert:
       input(kDocument)->required();
-      app.add_option("OUT", raw.options.output, "file to write: .dat, .hex, .txt or .pdf")
-          ->required();
+      app.add_option("OUT", raw.options.output, kOutput)->required();
       break;
     case Command::kReport:
       input(kDocument)->required();
       break;
     case Command::kMap:
       model();
-      input(".hex file; a fresh image when left out");
+      input(".hex or .orvsnap file; a fresh image when left out");
       break;
     case Command::kShow:
       input(kDocument)->required();
@@ -116,12 +118,18 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
       output();
       app.add_flag("--raw", raw.options.raw, "write the image exactly as received (.hex)");
       app.add_option("--base", raw.options.base,
-                     "start from this .dat, .hex or template .ini file");
+                     "start from this .dat, .hex, .orvsnap or template .ini file");
       break;
     case Command::kProgram:
       model();
       port();
       input(kDocument)->required();
+      break;
+    case Command::kBackups:
+      app.add_option("ACTION", raw.options.action, "list, show or restore; list when left out");
+      app.add_option("ID", raw.options.id, "which one, as the list names it");
+      app.add_option("-o,--output", raw.options.output,
+                     "restore: file to write; .hex the memory, .dat, else a snapshot");
       break;
   }
 }
@@ -147,13 +155,14 @@ std::optional<std::string> WrongExtension(const std::string& path, std::string_v
 std::optional<std::string> WrongInput(const Options& options) {
   if (options.command == Command::kMap) {
     if (options.input.empty()) return std::nullopt;
-    return WrongExtension(options.input, "The image file", {".hex"});
+    return WrongExtension(options.input, "The image file", {".hex", files::kSnapshotEnding});
   }
   if (options.command == Command::kNew || options.command == Command::kPorts ||
-      options.command == Command::kRead) {
+      options.command == Command::kRead || options.command == Command::kBackups) {
     return std::nullopt;
   }
-  return WrongExtension(options.input, "The file to read", {".dat", ".hex"});
+  return WrongExtension(options.input, "The file to read",
+                        {".dat", ".hex", files::kSnapshotEnding});
 }
 
 std::optional<std::string> WrongOutput(const Options& options) {
@@ -162,9 +171,23 @@ std::optional<std::string> WrongOutput(const Options& options) {
   }
   if (options.command == Command::kNew || options.command == Command::kConvert ||
       options.command == Command::kSet || options.command == Command::kRead) {
-    return WrongExtension(options.output, "The file to write", {".dat", ".hex", ".txt", ".pdf"});
+    return WrongExtension(options.output, "The file to write",
+                          {".dat", ".hex", files::kSnapshotEnding, ".txt", ".pdf"});
   }
   return std::nullopt;
+}
+
+std::optional<std::string> WrongBackups(const Options& options) {
+  const bool restores = options.action == "restore";
+  const bool lists = options.action == "list";
+  if (!lists && !restores && options.action != "show") {
+    return "\"" + options.action + "\" must be list, show or restore.";
+  }
+  if (lists != options.id.empty()) {
+    return lists ? "list takes no ID." : options.action + " needs the ID of a backup.";
+  }
+  if (restores != options.output.empty()) return std::nullopt;
+  return restores ? "restore needs -o and the file to write." : "Only restore takes -o.";
 }
 
 // Brings the values of model and port over. Returns what is wrong with them.
@@ -188,10 +211,12 @@ std::optional<std::string> TakeValues(RawOptions& raw) {
 
 std::optional<std::string> FindMistake(RawOptions& raw) {
   if (std::optional<std::string> wrong = TakeValues(raw)) return wrong;
+  if (raw.options.command == Command::kBackups) return WrongBackups(raw.options);
   if (std::optional<std::string> wrong = WrongInput(raw.options)) return wrong;
   if (std::optional<std::string> wrong = WrongOutput(raw.options)) return wrong;
   if (raw.options.base.empty()) return std::nullopt;
-  return WrongExtension(raw.options.base, "The --base file", {".dat", ".hex", ".ini"});
+  return WrongExtension(raw.options.base, "The --base file",
+                        {".dat", ".hex", files::kSnapshotEnding, ".ini"});
 }
 
 std::string WithUsage(std::string sentence, const CommandInfo* info) {

@@ -9,7 +9,19 @@
 
 namespace orvane::cli {
 
-enum class Command { kNew, kConvert, kReport, kMap, kShow, kGet, kSet, kPorts, kRead, kProgram };
+enum class Command {
+  kNew,
+  kConvert,
+  kReport,
+  kMap,
+  kShow,
+  kGet,
+  kSet,
+  kPorts,
+  kRead,
+  kProgram,
+  kBackups
+};
 
 /// A port number 1..16, or the path of a device.
 using PortChoice = std::variant<int, std::string>;
@@ -25,6 +37,8 @@ struct Options {
   std::string input;
   std::string output;
   std::string base;
+  std::string action = "list";      ///< backups: list, show or restore
+  std::string id;                   ///< of a backup
   std::vector<std::string> fields;  ///< get: paths; set: PATH=VALUE
 };
 

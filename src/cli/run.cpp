@@ -41,6 +41,8 @@ bool Execute(Workplace& place) {
       return RunRead(place);
     case Command::kProgram:
       return RunProgram(place);
+    case Command::kBackups:
+      return RunBackups(place);
   }
   return false;
 }

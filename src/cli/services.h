@@ -31,6 +31,7 @@ struct Services {
   /// The printed report as PDF bytes, or why it cannot be made.
   std::function<core::FileBytes(const core::RadioData& data)> make_pdf;
   Terminals terminals;
+  std::string backups_folder;  ///< of the backup library
 };
 
 }  // namespace orvane::cli

@@ -72,6 +72,11 @@ bool RunRead(Workplace& place) {
     return false;
   }
   if (!Transfer(place, data, link::SessionKind::kRead)) return false;
+  if (Extension(options.output) == files::kSnapshotEnding) {
+    return place.documents.SaveSnapshot(options.output, data,
+                                        {place.services.clock.DateAndTime(), "read",
+                                         LabelOf(options.port, place.services.ports).Text()});
+  }
   return options.raw ? place.documents.SaveImage(options.output, data)
                      : place.documents.Save(options.output, data);
 }

@@ -306,6 +306,7 @@ bool ReadModel(Reader& reader, SnapshotHeading& heading, std::int32_t& last_byte
 
 bool ReadRow(Reader& reader, MemoryImage& image, int& next_row) {
   constexpr std::size_t kFirstDigit = kAddressDigits + 1;
+  constexpr std::size_t kRowEnd = kFirstDigit + std::size_t{2} * kRowLength;
   const std::string_view line = reader.Line();
   const std::optional<unsigned> address = core::ParseHex(line.substr(0, kAddressDigits));
   if (!address || line.size() < kFirstDigit || line[kAddressDigits] != ' ') {
@@ -323,8 +324,7 @@ bool ReadRow(Reader& reader, MemoryImage& image, int& next_row) {
     image[first + i] = static_cast<std::uint8_t>(*byte);
   }
   next_row = first + kRowLength;
-  return line.size() == kFirstDigit + 2 * kRowLength ||
-         reader.Fail(kFirstDigit + 2 * kRowLength, "the row ends here");
+  return line.size() == kRowEnd || reader.Fail(kRowEnd, "the end of the row is missing");
 }
 
 bool ReadImage(Reader& reader, MemoryImage& image) {

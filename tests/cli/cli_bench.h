@@ -72,7 +72,8 @@ class CliBench : public ::testing::Test {
                     interrupts,
                     [this](const std::string& device) { return MakePort(device); },
                     [this](const core::RadioData&) { return pdf; },
-                    {}};
+                    {},
+                    "/backups"};
   std::string out_;
   std::string err_;
 };
