@@ -15,7 +15,7 @@ class JumpingClock : public core::Clock {
   [[nodiscard]] double Now() const override { return now; }
   [[nodiscard]] core::Date Today() const override { return kToday; }
   [[nodiscard]] std::string TimeOfDay() const override { return {}; }
-  [[nodiscard]] std::string DateAndTime() const override { return {}; }
+  [[nodiscard]] std::string Timestamp() const override { return {}; }
   void Pause(double seconds) override { now += seconds; }
   double now = 0;
 };

@@ -93,7 +93,7 @@ bool Documents::CheckOutput(const std::string& path, const core::RadioData& data
 bool Documents::Save(const std::string& path, core::RadioData& data) {
   const std::string extension = Extension(path);
   if (extension == files::kSnapshotEnding) {
-    return SaveSnapshot(path, data, {services_.clock.DateAndTime(), "saved"});
+    return SaveSnapshot(path, data, {services_.clock.Timestamp(), "saved"});
   }
   if (extension == ".dat") return SaveSettingFile(path, data);
   if (extension == ".txt") return SaveBytes(path, data, {std::nullopt, ReportFileText(data)});

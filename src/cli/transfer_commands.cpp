@@ -74,7 +74,7 @@ bool RunRead(Workplace& place) {
   if (!Transfer(place, data, link::SessionKind::kRead)) return false;
   if (Extension(options.output) == files::kSnapshotEnding) {
     return place.documents.SaveSnapshot(options.output, data,
-                                        {place.services.clock.DateAndTime(), "read",
+                                        {place.services.clock.Timestamp(), "read",
                                          LabelOf(options.port, place.services.ports).Text()});
   }
   return options.raw ? place.documents.SaveImage(options.output, data)

@@ -44,7 +44,7 @@ class Clock {
   /// The local time of day, as the user sees it: "14:02".
   [[nodiscard]] virtual std::string TimeOfDay() const = 0;
   /// Local date and time, for texts that sort by them: "2026-11-24 14:02:51".
-  [[nodiscard]] virtual std::string DateAndTime() const = 0;
+  [[nodiscard]] virtual std::string Timestamp() const = 0;
   /// Blocks for that long.
   virtual void Pause(double seconds) = 0;
 };

@@ -23,7 +23,7 @@ std::string QtClock::TimeOfDay() const {
   return QTime::currentTime().toString(QStringLiteral("HH:mm")).toStdString();
 }
 
-std::string QtClock::DateAndTime() const {
+std::string QtClock::Timestamp() const {
   return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
 }
 

@@ -12,7 +12,7 @@ class QtClock : public core::Clock {
   [[nodiscard]] double Now() const override;
   [[nodiscard]] core::Date Today() const override;
   [[nodiscard]] std::string TimeOfDay() const override;
-  [[nodiscard]] std::string DateAndTime() const override;
+  [[nodiscard]] std::string Timestamp() const override;
   void Pause(double seconds) override;
 
  private:
