@@ -14,8 +14,7 @@ class JumpingClock : public core::Clock {
  public:
   [[nodiscard]] double Now() const override { return now; }
   [[nodiscard]] core::Date Today() const override { return kToday; }
-  [[nodiscard]] std::string TimeOfDay() const override { return {}; }
-  [[nodiscard]] std::string Timestamp() const override { return {}; }
+  [[nodiscard]] std::string Timestamp() const override { return "2026-06-15 12:00:00"; }
   void Pause(double seconds) override { now += seconds; }
   double now = 0;
 };

@@ -45,8 +45,7 @@ class JumpingClock : public core::Clock, public core::EventPump {
   [[nodiscard]] core::Date Today() const override {
     return {std::chrono::year{2026}, std::chrono::month{6}, std::chrono::day{15}};
   }
-  [[nodiscard]] std::string TimeOfDay() const override { return {}; }
-  [[nodiscard]] std::string Timestamp() const override { return {}; }
+  [[nodiscard]] std::string Timestamp() const override { return "2026-06-15 12:00:00"; }
   void Pause(double seconds) override { now_ += seconds; }
   void WaitForEvents(double deadline) override { now_ = deadline + 1; }
   void ProcessEvents() override {}

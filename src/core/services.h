@@ -41,10 +41,10 @@ class Clock {
   [[nodiscard]] virtual double Now() const = 0;
   /// Today's local date.
   [[nodiscard]] virtual Date Today() const = 0;
-  /// The local time of day, as the user sees it: "14:02".
-  [[nodiscard]] virtual std::string TimeOfDay() const = 0;
-  /// Local date and time, for texts that sort by them: "2026-11-24 14:02:51".
+  /// The local time, "2026-11-24 23:40:12".
   [[nodiscard]] virtual std::string Timestamp() const = 0;
+  /// The local time of day, as the user sees it: "23:40".
+  [[nodiscard]] std::string TimeOfDay() const { return Timestamp().substr(11, 5); }
   /// Blocks for that long.
   virtual void Pause(double seconds) = 0;
 };

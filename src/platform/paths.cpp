@@ -74,10 +74,6 @@ std::string CacheFolder() {
 #endif
 }
 
-std::string CopiesFolder() {
-  return ToUtf8(StateFolder() + "/copies");
-}
-
 std::string BackupsFolder() {
 #ifdef Q_OS_WIN
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/" +
@@ -86,6 +82,10 @@ std::string BackupsFolder() {
   const QString data = UserFolder("XDG_DATA_HOME", ".local/share") + "/" + ProductFolderName();
 #endif
   return ToUtf8(data + "/backups");
+}
+
+std::string CopiesFolder() {
+  return ToUtf8(StateFolder() + "/copies");
 }
 
 std::string ErrorLogPath() {

@@ -18,10 +18,10 @@ namespace orvane::platform {
 [[nodiscard]] std::string PortLinksFolder();
 /// The user's folder for what can be made again. Not created.
 [[nodiscard]] std::string CacheFolder();
-/// Copies of files that could only be overwritten in place. Not created.
-[[nodiscard]] std::string CopiesFolder();
 /// Snapshots of data sets that were replaced, read or programmed. Not created.
 [[nodiscard]] std::string BackupsFolder();
+/// Copies of files that could only be overwritten in place. Not created.
+[[nodiscard]] std::string CopiesFolder();
 /// err.log in the program's folder when it may be written there, else in the user's state folder.
 [[nodiscard]] std::string ErrorLogPath();
 

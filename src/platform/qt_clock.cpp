@@ -2,7 +2,6 @@
 
 #include <QDate>
 #include <QDateTime>
-#include <QTime>
 #include <chrono>
 #include <thread>
 
@@ -17,10 +16,6 @@ core::Date QtClock::Today() const {
   return core::Date{std::chrono::year{today.year()},
                     std::chrono::month{static_cast<unsigned>(today.month())},
                     std::chrono::day{static_cast<unsigned>(today.day())}};
-}
-
-std::string QtClock::TimeOfDay() const {
-  return QTime::currentTime().toString(QStringLiteral("HH:mm")).toStdString();
 }
 
 std::string QtClock::Timestamp() const {

@@ -11,7 +11,6 @@ class QtClock : public core::Clock {
   QtClock() { elapsed_.start(); }
   [[nodiscard]] double Now() const override;
   [[nodiscard]] core::Date Today() const override;
-  [[nodiscard]] std::string TimeOfDay() const override;
   [[nodiscard]] std::string Timestamp() const override;
   void Pause(double seconds) override;
 

@@ -42,8 +42,9 @@ class ManualClock : public core::Clock {
  public:
   [[nodiscard]] double Now() const override { return now; }
   [[nodiscard]] core::Date Today() const override { return today; }
-  [[nodiscard]] std::string TimeOfDay() const override { return time_of_day; }
-  [[nodiscard]] std::string Timestamp() const override { return "2026-11-24 14:02:51"; }
+  [[nodiscard]] std::string Timestamp() const override {
+    return "2026-11-24 " + time_of_day + ":12";
+  }
   void Pause(double seconds) override { now += seconds; }
 
   double now = 1000;
