@@ -23,7 +23,7 @@ struct CommandInfo {
 constexpr std::array<CommandInfo, 11> kCommands = {{
     {Command::kNew, "new", "[--yes] new --model M -o OUT", "a fresh data set, saved"},
     {Command::kConvert, "convert", "[--yes] convert IN OUT",
-     "between .hex, .dat and to .txt, .pdf, by extension"},
+     "between .hex, .dat, .orvsnap and to .txt, .pdf, by extension"},
     {Command::kReport, "report", "report IN", "the text report on standard output"},
     {Command::kMap, "map", "map [--model M] [IN.hex]",
      "every field of the image: offset, bits, name, bytes, value"},
