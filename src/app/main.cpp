@@ -20,6 +20,7 @@
 #include "platform/qt_event_pump.h"
 #include "platform/qt_file_store.h"
 #include "platform/qt_port_finder.h"
+#include "platform/qt_recovery_store.h"
 #include "platform/qt_serial_port.h"
 #include "platform/qt_settings_store.h"
 #include "platform/report_printer.h"
@@ -96,6 +97,7 @@ int main(int argc, char** argv) {
   platform::QtPortFinder ports(platform::PortLinksFolder());
   platform::QtFileDialogs dialogs;
 
+  platform::QtRecoveryStore recovery(platform::RecoveryFolder());
   platform::DesktopInterrupts interrupts;
   platform::QtReportPrinter printer;
   orvane::help::HelpViewer help(platform::DataFolder() + "/Orvane.qch", platform::CacheFolder());
@@ -116,6 +118,7 @@ int main(int argc, char** argv) {
                                                 .make_port = make_port,
                                                 .printer = printer,
                                                 .help = &help,
+                                                .recovery = &recovery,
                                                 .interrupts = &interrupts,
                                                 .program_folder = platform::ProgramFolder(),
                                                 .data_folder = platform::DataFolder()};

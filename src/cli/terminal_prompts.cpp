@@ -30,6 +30,8 @@ std::vector<Answer> AnswersTo(Buttons buttons) {
       return {Answer::kRetry, Answer::kCancel};
     case Buttons::kOverwriteSaveAsCancel:
       return {Answer::kSaveAs, Answer::kOverwrite, Answer::kCancel};
+    case Buttons::kRestoreKeepDiscard:
+      return {Answer::kRestore, Answer::kKeep, Answer::kDiscard};
   }
   return {Answer::kOk};
 }
@@ -50,6 +52,12 @@ std::string_view AnswerText(Answer answer) {
       return "Overwrite";
     case Answer::kSaveAs:
       return "Save As";
+    case Answer::kRestore:
+      return "Restore";
+    case Answer::kKeep:
+      return "Keep";
+    case Answer::kDiscard:
+      return "Discard";
   }
   return {};
 }

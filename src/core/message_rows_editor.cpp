@@ -129,6 +129,16 @@ constexpr std::array kRows = {
                .remedy = "Yes saves and exits, No exits without saving, Cancel stays. Saving "
                          "before does not silence the question.",
                .explained = false},
+    MessageRow{.id = kRecovered,
+               .group = kFiles,
+               .text = {"Data that were never saved have been found."},
+               .icon = Icon::kQuestion,
+               .buttons = Buttons::kRestoreKeepDiscard,
+               .where = "at the start, after a power cut or a crash",
+               .meaning = "They were kept at {time|a time that stands here}: {loss|what would be "
+                          "restored}. {file|The name of their file follows.}",
+               .remedy = "Restore brings them back, and [Undo](window.html#undo) takes that back. "
+                         "Keep for Later asks again at the next start. Discard removes them."},
     MessageRow{.id = kPrintFailed,
                .group = kFiles,
                .text = {"Print Error!!"},

@@ -53,6 +53,7 @@ enum class MessageId {
   kProductOfImage,
   kTemplateFailed,
   kSaveChanges,
+  kRecovered,
   kPrintFailed,
   kNoPrinter,
   kReportSave,

@@ -14,8 +14,27 @@
 namespace orvane::core {
 
 enum class Icon { kNone, kInformation, kQuestion, kExclamation, kCritical };
-enum class Buttons { kOk, kOkCancel, kYesNo, kYesNoCancel, kRetryCancel, kOverwriteSaveAsCancel };
-enum class Answer { kOk, kCancel, kYes, kNo, kRetry, kOverwrite, kSaveAs };
+enum class Buttons {
+  kOk,
+  kOkCancel,
+  kYesNo,
+  kYesNoCancel,
+  kRetryCancel,
+  kOverwriteSaveAsCancel,
+  kRestoreKeepDiscard
+};
+enum class Answer {
+  kOk,
+  kCancel,
+  kYes,
+  kNo,
+  kRetry,
+  kOverwrite,
+  kSaveAs,
+  kRestore,
+  kKeep,
+  kDiscard
+};
 
 /// One modal message box.
 struct Message {

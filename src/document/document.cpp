@@ -219,7 +219,8 @@ std::string SavedText(const Document& document) {
   const std::string& time = document.Time();
   if (document.IsSaved()) return time.empty() ? "Saved" : "Saved " + time;
   if (!document.IsAsItCame()) return "Changed, not saved";
-  return document.ComesFrom() == Origin::kRead ? "Read " + time + ", not saved" : "New";
+  if (document.ComesFrom() == Origin::kRead) return "Read " + time + ", not saved";
+  return document.ComesFrom() == Origin::kRecovered ? "Recovered, not saved" : "New";
 }
 
 }  // namespace orvane::document

@@ -17,7 +17,7 @@
 namespace orvane::document {
 
 /// Where a data set came from.
-enum class Origin { kNew, kOpened, kRead, kTemplate, kImage };
+enum class Origin { kNew, kOpened, kRead, kTemplate, kImage, kRecovered };
 
 /// A data set and the file it belongs to.
 struct Contents {

@@ -161,9 +161,15 @@ void Follower::EndNotice() {
   ShowSaved();
 }
 
+void Follower::ShowCopyFailure(const QString& reason) {
+  copy_failure_ = reason;
+  if (!notice_shown_) ShowSaved();
+}
+
 // That something changed is said by whoever changed it.
 void Follower::ShowSaved() {
-  const QString text = platform::FromUtf8(document::SavedText(document_));
+  QString text = platform::FromUtf8(document::SavedText(document_));
+  if (!copy_failure_.isEmpty()) text += tr("; no copies are being kept: ") + copy_failure_;
   if (document_.IsSaved()) {
     views_.notice.Tell(text);
   } else {

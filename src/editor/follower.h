@@ -55,6 +55,8 @@ class Follower : public QObject, private document::Watcher {
   /// next hint.
   void ShowNotice(const QString& notice);
   void EndNotice();
+  /// Why no copies of unsaved data are being kept; "" when they are.
+  void ShowCopyFailure(const QString& reason);
 
   /// What has no page: title, model, commands. For the window's start.
   void Begin();
@@ -85,6 +87,7 @@ class Follower : public QObject, private document::Watcher {
   bool quiet_ = false;       ///< whoever changes the document shows it afterwards
   bool replaced_ = false;    ///< since a walk through the history began
   bool notice_shown_ = false;
+  QString copy_failure_;
 };
 
 }  // namespace orvane::editor

@@ -2,7 +2,9 @@
 
 #include <QMainWindow>
 #include <QTimer>
+#include <memory>
 
+#include "editor/autosave.h"
 #include "editor/command_host.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
@@ -37,6 +39,10 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
 
   /// The file is opened when the start is over.
   void OpenAtStart(const std::string& path) { file_at_start_ = path; }
+  /// Of the copies of unsaved data; null before they are kept.
+  [[nodiscard]] QTimer* AutosaveTimer() const {
+    return autosave_ == nullptr ? nullptr : &autosave_->Timer();
+  }
 
   // PageHost
   void Edit(core::FieldRef at, const document::Document::Body& edit,
@@ -81,6 +87,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void Load();
   void PlaceWindow();
   void FinishStart();
+  /// Opens the file of the start, offers what was left behind, and keeps copies from then on.
+  void BeginWork();
   void StoreGeometry();
   /// Over the whole screen, maximized or more.
   [[nodiscard]] bool IsSpread() const;
@@ -109,7 +117,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   LiveLabel* notice_ = nullptr;
   LiveLabel* model_name_ = nullptr;
   Follower* follower_ = nullptr;
-  HistoryList* history_ = nullptr;  ///< null until it is first shown
+  std::unique_ptr<Autosave> autosave_;  ///< null: unsaved data are not kept
+  HistoryList* history_ = nullptr;      ///< null until it is first shown
   QTimer* start_timer_;
   std::string file_at_start_;
   QPoint frame_;  ///< left and upper width of the frame that the window manager draws

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "editor/main_window.h"
+#include "editor/recovery.h"
 #include "editor/working.h"
 
 namespace orvane::editor {
@@ -71,9 +72,15 @@ void MainWindow::FinishStart() {
   port_menu_.UpdateComList();
   port_menu_.SelectStoredPort();
   document_.ForgetChange();
-  if (!file_at_start_.empty()) {
-    QTimer::singleShot(0, &file_commands_, [this] { file_commands_.OpenFile(file_at_start_); });
-  }
+  QTimer::singleShot(0, this, &MainWindow::BeginWork);
+}
+
+void MainWindow::BeginWork() {
+  if (!file_at_start_.empty()) file_commands_.OpenFile(file_at_start_);
+  if (services_.recovery == nullptr) return;
+  autosave_ = std::make_unique<Autosave>(document_, *services_.recovery, services_.clock);
+  connect(autosave_.get(), &Autosave::FailureChanged, follower_, &Follower::ShowCopyFailure);
+  OfferRecovery(services_, *services_.recovery, *autosave_);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -95,6 +102,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (window != this && window->isVisible()) window->close();
   }
   StoreGeometry();
+  if (autosave_ != nullptr) autosave_->Stop();
   event->accept();
 }
 

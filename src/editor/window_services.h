@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "core/recovery_store.h"
 #include "core/run_state.h"
 #include "core/services.h"
 #include "document/document.h"
@@ -32,6 +33,7 @@ struct WindowServices {
   std::function<std::unique_ptr<link::SerialPort>(int port_number)> make_port;
   platform::ReportPrinter& printer;
   help::HelpOpener* help;            ///< null: the program has no help
+  core::RecoveryStore* recovery;     ///< null: unsaved work is not kept
   platform::Interrupts* interrupts;  ///< null: a transfer ends by itself or by Cancel only
   std::string program_folder;        ///< where file dialogs start
   std::string data_folder;           ///< destination templates and logo

@@ -13,19 +13,25 @@
 namespace orvane::platform {
 namespace {
 
-constexpr std::array<std::pair<core::Answer, QMessageBox::StandardButton>, 7> kAnswers = {
+constexpr std::array<std::pair<core::Answer, QMessageBox::StandardButton>, 10> kAnswers = {
     {{core::Answer::kOk, QMessageBox::Ok},
      {core::Answer::kCancel, QMessageBox::Cancel},
      {core::Answer::kYes, QMessageBox::Yes},
      {core::Answer::kNo, QMessageBox::No},
      {core::Answer::kRetry, QMessageBox::Retry},
-     {core::Answer::kOverwrite, QMessageBox::Discard},
-     {core::Answer::kSaveAs, QMessageBox::Save}}};
+     {core::Answer::kOverwrite, QMessageBox::YesToAll},
+     {core::Answer::kSaveAs, QMessageBox::Save},
+     {core::Answer::kRestore, QMessageBox::Open},
+     {core::Answer::kKeep, QMessageBox::Ignore},
+     {core::Answer::kDiscard, QMessageBox::Discard}}};
 
 // Buttons without Enter or Escape that Qt gives no access key, or another caption.
-constexpr std::array<std::pair<QMessageBox::StandardButton, const char*>, 3> kCaptions = {
+constexpr std::array<std::pair<QMessageBox::StandardButton, const char*>, 6> kCaptions = {
     {{QMessageBox::Retry, QT_TRANSLATE_NOOP("QMessageBox", "&Retry")},
-     {QMessageBox::Discard, QT_TRANSLATE_NOOP("QMessageBox", "&Overwrite")},
+     {QMessageBox::YesToAll, QT_TRANSLATE_NOOP("QMessageBox", "&Overwrite")},
+     {QMessageBox::Open, QT_TRANSLATE_NOOP("QMessageBox", "&Restore")},
+     {QMessageBox::Ignore, QT_TRANSLATE_NOOP("QMessageBox", "&Keep for Later")},
+     {QMessageBox::Discard, QT_TRANSLATE_NOOP("QMessageBox", "&Discard")},
      {QMessageBox::Save, QT_TRANSLATE_NOOP("QMessageBox", "Save &As...")}}};
 
 QMessageBox::StandardButton ButtonOf(core::Answer answer) {
@@ -55,7 +61,9 @@ QMessageBox::StandardButtons ButtonsOf(core::Buttons buttons) {
     case core::Buttons::kRetryCancel:
       return QMessageBox::Retry | QMessageBox::Cancel;
     case core::Buttons::kOverwriteSaveAsCancel:
-      return QMessageBox::Discard | QMessageBox::Save | QMessageBox::Cancel;
+      return QMessageBox::YesToAll | QMessageBox::Save | QMessageBox::Cancel;
+    case core::Buttons::kRestoreKeepDiscard:
+      return QMessageBox::Open | QMessageBox::Ignore | QMessageBox::Discard;
   }
   return QMessageBox::Ok;
 }
@@ -73,6 +81,8 @@ core::Answer FirstAnswer(core::Buttons buttons) {
       return core::Answer::kRetry;
     case core::Buttons::kOverwriteSaveAsCancel:
       return core::Answer::kSaveAs;
+    case core::Buttons::kRestoreKeepDiscard:
+      return core::Answer::kRestore;
   }
   return core::Answer::kOk;
 }
@@ -84,6 +94,8 @@ core::Answer ClosedAnswer(core::Buttons buttons) {
       return core::Answer::kOk;
     case core::Buttons::kYesNo:
       return core::Answer::kNo;
+    case core::Buttons::kRestoreKeepDiscard:
+      return core::Answer::kKeep;
     default:
       return core::Answer::kCancel;
   }

@@ -88,6 +88,10 @@ std::string CopiesFolder() {
   return ToUtf8(StateFolder() + "/copies");
 }
 
+std::string RecoveryFolder() {
+  return ToUtf8(StateFolder() + "/recovery");
+}
+
 std::string ErrorLogPath() {
   const QString program = QCoreApplication::applicationDirPath();
   if (MayWriteErrorLog(program)) return ToUtf8(program + "/err.log");

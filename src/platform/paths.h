@@ -22,6 +22,8 @@ namespace orvane::platform {
 [[nodiscard]] std::string BackupsFolder();
 /// Copies of files that could only be overwritten in place. Not created.
 [[nodiscard]] std::string CopiesFolder();
+/// Unsaved work, while the program runs and after it was killed. Not created.
+[[nodiscard]] std::string RecoveryFolder();
 /// err.log in the program's folder when it may be written there, else in the user's state folder.
 [[nodiscard]] std::string ErrorLogPath();
 

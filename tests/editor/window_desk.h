@@ -70,6 +70,29 @@ class ScriptedPrinter : public platform::ReportPrinter {
   std::vector<std::string> printed;  ///< files that the footers named
 };
 
+/// Keeps in memory; what was left behind is the script's.
+class MemoryRecovery : public core::RecoveryStore {
+ public:
+  void Keep(std::string text) override {
+    if (!failure) kept = std::move(text);
+    if (told_) told_(failure);
+  }
+  void Forget() override { kept.clear(); }
+  void WhenKept(std::function<void(const std::optional<core::SystemError>&)> told) override {
+    told_ = std::move(told);
+  }
+  [[nodiscard]] std::vector<Left> LeftBehind() override { return left; }
+  void Discard(const std::string& path) override { discarded.push_back(path); }
+
+  std::string kept;
+  std::optional<core::SystemError> failure;
+  std::vector<Left> left;
+  std::vector<std::string> discarded;
+
+ private:
+  std::function<void(const std::optional<core::SystemError>&)> told_;
+};
+
 class RecordingHelp : public help::HelpOpener {
  public:
   [[nodiscard]] bool HasHelp() const override { return has_help; }
@@ -119,6 +142,7 @@ struct WindowDesk {
   ScriptedDialogs dialogs;
   ScriptedPrinter printer;
   RecordingHelp help;
+  MemoryRecovery recovery;
   platform::Interrupts* interrupts = nullptr;
   std::function<std::unique_ptr<link::SerialPort>(int)> make_port;
   core::Clock* used_clock = &clock;
@@ -126,9 +150,9 @@ struct WindowDesk {
   std::unique_ptr<editor::MainWindow> window;
 
   [[nodiscard]] editor::WindowServices Services() {
-    return {document,    state,      prompts,    *used_clock, *used_pump, settings,
-            *used_files, log,        ports,      dialogs,     make_port,  printer,
-            &help,       interrupts, "/program", "/share"};
+    return {document,    state,     prompts,    *used_clock, *used_pump, settings,
+            *used_files, log,       ports,      dialogs,     make_port,  printer,
+            &help,       &recovery, interrupts, "/program",  "/share"};
   }
 
   /// Shows the window and lets its start come to an end.

@@ -1,0 +1,118 @@
+#include <tuple>
+
+#include "command_desk.h"
+#include "files/settings_file.h"
+#include "files/snapshot.h"
+#include "support/row.h"
+
+using namespace orvane;
+using core::Answer;
+using testing::CommandDesk;
+using testing::Row;
+using testing::WindowDesk;
+
+namespace {
+
+QTimer& Timer(const WindowDesk& desk) {
+  // It belongs to no widget.
+  return *desk.window->AutosaveTimer();
+}
+
+void Rename(WindowDesk& desk, const char* name) {
+  const core::RadioData& data = desk.document.Data();
+  const auto at = core::RefTo<&core::ChannelRecord::ChTag>(data, data.Marine[0][32]);
+  desk.document.Edit(at,
+                     [&](core::RadioData& edited) { core::Set(edited, at, std::string(name)); });
+}
+
+void Settle(WindowDesk& desk) {
+  desk.Start();
+  QVERIFY(QTest::qWaitFor([&] { return desk.window->AutosaveTimer() != nullptr; }));
+}
+
+}  // namespace
+
+class AutosaveTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void UnsavedDataAreKeptUntilTheyAreSaved() {
+    WindowDesk desk;
+    Settle(desk);
+    QVERIFY(!Timer(desk).isActive() && desk.recovery.kept.empty());
+    Rename(desk, "MINE");
+    QVERIFY(Timer(desk).isActive());
+    QCOMPARE(Timer(desk).interval(), 30'000);
+    Timer(desk).setInterval(0);
+    QVERIFY(QTest::qWaitFor([&] { return !desk.recovery.kept.empty(); }));
+    const files::Snapshot kept = files::ParseSnapshot(desk.recovery.kept);
+    QVERIFY(kept.data != nullptr && *kept.data == desk.document.Data());
+    QCOMPARE(kept.heading.made, "2026-11-24 14:02:12");
+    desk.dialogs.paths = {"/out/boat.dat"};
+    desk.Item("mnuFileSaveAs").trigger();
+    QVERIFY(desk.recovery.kept.empty() && !Timer(desk).isActive());
+    Rename(desk, "LATER");
+    Timer(desk).setInterval(0);
+    QVERIFY(QTest::qWaitFor([&] { return !desk.recovery.kept.empty(); }));
+    desk.prompts.answers = {Answer::kNo};
+    QVERIFY(desk.window->close());
+    QVERIFY(desk.recovery.kept.empty());
+  }
+
+  void WhatWasReadIsKeptAtOnce() {
+    CommandDesk desk;
+    Settle(desk);
+    QVERIFY(desk.Transfer("mnuTransferRead"));
+    const files::Snapshot kept = files::ParseSnapshot(desk.recovery.kept);
+    QVERIFY(kept.data != nullptr && *kept.data == desk.document.Data());
+  }
+
+  void FailureIsSaidQuietlyUntilItIsOver() {
+    WindowDesk desk;
+    Settle(desk);
+    Rename(desk, "MINE");
+    desk.recovery.failure = core::SystemError{28, "No space left on device"};
+    Timer(desk).setInterval(0);
+    const auto* panel = desk.Find<QLabel>("sbStatusBar_2");
+    QVERIFY(QTest::qWaitFor([&] { return panel->text().contains("No space left"); }));
+    QCOMPARE(panel->text(),
+             "Changed, not saved; no copies are being kept: No space left on device");
+    QVERIFY(desk.prompts.messages.empty());
+    desk.recovery.failure.reset();
+    QVERIFY(QTest::qWaitFor([&] { return panel->text() == "Changed, not saved"; }));
+  }
+
+  void WhatWasLeftBehindIsOffered() {
+    using Paths = std::vector<std::string>;
+    const std::tuple<Answer, bool, Paths> rows[] = {{Answer::kRestore, true, {"/r/1"}},
+                                                    {Answer::kKeep, false, {}},
+                                                    {Answer::kDiscard, false, {"/r/1"}}};
+    for (const auto& [answer, restored, discarded] : rows) {
+      const Row row(static_cast<int>(answer));
+      WindowDesk desk;
+      core::RadioData boat = image::MakeSampleRadio(5, desk.clock.today);
+      static_cast<void>(files::WriteSettingFile(boat, "/out/boat.dat", desk.files, desk.pump));
+      boat.Marine[0][32].ChTag = "UNSAVED";
+      boat.Marine[0][33].ScanMemory = !boat.Marine[0][33].ScanMemory;
+      desk.recovery.left = {{"/r/0", "damaged"},
+                            {"/r/1", files::SnapshotText(boat, {.made = "2026-11-23 08:09:10",
+                                                                .origin = "autosave",
+                                                                .file = "/out/boat.dat"})}};
+      desk.prompts.answers = {answer};
+      Settle(desk);
+      QVERIFY(QTest::qWaitFor([&] { return !desk.prompts.messages.empty(); }));
+      const std::string& details = desk.prompts.messages[0].details;
+      QVERIFY(
+          details.starts_with("They were kept at 2026-11-23 08:09:10: 2 changes since boat.dat "
+                              "was saved. Its file is /out/boat.dat."));
+      QCOMPARE(desk.document.Data() == boat, restored);
+      QCOMPARE(desk.recovery.discarded, discarded);
+      QCOMPARE(desk.document.CanUndo(), restored);
+      QCOMPARE(!desk.recovery.kept.empty(), restored);
+      if (restored) QCOMPARE(desk.Find<QLabel>("sbStatusBar_2")->text(), "Recovered, not saved");
+    }
+  }
+};
+
+QTEST_MAIN(AutosaveTest)
+#include "autosave_test.moc"
