@@ -121,6 +121,7 @@ int main(int argc, char** argv) {
                                                 .recovery = &recovery,
                                                 .interrupts = &interrupts,
                                                 .program_folder = platform::ProgramFolder(),
+                                                .backups_folder = platform::BackupsFolder(),
                                                 .data_folder = platform::DataFolder()};
   orvane::editor::MainWindow window(services);
   window.show();

@@ -169,6 +169,14 @@ bool Document::IsAsItCame() const {
   return done_ == 0 ? at_start_as_it_came_ : Last().other != nullptr;
 }
 
+const Contents* Document::ReplacedUnsaved() const {
+  if (done_ == 0 || Last().other == nullptr) return nullptr;
+  const bool first = done_ == 1;
+  const bool saved = first ? saved_at_start_ : steps_[done_ - 2].saved_after;
+  const bool as_it_came = first ? at_start_as_it_came_ : steps_[done_ - 2].other != nullptr;
+  return saved || as_it_came ? nullptr : Last().other.get();
+}
+
 // Every place of the history whose file was this one no longer holds what the file holds.
 void Document::MarkSaved(std::string file_name, std::string time, std::size_t file_print) {
   typing_.reset();

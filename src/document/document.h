@@ -116,6 +116,8 @@ class Document {
   [[nodiscard]] bool IsSaved() const { return done_ == 0 ? saved_at_start_ : Last().saved_after; }
   /// Nothing was edited since the data set came.
   [[nodiscard]] bool IsAsItCame() const;
+  /// The data set that the last step replaced, when it was edited and in no file; null otherwise.
+  [[nodiscard]] const Contents* ReplacedUnsaved() const;
   void MarkSaved(std::string file_name, std::string time, std::size_t file_print = 0);
 
   /// What the question on exit asks about: set by every edit, undo and redo and by input not yet

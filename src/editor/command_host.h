@@ -2,6 +2,9 @@
 
 #include <QString>
 #include <QWidget>
+#include <string>
+
+#include "core/radio_data.h"
 
 namespace orvane::editor {
 
@@ -24,6 +27,8 @@ class CommandHost {
   virtual void RebuildDestinations() = 0;
   /// Checks the Destination entry that the image's SEL1 bit stands for.
   virtual void CheckDestinationOfImage() = 0;
+  /// Puts the data into the backup library; origin says where they stand now.
+  virtual void KeepBackup(const core::RadioData& data, const std::string& origin) = 0;
   /// Lets the window process its messages for that long.
   virtual void Wait(double seconds) = 0;
   /// The serial port chosen in the menu, or kept from the last run; it may be absent just now.

@@ -197,6 +197,10 @@ void MainWindow::CheckDestinationOfImage() {
   destination_menu_.Check(core::BuiltInDestination(image::Sel1(document_.Data().Image)));
 }
 
+void MainWindow::KeepBackup(const core::RadioData& radio, const std::string& origin) {
+  if (backups_ != nullptr) backups_->Keep(radio, origin, document_.FileName());
+}
+
 void MainWindow::Wait(double seconds) {
   const double deadline = services_.clock.Now() + seconds;
   while (services_.clock.Now() < deadline) services_.pump.WaitForEvents(deadline);

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "editor/autosave.h"
+#include "editor/backup_keeper.h"
 #include "editor/command_host.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
@@ -60,6 +61,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void ShowGeneralPage() override;
   void RebuildDestinations() override;
   void CheckDestinationOfImage() override;
+  void KeepBackup(const core::RadioData& radio, const std::string& origin) override;
   void Wait(double seconds) override;
   [[nodiscard]] int PortNumber() const override;
 
@@ -117,8 +119,9 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   LiveLabel* notice_ = nullptr;
   LiveLabel* model_name_ = nullptr;
   Follower* follower_ = nullptr;
-  std::unique_ptr<Autosave> autosave_;  ///< null: unsaved data are not kept
-  HistoryList* history_ = nullptr;      ///< null until it is first shown
+  std::unique_ptr<Autosave> autosave_;     ///< null: unsaved data are not kept
+  std::unique_ptr<BackupKeeper> backups_;  ///< null: none are kept
+  HistoryList* history_ = nullptr;         ///< null until it is first shown
   QTimer* start_timer_;
   std::string file_at_start_;
   QPoint frame_;  ///< left and upper width of the frame that the window manager draws

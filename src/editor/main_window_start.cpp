@@ -77,6 +77,12 @@ void MainWindow::FinishStart() {
 
 void MainWindow::BeginWork() {
   if (!file_at_start_.empty()) file_commands_.OpenFile(file_at_start_);
+  if (!services_.backups_folder.empty()) {
+    backups_ = std::make_unique<BackupKeeper>(document_, services_.files, services_.clock,
+                                              services_.backups_folder);
+    connect(backups_.get(), &BackupKeeper::FailureChanged, follower_, &Follower::ShowCopyFailure);
+    connect(backups_.get(), &BackupKeeper::Trimmed, follower_, &Follower::ShowNotice);
+  }
   if (services_.recovery == nullptr) return;
   autosave_ = std::make_unique<Autosave>(document_, *services_.recovery, services_.clock);
   connect(autosave_.get(), &Autosave::FailureChanged, follower_, &Follower::ShowCopyFailure);

@@ -57,7 +57,7 @@ void WindowCommands::Read() {
 void WindowCommands::Program() {
   if (!host_.CheckPage()) return;
   const auto sent = std::make_unique<core::RadioData>(document_.Data());
-  Transfer(*sent, link::SessionKind::kProgram);
+  if (Transfer(*sent, link::SessionKind::kProgram)) host_.KeepBackup(*sent, "programmed");
   // Encoding adjusts the records to what the radio can hold, whether the radio took them or not.
   const bool still_saved = document_.IsSaved() && files::SettingFileText(*sent) ==
                                                       files::SettingFileText(document_.Data());

@@ -36,6 +36,7 @@ struct WindowServices {
   core::RecoveryStore* recovery;     ///< null: unsaved work is not kept
   platform::Interrupts* interrupts;  ///< null: a transfer ends by itself or by Cancel only
   std::string program_folder;        ///< where file dialogs start
+  std::string backups_folder;        ///< "": no backups are kept
   std::string data_folder;           ///< destination templates and logo
 };
 

@@ -1,6 +1,7 @@
 #include <tuple>
 
 #include "command_desk.h"
+#include "files/backup_library.h"
 #include "files/settings_file.h"
 #include "files/snapshot.h"
 #include "support/row.h"
@@ -65,6 +66,31 @@ class AutosaveTest : public QObject {
     QVERIFY(desk.Transfer("mnuTransferRead"));
     const files::Snapshot kept = files::ParseSnapshot(desk.recovery.kept);
     QVERIFY(kept.data != nullptr && *kept.data == desk.document.Data());
+  }
+
+  void RadiosAndReplacedWorkGoIntoTheBackups() {
+    CommandDesk desk;
+    Settle(desk);
+    const auto origins = [&desk] {
+      QStringList texts;
+      for (const auto& backup : files::BackupLibrary(desk.files, "/backups").Entries()) {
+        texts << QString::fromStdString(backup.heading.origin);
+      }
+      texts.sort();
+      return texts;
+    };
+    QVERIFY(desk.Transfer("mnuTransferRead"));
+    QCOMPARE(origins(), QStringList{"read"});
+    desk.TriggerAndWait("mnuFileNew");  // what was read is kept already
+    QCOMPARE(origins(), QStringList{"read"});
+    Rename(desk, "MINE");
+    const core::RadioData mine = desk.document.Data();
+    desk.TriggerAndWait("mnuFileNew");
+    QCOMPARE(origins(), QStringList({"read", "replaced"}));
+    desk.Item("mnuEditUndo").trigger();
+    QVERIFY(desk.document.Data() == mine);
+    QVERIFY(desk.Transfer("mnuTransferProgram"));
+    QCOMPARE(origins(), QStringList({"programmed", "read", "replaced"}));
   }
 
   void FailureIsSaidQuietlyUntilItIsOver() {

@@ -152,7 +152,7 @@ struct WindowDesk {
   [[nodiscard]] editor::WindowServices Services() {
     return {document,    state,     prompts,    *used_clock, *used_pump, settings,
             *used_files, log,       ports,      dialogs,     make_port,  printer,
-            &help,       &recovery, interrupts, "/program",  "/share"};
+            &help,       &recovery, interrupts, "/program",  "/backups", "/share"};
   }
 
   /// Shows the window and lets its start come to an end.

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <span>
+#include <string>
+
+#include "core/services.h"
+#include "document/document.h"
+#include "files/backup_library.h"
+
+namespace orvane::editor {
+
+/// Puts into the backup library what a radio held or was given, and unsaved data that another data
+/// set replaced. The user's work goes on whatever becomes of it.
+class BackupKeeper : public QObject, private document::Watcher {
+  Q_OBJECT
+
+ public:
+  BackupKeeper(document::Document& document, core::FileStore& store, core::Clock& clock,
+               const std::string& folder);
+  ~BackupKeeper() override;
+  BackupKeeper(const BackupKeeper&) = delete;
+  BackupKeeper& operator=(const BackupKeeper&) = delete;
+
+  void Keep(const core::RadioData& data, const std::string& origin, const std::string& file);
+
+ signals:
+  /// Why the last one was not kept, or "" when it was.
+  void FailureChanged(const QString& reason);
+  /// Old backups have gone to make room.
+  void Trimmed(const QString& what);
+
+ private:
+  // document::Watcher
+  void Changed(std::span<const core::Change> /*changes*/) override {}
+  void Replaced() override;
+  void StatusChanged() override {}
+
+  document::Document& document_;
+  core::Clock& clock_;
+  files::BackupLibrary library_;
+};
+
+}  // namespace orvane::editor
