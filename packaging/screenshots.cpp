@@ -79,11 +79,8 @@ int main(int argc, char** argv) {
   desk.window = std::make_unique<editor::MainWindow>(services);
   desk.window->show();
   if (!QTest::qWaitFor([&] { return desk.window->isEnabled(); })) return 1;
-  core::RadioData sample = image::MakeSampleRadio(core::kDefaultModelType, desk.clock.Today());
-  sample.ProductName = desk.data.ProductName;
-  sample.ProgramTitle = desk.data.ProgramTitle;
-  desk.data = sample;
-  desk.window->RefreshAfterLoad();
+  desk.data = image::MakeSampleRadio(core::kDefaultModelType, desk.clock.Today());
+  desk.ShowArranged();
   desk.window->resize(*size);
   for (const Shot& shot : kShots) {
     desk.window->SelectNode(QLatin1String(shot.key));

@@ -236,8 +236,8 @@ bool FileCommands::AskBeforeClosing() {
 }
 
 QString WindowTitle(const std::string& file_name) {
-  const QString title = QLatin1String(core::kProductName.data()) + QLatin1String("  ") +
-                        QLatin1String(core::kProgramTitle.data());
+  QString title = QLatin1String(core::kProductName.data()) + QLatin1String("  ") +
+                  QLatin1String(core::kProgramTitle.data());
   if (file_name.empty()) return title;
   return title + QLatin1String(" - ") + platform::FromUtf8(WithoutFolder(file_name)).toLower();
 }

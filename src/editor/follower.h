@@ -78,7 +78,7 @@ class Follower : public QObject, private document::Watcher {
   void ShowCurrentPage();
   void FollowDestination();
   void FollowModel();
-  void NameCommand(QAction& item, const QString& word, const document::Step* step);
+  static void NameCommand(QAction& item, const QString& word, const document::Step* step);
 
   document::Document& document_;
   core::AppSettings settings_;

@@ -126,11 +126,11 @@ void WindowCommands::HelpContents() {
   services_.prompts.Show(core::MakeMessage(core::MessageId::kNoHelp, core::kProgramTitle));
 }
 
-void WindowCommands::CloseHelp() {
+void WindowCommands::CloseHelp() const {
   if (services_.help != nullptr) services_.help->Close();
 }
 
-void WindowCommands::ReopenHelp() {
+void WindowCommands::ReopenHelp() const {
   if (services_.help != nullptr) services_.help->Reopen();
 }
 

@@ -20,9 +20,9 @@ class WindowCommands {
   void Help(int context);
   /// The help from its first page.
   void HelpContents();
-  void CloseHelp();
+  void CloseHelp() const;
   /// The help as it was before CloseHelp().
-  void ReopenHelp();
+  void ReopenHelp() const;
   void About();
 
  private:

@@ -26,7 +26,7 @@ QtRecoveryStore::~QtRecoveryStore() {
   Wait();
 }
 
-QString QtRecoveryStore::LockOf(const QString& path) const {
+QString QtRecoveryStore::LockOf(const QString& path) {
   return path.chopped(QString(QLatin1String(kEnding)).size()) + QLatin1String(kLockEnding);
 }
 

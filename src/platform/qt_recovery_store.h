@@ -37,7 +37,7 @@ class QtRecoveryStore : public QObject, public core::RecoveryStore {
  private:
   [[nodiscard]] std::optional<core::SystemError> Write(const std::string& text);
   [[nodiscard]] bool TakeOwnName();
-  [[nodiscard]] QString LockOf(const QString& path) const;
+  [[nodiscard]] static QString LockOf(const QString& path);
 
   QString folder_;
   QString path_;                    ///< of this program's file; "" until it was needed
