@@ -4,8 +4,8 @@
 #include <deque>
 #include <vector>
 
-#include "hostile_world.h"
 #include "core/radio_data.h"
+#include "hostile_world.h"
 #include "link/clone_protocol.h"
 
 /// Any bytes are a radio's answers: what is sent comes back as echo and is followed by the next
