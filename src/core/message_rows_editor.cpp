@@ -79,7 +79,7 @@ constexpr std::array kRows = {
                .meaning = "{path|The file's name stands here.} What the other program wrote would "
                           "be lost.",
                .remedy = "Save As keeps both: the data here go into another file. Overwrite "
-                         "replaces the other program's work; one version before is kept."},
+                         "replaces the other program's work."},
     MessageRow{.id = kImageLength,
                .group = kFiles,
                .text = {"bad file!!"},
