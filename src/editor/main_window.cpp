@@ -81,7 +81,11 @@ MainWindow::MainWindow(const WindowServices& services)
   Load();
 }
 
-MainWindow::~MainWindow() = default;
+// Focus and visibility still change while the widgets are taken down.
+MainWindow::~MainWindow() {
+  disconnect(qApp, nullptr, this, nullptr);
+  if (history_ != nullptr) disconnect(history_, nullptr, this, nullptr);
+}
 
 void MainWindow::BuildStatusBar() {
   statusBar()->setObjectName(QStringLiteral("sbStatusBar"));
