@@ -7,6 +7,7 @@
 #include "cli/commands.h"
 #include "cli/data_tree.h"
 #include "core/model_profile.h"
+#include "core/text.h"
 #include "files/backup_library.h"
 #include "image/codec.h"
 
@@ -36,7 +37,7 @@ std::string LineOf(const Backup& backup) {
   if (!backup.damage.empty()) {
     return start + "damaged: " + OneLine(backup.path + ": " + backup.damage) + '\n';
   }
-  const std::string file = heading.file.substr(heading.file.find_last_of("/\\") + 1);
+  const std::string file = core::WithoutFolder(heading.file);
   std::string line = start + ModelOf(heading);
   for (const std::string& part : {heading.origin, heading.port, file}) {
     line += std::string(kGap) + OneLine(part);
@@ -49,11 +50,6 @@ std::string HeadingText(const Backup& backup) {
   return "made: " + OneLine(heading.made) + "\norigin: " + OneLine(heading.origin) +
          "\nmodel: " + ModelOf(heading) + "\nport: " + OneLine(heading.port) +
          "\nfile: " + OneLine(heading.file) + "\nkept in: " + OneLine(backup.path) + '\n';
-}
-
-bool Refuse(Workplace& place, const std::string& what, std::string sentence) {
-  place.prompts.Show({.title = what, .text = std::move(sentence), .icon = core::Icon::kCritical});
-  return false;
 }
 
 // The one that the ID means, with its data; a refusal has been told when there are none.
@@ -77,14 +73,6 @@ Found FindBackup(Workplace& place, const files::BackupLibrary& library) {
     static_cast<void>(Refuse(place, id, OneLine(found.backup.path + ": " + found.snapshot.error)));
   }
   return found;
-}
-
-bool AgreesWithImage(const core::RadioData& data) {
-  core::RadioData decoded;
-  decoded.MODELTYPE = data.MODELTYPE;
-  decoded.Image = data.Image;
-  image::DecodeAll(decoded);
-  return decoded == data;
 }
 
 bool List(Workplace& place, const files::BackupLibrary& library) {
@@ -114,7 +102,8 @@ bool Restore(Workplace& place, const files::BackupLibrary& library) {
   if (extension != ".hex") {
     return place.documents.SaveSnapshot(output, data, found.snapshot.heading);
   }
-  if (!AgreesWithImage(data)) return place.documents.Save(output, data);
+  if (*image::Decoded(data.MODELTYPE, data.Image) != data)
+    return place.documents.Save(output, data);
   // What came from a radio goes out byte for byte: encoding would change names, for one. The
   // product byte, which a radio's memory has, must be there for a reader to take the file.
   image::StoreProduct(data.Image, core::ProfileOf(data));

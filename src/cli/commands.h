@@ -2,6 +2,7 @@
 
 #include <istream>
 #include <ostream>
+#include <string>
 
 #include "cli/documents.h"
 #include "cli/options.h"
@@ -24,6 +25,9 @@ struct Workplace {
   core::RunState& state;
   Documents& documents;
 };
+
+/// Tells what is wrong with what was asked for. Always false.
+bool Refuse(Workplace& place, const std::string& what, std::string sentence);
 
 /// Each command returns whether it did its work; a failure has been told.
 [[nodiscard]] bool RunNew(Workplace& place);

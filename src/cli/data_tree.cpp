@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/catalogue_fields.h"
+#include "core/field_ref.h"
 #include "core/model_profile.h"
 #include "core/text.h"
 #include "image/codec.h"
@@ -42,16 +42,13 @@ void AddField(Json& node, const Field& field, const core::Value& value, std::str
   }
 }
 
-template <auto kMember>
-bool Is(const Field& field) {
-  return field.member == &core::kMemberTag<kMember>;
-}
-
 // Settings are listed whole, channels with the fields that their table has. Weather channels are
 // listed with those of a marine channel.
 bool IsListed(const core::ModelProfile& profile, const Table& table, const Field& field) {
-  if (Is<&ChannelRecord::Position>(field) || Is<&ChannelRecord::SelectedPlan>(field) ||
-      Is<&ChannelRecord::DispayA>(field) || Is<&ChannelRecord::LMR_EXP>(field)) {
+  if (core::IsMember<&ChannelRecord::Position>(field) ||
+      core::IsMember<&ChannelRecord::SelectedPlan>(field) ||
+      core::IsMember<&ChannelRecord::DispayA>(field) ||
+      core::IsMember<&ChannelRecord::LMR_EXP>(field)) {
     return false;
   }
   switch (table.kind) {

@@ -14,11 +14,6 @@ namespace {
 
 constexpr char kAssign = '=';
 
-bool Refuse(Workplace& place, const std::string& what, std::string sentence) {
-  place.prompts.Show({.title = what, .text = std::move(sentence), .icon = core::Icon::kCritical});
-  return false;
-}
-
 std::optional<core::FieldRef> FindField(Workplace& place, const std::string& path) {
   const std::optional<core::FieldRef> at = core::RefOf(path);
   if (!at) {

@@ -60,6 +60,11 @@ bool FlushOutput(std::ostream& out, std::ostream& err) {
 
 }  // namespace
 
+bool Refuse(Workplace& place, const std::string& what, std::string sentence) {
+  place.prompts.Show({.title = what, .text = std::move(sentence), .icon = core::Icon::kCritical});
+  return false;
+}
+
 int Run(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
         std::ostream& err, Services& services) {
   const Parsed parsed = ParseWords(words);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <unordered_map>
 #include <utility>
 
 #include "core/catalogue_fields.h"
@@ -229,6 +230,23 @@ std::string_view TakePart(std::string_view& path) {
   return part;
 }
 
+/// Where the entries of each table stand, by their names in small letters: a snapshot has some
+/// thousand paths.
+using EntriesByName = std::unordered_map<std::string, std::uint16_t>;
+const std::vector<EntriesByName>& EntryNames() {
+  static const std::vector<EntriesByName> kNames = [] {
+    std::vector<EntriesByName> tables;
+    for (const Table& table : kTables) {
+      EntriesByName& names = tables.emplace_back();
+      for (int entry = 0; table.entry_name != nullptr && entry < table.count; ++entry) {
+        names.emplace(LowerCase(table.entry_name(entry)), static_cast<std::uint16_t>(entry));
+      }
+    }
+    return tables;
+  }();
+  return kNames;
+}
+
 void AddDifferences(const RadioData& before, const RadioData& after, FieldRef at,
                     std::vector<Change>& changes) {
   const Table& table = TableOf(at);
@@ -279,11 +297,10 @@ std::optional<FieldRef> RefOf(std::string_view path) {
   if (table == kTables.end()) return {};
   FieldRef at{.table = static_cast<std::uint8_t>(table - kTables.begin())};
   if (table->entry_name != nullptr) {
-    const std::string_view name = TakePart(path);
-    while (at.entry < table->count && !EqualsIgnoringCase(table->entry_name(at.entry), name)) {
-      ++at.entry;
-    }
-    if (at.entry == table->count) return {};
+    const EntriesByName& names = EntryNames()[at.table];
+    const auto found = names.find(LowerCase(TakePart(path)));
+    if (found == names.end()) return {};
+    at.entry = found->second;
   }
   for (const Field& field : table->fields) {
     if (EqualsIgnoringCase(field.id, path)) return at;

@@ -15,8 +15,12 @@ template <auto... kPath, class Record>
 
 /// Whether it is that member, of whichever record.
 template <auto... kPath>
+[[nodiscard]] bool IsMember(const Field& field) {
+  return field.member == &kMemberTag<kPath...>;
+}
+template <auto... kPath>
 [[nodiscard]] bool IsMember(FieldRef at) {
-  return FieldOf(at).member == &kMemberTag<kPath...>;
+  return IsMember<kPath...>(FieldOf(at));
 }
 
 }  // namespace orvane::core

@@ -39,6 +39,10 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
                     [](char x, char y) { return x == y || UpperCase(x) == UpperCase(y); });
 }
 
+std::string WithoutFolder(std::string_view path) {
+  return std::string(path.substr(path.find_last_of("/\\") + 1));
+}
+
 std::vector<std::string_view> Split(std::string_view text, char separator) {
   std::vector<std::string_view> pieces;
   for (std::size_t end = text.find(separator); end != std::string_view::npos;

@@ -16,6 +16,8 @@ namespace orvane::core {
 [[nodiscard]] std::string_view Trim(std::string_view text);
 [[nodiscard]] std::string_view TrimRight(std::string_view text);
 [[nodiscard]] bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+/// The name of a file behind its folders; "/" and "\\" part them.
+[[nodiscard]] std::string WithoutFolder(std::string_view path);
 /// The pieces between the separators; one empty piece for an empty text.
 [[nodiscard]] std::vector<std::string_view> Split(std::string_view text, char separator);
 

@@ -165,16 +165,11 @@ void Document::GoTo(std::size_t done) {
   while (done_ < done && CanRedo()) Redo();
 }
 
-bool Document::IsAsItCame() const {
-  return done_ == 0 ? at_start_as_it_came_ : Last().other != nullptr;
-}
-
 const Contents* Document::ReplacedUnsaved() const {
-  if (done_ == 0 || Last().other == nullptr) return nullptr;
-  const bool first = done_ == 1;
-  const bool saved = first ? saved_at_start_ : steps_[done_ - 2].saved_after;
-  const bool as_it_came = first ? at_start_as_it_came_ : steps_[done_ - 2].other != nullptr;
-  return saved || as_it_came ? nullptr : Last().other.get();
+  const Contents* const before = done_ == 0 ? nullptr : steps_[done_ - 1].other.get();
+  if (before == nullptr || IsSavedAt(done_ - 1)) return nullptr;
+  const bool can_be_had_again = IsAsItCameAt(done_ - 1) && before->origin != Origin::kRecovered;
+  return can_be_had_again ? nullptr : before;
 }
 
 // Every place of the history whose file was this one no longer holds what the file holds.

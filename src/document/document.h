@@ -113,10 +113,11 @@ class Document {
   [[nodiscard]] std::size_t HistorySize() const { return bytes_; }
 
   /// The data is what the file on disk holds.
-  [[nodiscard]] bool IsSaved() const { return done_ == 0 ? saved_at_start_ : Last().saved_after; }
+  [[nodiscard]] bool IsSaved() const { return IsSavedAt(done_); }
   /// Nothing was edited since the data set came.
-  [[nodiscard]] bool IsAsItCame() const;
-  /// The data set that the last step replaced, when it was edited and in no file; null otherwise.
+  [[nodiscard]] bool IsAsItCame() const { return IsAsItCameAt(done_); }
+  /// The data set that the last step replaced, when it was in no file and can be had from nowhere
+  /// else; null otherwise.
   [[nodiscard]] const Contents* ReplacedUnsaved() const;
   void MarkSaved(std::string file_name, std::string time, std::size_t file_print = 0);
 
@@ -130,7 +131,13 @@ class Document {
   void Unwatch(Watcher& watcher);
 
  private:
-  [[nodiscard]] const Step& Last() const { return steps_[done_ - 1]; }
+  /// With that many steps done.
+  [[nodiscard]] bool IsSavedAt(std::size_t done) const {
+    return done == 0 ? saved_at_start_ : steps_[done - 1].saved_after;
+  }
+  [[nodiscard]] bool IsAsItCameAt(std::size_t done) const {
+    return done == 0 ? at_start_as_it_came_ : steps_[done - 1].other != nullptr;
+  }
   /// The changes that the edit made, taken over; empty when it made none.
   std::vector<core::Change> TakeOver(const Body& edit);
   [[nodiscard]] bool JoinStep(core::FieldRef at, std::span<const core::Change> changes);

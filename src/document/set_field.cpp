@@ -1,7 +1,7 @@
 #include <optional>
 
-#include "core/catalogue_fields.h"
 #include "core/extra_channel.h"
+#include "core/field_ref.h"
 #include "core/text.h"
 #include "document/edits.h"
 
@@ -89,23 +89,19 @@ constexpr std::array kChannelRules = {
     For<&ChannelRecord::TxDCS>(&SetCode<Way::kTransmit>),
 };
 
-template <auto kMember>
-bool Is(const core::Field& field) {
-  return field.member == &core::kMemberTag<kMember>;
-}
-
 // A choice that the page does not offer for this channel.
 std::string NotOffered(const core::RadioData& data, ChannelPlace place, const core::Field& field,
                        const Value& value, core::Date today) {
   const ChannelRecord& channel = ChannelAt(data, place);
-  if (Is<&ChannelRecord::Duplex>(field) && std::get<bool>(value) && !channel.DuplexAllowed) {
+  if (core::IsMember<&ChannelRecord::Duplex>(field) && std::get<bool>(value) &&
+      !channel.DuplexAllowed) {
     return "The channel plan has no second frequency for duplex here.";
   }
-  if (Is<&ChannelRecord::Narrow>(field) && !std::get<bool>(value) &&
+  if (core::IsMember<&ChannelRecord::Narrow>(field) && !std::get<bool>(value) &&
       MustBeNarrow(data, place, today)) {
     return "LMR channels from 150 to 174 MHz are narrow, by rule of the FCC.";
   }
-  if (Is<&ChannelRecord::Scramble>(field) && std::get<std::int32_t>(value) != 0 &&
+  if (core::IsMember<&ChannelRecord::Scramble>(field) && std::get<std::int32_t>(value) != 0 &&
       !MayScramble(data, place)) {
     return "The scrambler is not offered for this channel and destination.";
   }
@@ -126,8 +122,9 @@ std::string SetChannelField(const Setting& setting, core::FieldRef at) {
 
 // Names and displays are kept in capitals.
 Value AsKept(const core::Field& field, Value value) {
-  const bool capitals = Is<&ChannelRecord::ChTag>(field) || Is<&ChannelRecord::CHDisplayL>(field) ||
-                        Is<&ChannelRecord::CHDisplayR>(field);
+  const bool capitals = core::IsMember<&ChannelRecord::ChTag>(field) ||
+                        core::IsMember<&ChannelRecord::CHDisplayL>(field) ||
+                        core::IsMember<&ChannelRecord::CHDisplayR>(field);
   if (auto* text = std::get_if<std::string>(&value); text != nullptr && capitals) {
     *text = core::UpperCase(*text);
   }
@@ -167,9 +164,9 @@ std::string SetField(core::RadioData& data, core::FieldRef at, std::string_view 
   if (const std::optional<ChannelPlace> place = PlaceOf(data, at)) {
     return SetChannelField({data, *place, value, today}, at);
   }
-  if (Is<&core::UsableGroup::Enable>(field)) {
+  if (core::IsMember<&core::UsableGroup::Enable>(field)) {
     SwitchGroup(data, at.entry, std::get<bool>(value));
-  } else if (Is<&core::RadioData::ExpPresent>(field)) {
+  } else if (core::IsMember<&core::RadioData::ExpPresent>(field)) {
     SwitchExp(data, std::get<bool>(value));
   } else {
     core::Set(data, at, value);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/text.h"
+#include "image/codec.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -39,6 +40,10 @@ void DestinationMenu::Check(std::string_view name) {
     ShowCheckMark();
     return;
   }
+}
+
+void DestinationMenu::CheckFor(const core::MemoryImage& image) {
+  Check(core::BuiltInDestination(image::Sel1(image)));
 }
 
 void DestinationMenu::Remember(std::int16_t model_type, std::string_view name) {

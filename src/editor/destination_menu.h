@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/app_settings.h"
+#include "core/memory_image.h"
 #include "editor/menus.h"
 
 namespace orvane::editor {
@@ -26,6 +27,8 @@ class DestinationMenu : public QObject {
   /// Checks the destination of that name and no other; letter case is ignored. Without such an
   /// entry the check mark stays.
   void Check(std::string_view name);
+  /// The same for the built-in destination that the image's SEL1 bit stands for.
+  void CheckFor(const core::MemoryImage& image);
   /// The data come from that destination's template: checks it and keeps it for the next run.
   void Remember(std::int16_t model_type, std::string_view name);
   /// The data come from elsewhere.

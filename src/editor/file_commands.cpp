@@ -9,6 +9,7 @@
 #include "core/message_facts.h"
 #include "core/narrowband.h"
 #include "core/product.h"
+#include "core/text.h"
 #include "files/image_file.h"
 #include "files/settings_file.h"
 #include "platform/ansi_text.h"
@@ -20,10 +21,6 @@ constexpr std::chrono::milliseconds kMenuCloses{100};
 constexpr const char* kFilter = "dat files(*.dat)|*.dat|All files(*.*)|*.*";
 constexpr std::string_view kImageEnding = ".hex";
 constexpr const char* kHexFilter = "hex files(*.hex)|*.hex|All files(*.*)|*.*";
-
-std::string WithoutFolder(const std::string& path) {
-  return path.substr(path.find_last_of("/\\") + 1);
-}
 
 }  // namespace
 
@@ -91,7 +88,7 @@ void FileCommands::ReadFile(const std::string& path) {
 }
 
 void FileCommands::Replace(const char* verb, document::Contents contents) {
-  std::string step = verb + WithoutFolder(contents.file_name);
+  std::string step = verb + core::WithoutFolder(contents.file_name);
   core::AppSettings(services_.settings).AddRecentFile(contents.file_name);
   overtaking_told_ = false;
   document_.Replace(std::move(step), std::move(contents), true);
@@ -134,7 +131,7 @@ void FileCommands::LookAtFile() {
   if (overtaking_told_ || !IsOvertaken()) return;
   overtaking_told_ = true;
   host_.ShowNotice(tr("Another program has changed %1.")
-                       .arg(platform::FromUtf8(WithoutFolder(document_.FileName()))));
+                       .arg(platform::FromUtf8(core::WithoutFolder(document_.FileName()))));
 }
 
 // 0 for a file that cannot be read: one that has gone was not changed.
@@ -189,7 +186,7 @@ void FileCommands::SaveImage() {
   const std::string path = services_.dialogs.AskSave(Request(kHexFilter)).value_or(std::string());
   if (path.empty()) return;
   // Encoding adjusts the records to what the radio can hold.
-  document_.Adjust("Save " + WithoutFolder(path), [&](core::RadioData& data) {
+  document_.Adjust("Save " + core::WithoutFolder(path), [&](core::RadioData& data) {
     files::PrepareImageForSaving(data, services_.clock.Today());
   });
   const Working working(host_.Widget());
@@ -239,7 +236,8 @@ QString WindowTitle(const std::string& file_name) {
   QString title = QLatin1String(core::kProductName.data()) + QLatin1String("  ") +
                   QLatin1String(core::kProgramTitle.data());
   if (file_name.empty()) return title;
-  return title + QLatin1String(" - ") + platform::FromUtf8(WithoutFolder(file_name)).toLower();
+  return title + QLatin1String(" - ") +
+         platform::FromUtf8(core::WithoutFolder(file_name)).toLower();
 }
 
 }  // namespace orvane::editor

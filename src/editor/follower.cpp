@@ -94,7 +94,7 @@ void Follower::FollowDestination() {
   const core::RadioData& data = document_.Data();
   views_.destinations.ForgetSource();
   if (data.MODELTYPE != model_type_) views_.destinations.Rebuild(data.MODELTYPE);
-  views_.destinations.Check(core::BuiltInDestination(image::Sel1(data.Image)));
+  views_.destinations.CheckFor(data.Image);
 }
 
 void Follower::FollowModel() {
@@ -122,6 +122,9 @@ void Follower::Replaced() {
   replaced_ = true;
   if (quiet_) return;
   views_.destinations.ForgetSource();
+  if (document_.Data().MODELTYPE != model_type_) {
+    views_.destinations.Rebuild(document_.Data().MODELTYPE);
+  }
   FollowModel();
   views_.tree.Rebuild();
   // The page "General" shows no data: it need not be filled again.
@@ -166,10 +169,16 @@ void Follower::ShowCopyFailure(const QString& reason) {
   if (!notice_shown_) ShowSaved();
 }
 
+void Follower::ShowBackupFailure(const QString& reason) {
+  backup_failure_ = reason;
+  if (!notice_shown_) ShowSaved();
+}
+
 // That something changed is said by whoever changed it.
 void Follower::ShowSaved() {
   QString text = platform::FromUtf8(document::SavedText(document_));
   if (!copy_failure_.isEmpty()) text += tr("; no copies are being kept: ") + copy_failure_;
+  if (!backup_failure_.isEmpty()) text += tr("; no backup was kept: ") + backup_failure_;
   if (document_.IsSaved()) {
     views_.notice.Tell(text);
   } else {

@@ -55,8 +55,9 @@ class Follower : public QObject, private document::Watcher {
   /// next hint.
   void ShowNotice(const QString& notice);
   void EndNotice();
-  /// Why no copies of unsaved data are being kept; "" when they are.
+  /// Why no copies of unsaved data, or no backups, are being kept; "" when they are.
   void ShowCopyFailure(const QString& reason);
+  void ShowBackupFailure(const QString& reason);
 
   /// What has no page: title, model, commands. For the window's start.
   void Begin();
@@ -88,6 +89,7 @@ class Follower : public QObject, private document::Watcher {
   bool replaced_ = false;    ///< since a walk through the history began
   bool notice_shown_ = false;
   QString copy_failure_;
+  QString backup_failure_;
 };
 
 }  // namespace orvane::editor

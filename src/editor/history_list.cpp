@@ -60,12 +60,11 @@ HistoryList::HistoryList(const document::Document& document, QWidget* parent)
   view_->setUniformItemSizes(true);
   view_->setModel(model_);
   setWidget(view_);
-  connect(view_, &QListView::activated, this, [this](const QModelIndex& index) {
-    emit StepAsked(static_cast<std::size_t>(index.row()));
-  });
-  connect(view_, &QListView::clicked, this, [this](const QModelIndex& index) {
-    emit StepAsked(static_cast<std::size_t>(index.row()));
-  });
+  for (const auto chosen : {&QListView::activated, &QListView::clicked}) {
+    connect(view_, chosen, this, [this](const QModelIndex& index) {
+      emit StepAsked(static_cast<std::size_t>(index.row()));
+    });
+  }
 }
 
 void HistoryList::Refresh() {

@@ -11,7 +11,6 @@
 #include "core/app_settings.h"
 #include "editor/tool_bar.h"
 #include "editor/tool_tips.h"
-#include "image/codec.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -198,7 +197,7 @@ void MainWindow::RebuildDestinations() {
 }
 
 void MainWindow::CheckDestinationOfImage() {
-  destination_menu_.Check(core::BuiltInDestination(image::Sel1(document_.Data().Image)));
+  destination_menu_.CheckFor(document_.Data().Image);
 }
 
 void MainWindow::KeepBackup(const core::RadioData& radio, const std::string& origin) {
@@ -227,7 +226,8 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isActiveWindow() && isEnabled()) {
-    file_commands_.LookAtFile();
+    // After the hint of the control that gets the focus with the window.
+    QTimer::singleShot(0, &file_commands_, &FileCommands::LookAtFile);
   }
 }
 

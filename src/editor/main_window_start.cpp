@@ -80,7 +80,7 @@ void MainWindow::BeginWork() {
   if (!services_.backups_folder.empty()) {
     backups_ = std::make_unique<BackupKeeper>(document_, services_.files, services_.clock,
                                               services_.backups_folder);
-    connect(backups_.get(), &BackupKeeper::FailureChanged, follower_, &Follower::ShowCopyFailure);
+    connect(backups_.get(), &BackupKeeper::FailureChanged, follower_, &Follower::ShowBackupFailure);
     connect(backups_.get(), &BackupKeeper::Trimmed, follower_, &Follower::ShowNotice);
   }
   if (services_.recovery == nullptr) return;

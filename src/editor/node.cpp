@@ -91,10 +91,9 @@ QString ExtraGroupDescription(bool lmr_root) {
 
 std::optional<document::ChannelPlace> PlaceOfNode(const NodeRef& node) {
   using Kind = document::ChannelPlace::Kind;
-  constexpr std::array kMarine = {Kind::kUsa, Kind::kIntl, Kind::kCanada};
   switch (node.kind) {
     case NodeKind::kMarineChannel:
-      return document::ChannelPlace{kMarine[static_cast<std::size_t>(node.group)], node.number};
+      return document::ChannelPlace{static_cast<Kind>(node.group), node.number};
     case NodeKind::kLmrChannel:
       return document::ChannelPlace{Kind::kLmr, node.number};
     case NodeKind::kExpChannel:

@@ -7,6 +7,7 @@
 #include "core/catalogue.h"
 #include "core/messages.h"
 #include "core/product.h"
+#include "core/text.h"
 #include "files/settings_file.h"
 #include "files/snapshot.h"
 #include "image/codec.h"
@@ -15,10 +16,6 @@ namespace orvane::editor {
 namespace {
 
 using core::Answer;
-
-std::string WithoutFolder(const std::string& path) {
-  return path.substr(path.find_last_of("/\\") + 1);
-}
 
 /// The image follows from the records when it is next encoded: nobody counts its bytes.
 std::size_t CountedChanges(const core::RadioData& before, const core::RadioData& after) {
@@ -51,7 +48,7 @@ std::string LossText(const WindowServices& services, const core::RadioData& foun
   if (!files::ApplySettingText(*saved, bytes.bytes, services.pump)) return "data of a " + model;
   const std::size_t changes = CountedChanges(*saved, found);
   return std::to_string(changes) + (changes == 1 ? " change" : " changes") + " since " +
-         WithoutFolder(file) + " was saved";
+         core::WithoutFolder(file) + " was saved";
 }
 
 void OfferRecovery(const WindowServices& services, core::RecoveryStore& store, Autosave& autosave) {

@@ -134,19 +134,10 @@ void UsablePage::Fill(const NodeRef& /*node*/) {
 
 QWidget* UsablePage::ControlOf(core::FieldRef at) const {
   if (core::IsMember<&core::RadioData::ExpPresent>(at)) return exp_;
-  const std::array<std::pair<bool, QWidget* (*)(const Group&)>, 4> members = {{
-      {core::IsMember<&core::UsableGroup::Enable>(at),
-       [](const Group& g) -> QWidget* { return g.enable; }},
-      {core::IsMember<&core::UsableGroup::TX_TOT>(at),
-       [](const Group& g) -> QWidget* { return g.time_out; }},
-      {core::IsMember<&core::UsableGroup::Priority_CH>(at),
-       [](const Group& g) -> QWidget* { return g.priority; }},
-      {core::IsMember<&core::UsableGroup::Status_Icon>(at),
-       [](const Group& g) -> QWidget* { return g.icon; }},
-  }};
-  for (const auto& [is_it, control] : members) {
-    if (is_it) return control(groups_[at.entry]);
-  }
+  if (core::IsMember<&core::UsableGroup::Enable>(at)) return groups_[at.entry].enable;
+  if (core::IsMember<&core::UsableGroup::TX_TOT>(at)) return groups_[at.entry].time_out;
+  if (core::IsMember<&core::UsableGroup::Priority_CH>(at)) return groups_[at.entry].priority;
+  if (core::IsMember<&core::UsableGroup::Status_Icon>(at)) return groups_[at.entry].icon;
   return nullptr;
 }
 

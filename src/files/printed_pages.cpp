@@ -278,7 +278,7 @@ void WriteExtraTable(PageWriter& writer, const RadioData& data, bool lmr_pass) {
 }
 
 std::string FileName(const std::string& path) {
-  return path.empty() ? "Not saved in a file" : path.substr(path.find_last_of("/\\") + 1);
+  return path.empty() ? "Not saved in a file" : core::WithoutFolder(path);
 }
 
 /// "2026-06-15"

@@ -5,10 +5,8 @@
 #include <charconv>
 #include <cstddef>
 #include <optional>
-#include <unordered_map>
 #include <utility>
 #include <variant>
-#include <vector>
 
 #include "core/catalogue.h"
 #include "core/crc32.h"
@@ -82,15 +80,6 @@ void AppendValue(std::string& out, const Value& value) {
   }
 }
 
-/// What the image alone says of a data set.
-std::unique_ptr<RadioData> Decoded(std::int16_t model_type, const MemoryImage& image) {
-  auto data = std::make_unique<RadioData>();
-  data->MODELTYPE = model_type;
-  data->Image = image;
-  image::DecodeAll(*data);
-  return data;
-}
-
 void AppendImage(std::string& out, const MemoryImage& image) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   for (int first = 0; first < MemoryImage::kSize; first += kRowLength) {
@@ -115,7 +104,8 @@ std::string Body(const RadioData& data) {
   AppendImage(body, data.Image);
   body += kFieldsMark;
   body += '\n';
-  for (const core::Change& change : core::Differences(*Decoded(data.MODELTYPE, data.Image), data)) {
+  for (const core::Change& change :
+       core::Differences(*image::Decoded(data.MODELTYPE, data.Image), data)) {
     body += core::PathOf(change.at) + '=';
     AppendValue(body, change.after);
     body += '\n';
@@ -123,48 +113,6 @@ std::string Body(const RadioData& data) {
   body += kEndMark;
   body += '\n';
   return body;
-}
-
-/// Where the entries of a table stand, by name: looking each path up among all of them would take
-/// a file of some thousand fields too long.
-using EntriesByName = std::unordered_map<std::string, std::uint16_t>;
-const std::vector<EntriesByName>& Entries() {
-  static const std::vector<EntriesByName> kEntries = [] {
-    std::vector<EntriesByName> tables;
-    for (const core::Table& table : core::Catalogue()) {
-      EntriesByName& names = tables.emplace_back();
-      for (int entry = 0; table.entry_name != nullptr && entry < table.count; ++entry) {
-        names.emplace(table.entry_name(entry), static_cast<std::uint16_t>(entry));
-      }
-    }
-    return tables;
-  }();
-  return kEntries;
-}
-
-std::optional<core::FieldRef> FieldAt(std::string_view path) {
-  const std::string_view table_id = path.substr(0, path.find('/'));
-  core::FieldRef at;
-  for (const core::Table& table : core::Catalogue()) {
-    if (table.id == table_id) {
-      std::string_view rest = path.substr(std::min(path.size(), table_id.size() + 1));
-      if (table.entry_name != nullptr) {
-        const std::string_view name = rest.substr(0, rest.find('/'));
-        const EntriesByName& names = Entries()[at.table];
-        const auto found = names.find(std::string(name));
-        if (found == names.end()) return std::nullopt;
-        at.entry = found->second;
-        rest = rest.substr(std::min(rest.size(), name.size() + 1));
-      }
-      for (const core::Field& field : table.fields) {
-        if (field.id == rest) return at;
-        ++at.field;
-      }
-      return std::nullopt;
-    }
-    ++at.table;
-  }
-  return std::nullopt;
 }
 
 /// Reads line by line and knows where it is.
@@ -344,7 +292,7 @@ bool ReadFields(Reader& reader, RadioData& data) {
     const std::string_view line = reader.Line();
     if (line == kEndMark) return reader.Rest().empty() || reader.Fail(0, "more follows the end");
     const std::size_t assign = line.find('=');
-    const std::optional<core::FieldRef> at = FieldAt(line.substr(0, assign));
+    const std::optional<core::FieldRef> at = core::RefOf(line.substr(0, assign));
     if (assign == std::string_view::npos || !at) return reader.Fail(0, "there is no such field");
     // What the image says stands in the image alone.
     if (core::TableOf(*at).kind == core::TableKind::kMemory) {
@@ -380,10 +328,6 @@ std::string ChecksumText(std::uint32_t checksum) {
   return core::HexText(checksum, kChecksumDigits);
 }
 
-bool IsSnapshot(std::string_view text) {
-  return text.starts_with(kKind);
-}
-
 Snapshot ParseSnapshot(std::string_view text) {
   Snapshot snapshot;
   Reader reader(text);
@@ -396,7 +340,7 @@ Snapshot ParseSnapshot(std::string_view text) {
     if (!ReadModel(reader, snapshot.heading, last_byte)) return false;
     image.SetLastIndex(last_byte);
     if (!ReadImage(reader, image)) return false;
-    data = Decoded(snapshot.heading.model_type, image);
+    data = image::Decoded(snapshot.heading.model_type, image);
     if (!ReadFields(reader, *data)) return false;
     return checksum == snapshot.heading.checksum ||
            reader.Fail(0, "the checksum above does not fit what follows it");

@@ -32,9 +32,6 @@ struct SnapshotHeading {
 /// As it stands in the heading: eight hexadecimal digits.
 [[nodiscard]] std::string ChecksumText(std::uint32_t checksum);
 
-/// Told by its first line.
-[[nodiscard]] bool IsSnapshot(std::string_view text);
-
 struct Snapshot {
   SnapshotHeading heading;
   std::unique_ptr<core::RadioData> data;  ///< null: see error

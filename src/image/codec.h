@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "core/calendar.h"
@@ -17,6 +18,9 @@ void MakeFreshImage(core::RadioData& data);
 
 /// Image to records, everything the model has. The image is not changed.
 void DecodeAll(core::RadioData& data);
+/// What an image alone says of a data set: nothing that the image does not hold.
+[[nodiscard]] std::unique_ptr<core::RadioData> Decoded(std::int16_t model_type,
+                                                       const core::MemoryImage& image);
 /// Image to the EXP/LMR table, with the LMR and EXP present flags.
 void DecodeExtraChannels(core::RadioData& data);
 

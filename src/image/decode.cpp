@@ -58,4 +58,12 @@ void DecodeAll(core::RadioData& data) {
   DecodeExtraChannels(data);
 }
 
+std::unique_ptr<core::RadioData> Decoded(std::int16_t model_type, const core::MemoryImage& image) {
+  auto data = std::make_unique<core::RadioData>();
+  data->MODELTYPE = model_type;
+  data->Image = image;
+  DecodeAll(*data);
+  return data;
+}
+
 }  // namespace orvane::image

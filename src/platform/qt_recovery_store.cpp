@@ -7,14 +7,18 @@
 #include <QFileInfo>
 #include <utility>
 
+#include "files/snapshot.h"
 #include "platform/ansi_text.h"
 #include "platform/qt_file_store.h"
 
 namespace orvane::platform {
 namespace {
 
-constexpr const char* kEnding = ".orvsnap";
 constexpr const char* kLockEnding = ".lock";
+
+QString Ending() {
+  return FromUtf8(std::string(files::kSnapshotEnding));
+}
 
 }  // namespace
 
@@ -27,7 +31,8 @@ QtRecoveryStore::~QtRecoveryStore() {
 }
 
 QString QtRecoveryStore::LockOf(const QString& path) {
-  return path.chopped(QString(QLatin1String(kEnding)).size()) + QLatin1String(kLockEnding);
+  return path.chopped(static_cast<qsizetype>(files::kSnapshotEnding.size())) +
+         QLatin1String(kLockEnding);
 }
 
 // The lock comes before the file: no other program may find the file without it.
@@ -38,7 +43,7 @@ bool QtRecoveryStore::TakeOwnName() {
       QStringLiteral("%1-%2")
           .arg(QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmss-zzz")))
           .arg(QCoreApplication::applicationPid());
-  path_ = folder_ + QLatin1Char('/') + name + QLatin1String(kEnding);
+  path_ = folder_ + QLatin1Char('/') + name + Ending();
   own_ = std::make_unique<QLockFile>(LockOf(path_));
   own_->setStaleLockTime(0);  // a program may run for weeks
   return own_->tryLock(0);
@@ -74,8 +79,8 @@ void QtRecoveryStore::Forget() {
 std::vector<core::RecoveryStore::Left> QtRecoveryStore::LeftBehind() {
   Wait();
   std::vector<Left> left;
-  const QFileInfoList files = QDir(folder_).entryInfoList(
-      {QLatin1Char('*') + QLatin1String(kEnding)}, QDir::Files, QDir::Time);
+  const QFileInfoList files =
+      QDir(folder_).entryInfoList({QLatin1Char('*') + Ending()}, QDir::Files, QDir::Time);
   for (const QFileInfo& file : files) {
     const QString path = file.filePath();
     if (path == path_) continue;

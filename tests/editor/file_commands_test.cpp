@@ -191,7 +191,8 @@ class FileCommandsTest : public QObject {
       desk.files.files["/out/boat.dat"] = theirs;
       QEvent activated(QEvent::ActivationChange);
       QCoreApplication::sendEvent(desk.window.get(), &activated);
-      QCOMPARE(desk.Find<QLabel>("sbStatusBar_2")->text(), "Another program has changed boat.dat.");
+      QTRY_COMPARE(desk.Find<QLabel>("sbStatusBar_2")->text(),
+                   "Another program has changed boat.dat.");
       desk.prompts.answers = {answer};
       desk.dialogs.paths = {other};
       desk.Item("mnuFileSave").trigger();

@@ -10,6 +10,7 @@
 #include <memory>
 #include <random>
 
+#include "arranged_document.h"
 #include "editor/controls.h"
 #include "editor/page.h"
 #include "image/codec.h"
@@ -53,16 +54,7 @@ class RecordingHost : public editor::PageHost {
 
 /// One page in a window of its own, over a radio in use.
 template <class PageType>
-struct PageDesk {
- private:
-  std::unique_ptr<document::Contents> MakeContents() {
-    auto contents = std::make_unique<document::Contents>();
-    arranged_ = &contents->data;
-    return contents;
-  }
-  core::RadioData* arranged_ = nullptr;
-
- public:
+struct PageDesk : ArrangedDocument {
   explicit PageDesk(int model_type, const char* key = "General") {
     data = image::MakeSampleRadio(static_cast<std::int16_t>(model_type), clock.Today());
     page = std::make_unique<PageType>(editor::PageServices{.data = document.Data(),
@@ -162,9 +154,6 @@ struct PageDesk {
            host.changes + host.marks + host.rebuilds == 0;
   }
 
-  document::Document document{MakeContents()};
-  /// The document's data, for tests to arrange.
-  core::RadioData& data = *arranged_;
   core::RunState state;
   ScriptedPrompts prompts;
   ManualClock clock;

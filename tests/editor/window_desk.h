@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "arranged_document.h"
 #include "editor/main_window.h"
 #include "platform/ansi_text.h"
 #include "support/fakes.h"
@@ -109,27 +110,15 @@ class RecordingHelp : public help::HelpOpener {
 
 /// The main window over scripted services: prompts and dialogs answer from their scripts, files
 /// live in memory and pauses take no time.
-struct WindowDesk {
- private:
-  std::unique_ptr<document::Contents> MakeContents() {
-    auto contents = std::make_unique<document::Contents>();
-    arranged_ = &contents->data;
-    return contents;
-  }
-  core::RadioData* arranged_ = nullptr;
-
- public:
+struct WindowDesk : ArrangedDocument {
   /// Over other files than those in memory, if any are given.
   explicit WindowDesk(core::FileStore* other_files = nullptr,
                       std::size_t history_bytes = document::Document::kHistoryBytes)
-      : document(MakeContents(), history_bytes),
+      : ArrangedDocument(history_bytes),
         used_files(other_files == nullptr ? &files : other_files) {}
   WindowDesk(const WindowDesk&) = delete;
   WindowDesk& operator=(const WindowDesk&) = delete;
 
-  document::Document document;
-  /// The document's data, for tests to arrange.
-  core::RadioData& data = *arranged_;
   core::RunState state;
   ScriptedPrompts prompts;
   ManualClock clock;
