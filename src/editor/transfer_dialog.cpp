@@ -172,6 +172,8 @@ void TransferDialog::SetRunning(bool running) {
 
 void TransferDialog::Run() {
   SetRunning(true);
+  // The run that mends the radio ends in a message, which must not stand beside the warning.
+  if (kind_ == link::SessionKind::kProgram) note_->hide();
   port_ = services_.port_label();
   ShowState(tr("Connecting on %1...").arg(platform::FromUtf8(port_.Text())));
   pace_ = {};
@@ -190,9 +192,10 @@ void TransferDialog::Run() {
 }
 
 void TransferDialog::TakeOutcome() {
+  const bool done = outcome_.ending == link::Ending::kDone;
+  data_moved_ = data_moved_ || done || outcome_.partly_written;
   // A radio that was read is no better than before.
-  if (TransferDone() && kind_ == link::SessionKind::kProgram)
-    services_.radio_partly_written = false;
+  if (done && kind_ == link::SessionKind::kProgram) services_.radio_partly_written = false;
   if (outcome_.partly_written) services_.radio_partly_written = true;
   if (!run_state_.Error) {
     accept();

@@ -41,15 +41,15 @@ struct TransferServices {
 /// `frmRadio_102`: tells how to put the radio into clone mode and runs a transfer when the user
 /// presses OK. It closes after a run that did its job or was declined, stays after any other, and
 /// cannot be closed while one runs; Cancel, or an interrupt, then ends the run at its next wait.
-/// That the radio is partly written is shown until it has been programmed.
+/// That the radio is partly written is shown until it has been programmed, but for the run at it.
 class TransferDialog : public QDialog, private link::TransferView {
   Q_OBJECT
 
  public:
   TransferDialog(const TransferServices& services, link::SessionKind kind, QWidget* parent);
 
-  /// The last run completed its job.
-  [[nodiscard]] bool TransferDone() const { return outcome_.ending == link::Ending::kDone; }
+  /// A run has read a radio whole, or has written into one, be it in part.
+  [[nodiscard]] bool DataMoved() const { return data_moved_; }
 
   /// Cancel, and the Escape key.
   void reject() override;
@@ -81,6 +81,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   link::TransferPace pace_;
   link::PortLabel port_;
   link::TransferOutcome outcome_;  ///< of the last run
+  bool data_moved_ = false;
 
   Picture* handheld_;
   Picture* arrow_;

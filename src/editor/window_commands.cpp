@@ -42,7 +42,7 @@ bool WindowCommands::Transfer(core::RadioData& data, link::SessionKind kind) {
   // A message box and the dialog under it go at one stroke; some window managers then leave no
   // window active.
   host_.Widget().activateWindow();
-  return dialog.TransferDone();
+  return dialog.DataMoved();
 }
 
 void WindowCommands::Read() {

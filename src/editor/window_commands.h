@@ -26,7 +26,8 @@ class WindowCommands {
   void About();
 
  private:
-  /// Runs the transfer dialog over a copy of the data; true when a transfer completed.
+  /// Runs the transfer dialog over a copy of the data; true when data were read whole, or written
+  /// at least in part.
   bool Transfer(core::RadioData& data, link::SessionKind kind);
   void PrintAsPdf();
   [[nodiscard]] files::Imprint Imprint() const;

@@ -89,6 +89,13 @@ class AutosaveTest : public QObject {
     QCOMPARE(origins(), QStringList({"read", "replaced"}));
     desk.Item("mnuEditUndo").trigger();
     QVERIFY(desk.document.Data() == mine);
+    // A radio that took only a part holds these data too; the whole of them is kept but once.
+    desk.on_exchange = [&desk](const link::Exchange& exchange) {
+      if (exchange.kind == link::ExchangeKind::kWrite) desk.state.Cancel = true;
+    };
+    desk.Transfer("mnuTransferProgram");
+    QCOMPARE(origins(), QStringList({"programmed", "read", "replaced"}));
+    desk.on_exchange = nullptr;
     QVERIFY(desk.Transfer("mnuTransferProgram"));
     QCOMPARE(origins(), QStringList({"programmed", "read", "replaced"}));
   }

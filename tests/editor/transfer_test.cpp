@@ -189,6 +189,10 @@ class TransferTest : public QObject {
     QCOMPARE(desk.Messages(), QStringList{"Communication Error!!"});
     // Nor does closing the dialog, or reading.
     desk.radio.SetFaults({});
+    bool warns_while_it_writes = true;
+    After(desk, ExchangeKind::kWrite, 70, [&warns_while_it_writes] {
+      warns_while_it_writes = Child<QLabel>("lblNote")->isVisible();
+    });
     for (const char* const item : {kRead, kProgram}) {
       desk.InWindowOf(item, [&](QDialog& dialog) {
         QVERIFY(Child<QLabel>("lblNote")->isVisible());
@@ -197,6 +201,7 @@ class TransferTest : public QObject {
       });
       if (item == std::string_view(kRead)) Channel16(desk.data).ChTag = "AGAIN";
     }
+    QVERIFY(!warns_while_it_writes);
     desk.InWindowOf(kProgram, [](QDialog&) { QVERIFY(!Child<QLabel>("lblNote")->isVisible()); });
     desk.TriggerAndWait("mnuFileNew");
     QVERIFY(desk.Transfer(kRead));
