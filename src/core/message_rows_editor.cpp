@@ -76,7 +76,7 @@ constexpr std::array kRows = {
                .icon = Icon::kExclamation,
                .buttons = Buttons::kOverwriteSaveAsCancel,
                .where = "Save",
-               .meaning = "{path|The file's name stands here.} What the other program wrote would "
+               .meaning = "{path|The file's name stands here.}\nWhat the other program wrote would "
                           "be lost.",
                .remedy = "Save As keeps both: the data here go into another file. Overwrite "
                          "replaces the other program's work."},
