@@ -31,7 +31,8 @@ function(orvane_test name)
     foreach(half 0 1)
       add_test(NAME ${name}.half_${half} COMMAND ${name}_test --gtest_brief=1)
       set_tests_properties(${name}.half_${half} PROPERTIES
-        ENVIRONMENT "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${half}")
+        ENVIRONMENT "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${half}"
+        FIXTURES_REQUIRED emulator)
     endforeach()
     return()
   endif()
