@@ -122,6 +122,7 @@ int main(int argc, char** argv) {
                                                 .interrupts = &interrupts,
                                                 .program_folder = platform::ProgramFolder(),
                                                 .backups_folder = platform::BackupsFolder(),
+                                                .previous_folder = platform::PreviousFolder(),
                                                 .data_folder = platform::DataFolder()};
   orvane::editor::MainWindow window(services);
   window.show();

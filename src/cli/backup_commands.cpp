@@ -9,7 +9,7 @@
 #include "core/model_profile.h"
 #include "core/text.h"
 #include "files/backup_library.h"
-#include "image/codec.h"
+#include "files/image_file.h"
 
 namespace orvane::cli {
 namespace {
@@ -102,11 +102,7 @@ bool Restore(Workplace& place, const files::BackupLibrary& library) {
   if (extension != ".hex") {
     return place.documents.SaveSnapshot(output, data, found.snapshot.heading);
   }
-  if (*image::Decoded(data.MODELTYPE, data.Image) != data)
-    return place.documents.Save(output, data);
-  // What came from a radio goes out byte for byte: encoding would change names, for one. The
-  // product byte, which a radio's memory has, must be there for a reader to take the file.
-  image::StoreProduct(data.Image, core::ProfileOf(data));
+  files::PrepareKeptImage(data, place.services.clock.Today());
   return place.documents.SaveImage(output, data);
 }
 

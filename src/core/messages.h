@@ -54,6 +54,8 @@ enum class MessageId {
   kTemplateFailed,
   kSaveChanges,
   kRecovered,
+  kDeleteBackup,
+  kBackupDamaged,
   kPrintFailed,
   kNoPrinter,
   kReportSave,

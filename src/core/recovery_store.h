@@ -27,11 +27,13 @@ class RecoveryStore {
     std::string path;
     std::string text;
   };
-  /// What programs that run no longer left behind, newest first. From now on no other program is
-  /// offered it, until this one ends.
+  /// What programs that run no longer left behind, newest first. No other program is offered it
+  /// until Release.
   [[nodiscard]] virtual std::vector<Left> LeftBehind() = 0;
   /// Removes what was left behind there, once everything kept before is on the disk.
   virtual void Discard(const std::string& path) = 0;
+  /// After what has been asked for: what is still there may be offered by other programs.
+  virtual void Release() = 0;
 };
 
 }  // namespace orvane::core

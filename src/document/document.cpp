@@ -223,6 +223,7 @@ std::string SavedText(const Document& document) {
   if (document.IsSaved()) return time.empty() ? "Saved" : "Saved " + time;
   if (!document.IsAsItCame()) return "Changed, not saved";
   if (document.ComesFrom() == Origin::kRead) return "Read " + time + ", not saved";
+  if (document.ComesFrom() == Origin::kBackup) return "Backup of " + time + ", not saved";
   return document.ComesFrom() == Origin::kRecovered ? "Recovered, not saved" : "New";
 }
 

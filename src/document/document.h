@@ -17,14 +17,15 @@
 namespace orvane::document {
 
 /// Where a data set came from.
-enum class Origin { kNew, kOpened, kRead, kTemplate, kImage, kRecovered };
+enum class Origin { kNew, kOpened, kRead, kTemplate, kImage, kRecovered, kBackup };
 
 /// A data set and the file it belongs to.
 struct Contents {
   core::RadioData data;
   std::string file_name{};  ///< full path, "" for one without a file
   Origin origin = Origin::kNew;
-  std::string time{};  ///< when it was read or last saved, as the user sees it ("14:02")
+  /// When it was read, last saved or backed up, as the user sees it ("14:02").
+  std::string time{};
   /// PrintOf the file's bytes when it was last read or written here; 0 when it was not.
   std::size_t file_print = 0;
 };
@@ -162,7 +163,7 @@ class Document {
 };
 
 /// How the data stands to its file, in a few words: "Saved 14:02", "Changed, not saved",
-/// "Read 13:58, not saved", "New".
+/// "Read 13:58, not saved", "Backup of 2026-11-24 14:02, not saved", "New".
 [[nodiscard]] std::string SavedText(const Document& document);
 
 }  // namespace orvane::document

@@ -16,24 +16,25 @@ BackupKeeper::~BackupKeeper() {
   document_.Unwatch(*this);
 }
 
-void BackupKeeper::Keep(const core::RadioData& data, const std::string& origin,
-                        const std::string& file) {
-  const files::BackupLibrary::Kept kept =
-      library_.Keep(data, {.made = clock_.Timestamp(), .origin = origin, .file = file});
+files::BackupLibrary::Kept BackupKeeper::Keep(const core::RadioData& data,
+                                              files::SnapshotHeading heading) {
+  heading.made = clock_.Timestamp();
+  files::BackupLibrary::Kept kept = library_.Keep(data, heading);
   emit FailureChanged(kept.error ? platform::FromUtf8(kept.error->description) : QString());
-  if (!kept.anew) return;
+  if (!kept.anew) return kept;
   const std::vector<files::Backup> gone = library_.Trim(kept.path);
-  if (gone.empty()) return;
-  emit Trimmed(tr("%1 old backups made room, the last one of %2.")
-                   .arg(gone.size())
-                   .arg(platform::FromUtf8(gone.back().heading.made)));
+  if (!gone.empty()) {
+    emit Trimmed(tr("%1 old backups made room, the last one of %2.")
+                     .arg(gone.size())
+                     .arg(platform::FromUtf8(gone.back().heading.made)));
+  }
+  return kept;
 }
 
 // A step that was taken back and is made again has been seen before: equal data are kept once.
 void BackupKeeper::Replaced() {
-  if (document_.ComesFrom() == document::Origin::kRead) Keep(document_.Data(), "read", {});
   const document::Contents* const before = document_.ReplacedUnsaved();
-  if (before != nullptr) Keep(before->data, "replaced", before->file_name);
+  if (before != nullptr) Keep(before->data, {.origin = "replaced", .file = before->file_name});
 }
 
 }  // namespace orvane::editor

@@ -11,8 +11,8 @@
 
 namespace orvane::editor {
 
-/// Puts into the backup library what a radio held or was given, and unsaved data that another data
-/// set replaced. The user's work goes on whatever becomes of it.
+/// Puts data into the backup library: by itself unsaved ones that another data set replaced, and
+/// what it is given. The user's work goes on whatever becomes of it.
 class BackupKeeper : public QObject, private document::Watcher {
   Q_OBJECT
 
@@ -23,7 +23,8 @@ class BackupKeeper : public QObject, private document::Watcher {
   BackupKeeper(const BackupKeeper&) = delete;
   BackupKeeper& operator=(const BackupKeeper&) = delete;
 
-  void Keep(const core::RadioData& data, const std::string& origin, const std::string& file);
+  /// The heading's time is now.
+  files::BackupLibrary::Kept Keep(const core::RadioData& data, files::SnapshotHeading heading);
 
  signals:
   /// Why the last one was not kept, or "" when it was.

@@ -27,7 +27,8 @@ class CommandHost {
   virtual void RebuildDestinations() = 0;
   /// Checks the Destination entry that the image's SEL1 bit stands for.
   virtual void CheckDestinationOfImage() = 0;
-  /// Puts the data into the backup library; origin says where they stand now.
+  /// Puts the data into the backup library as what stood at the radio; origin says how they came
+  /// there.
   virtual void KeepBackup(const core::RadioData& data, const std::string& origin) = 0;
   /// Lets the window process its messages for that long.
   virtual void Wait(double seconds) = 0;

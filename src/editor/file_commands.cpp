@@ -11,7 +11,9 @@
 #include "core/product.h"
 #include "core/text.h"
 #include "files/image_file.h"
+#include "files/previous_version.h"
 #include "files/settings_file.h"
+#include "files/snapshot.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -69,6 +71,8 @@ void FileCommands::OpenFile(const std::string& path) {
   state_.Cancel = true;
   if (path.ends_with(kImageEnding)) {
     LoadImageFile(path);
+  } else if (path.ends_with(files::kSnapshotEnding)) {
+    OpenSnapshot(path);
   } else {
     ReadFile(path);
   }
@@ -87,6 +91,26 @@ void FileCommands::ReadFile(const std::string& path) {
   Replace("Open ", std::move(opened));
 }
 
+void FileCommands::OpenSnapshot(const std::string& path) {
+  constexpr std::size_t kDateAndMinutes = 16;
+  const Working working(host_.Widget());
+  const core::FileBytes file = services_.files.ReadFile(path);
+  files::Snapshot snapshot = file.error ? files::Snapshot{} : files::ParseSnapshot(file.bytes);
+  if (snapshot.data == nullptr) {
+    TellFailure(core::MessageId::kFileRead, path,
+                file.error.value_or(core::SystemError{0, snapshot.error}));
+    return;
+  }
+  state_.Cancel = false;
+  document_.Replace("Backup of " + snapshot.heading.made,
+                    {.data = std::move(*snapshot.data),
+                     .origin = document::Origin::kBackup,
+                     .time = snapshot.heading.made.substr(0, kDateAndMinutes)},
+                    false);
+  host_.CheckDestinationOfImage();
+  document_.ForgetChange();
+}
+
 void FileCommands::Replace(const char* verb, document::Contents contents) {
   std::string step = verb + core::WithoutFolder(contents.file_name);
   core::AppSettings(services_.settings).AddRecentFile(contents.file_name);
@@ -101,6 +125,7 @@ void FileCommands::SaveSettings(bool reuse_name) {
   NoticeNarrowband();
   const std::string path = PathToSave(reuse_name);
   if (path.empty()) return;
+  const QString not_kept = KeepPrevious(path);
   SaveFileAs(path);
   if (state_.Error) return;
   core::AppSettings(services_.settings).AddRecentFile(path);
@@ -108,6 +133,8 @@ void FileCommands::SaveSettings(bool reuse_name) {
   document_.MarkSaved(path, services_.clock.TimeOfDay(),
                       document::PrintOf(files::SettingFileText(document_.Data())));
   state_.Cancel = false;
+  // After the hint of the control that got the focus back.
+  if (!not_kept.isEmpty()) host_.ShowNotice(not_kept);
 }
 
 std::string FileCommands::PathToSave(bool reuse_name) {
@@ -176,8 +203,23 @@ void FileCommands::SaveFileAs(const std::string& path) {
   state_.Error = true;
   state_.Cancel = true;
   services_.log.Write("frmMain.SaveFileAs", std::to_string(failure->number) + failure->description);
-  services_.prompts.Show(core::MakeMessage(core::MessageId::kFileSave, core::kProgramTitle,
-                                           core::FileFacts(path, *failure)));
+  TellFailure(core::MessageId::kFileSave, path, *failure);
+}
+
+void FileCommands::TellFailure(core::MessageId id, const std::string& path,
+                               const core::SystemError& failure) {
+  services_.prompts.Show(
+      core::MakeMessage(id, core::kProgramTitle, core::FileFacts(path, failure)));
+}
+
+QString FileCommands::KeepPrevious(const std::string& path) {
+  if (services_.previous_folder.empty()) return {};
+  const core::BusyScope busy(state_);
+  const std::optional<core::SystemError> failure = files::KeepPreviousVersion(
+      services_.files, services_.previous_folder, path, files::SettingFileText(document_.Data()));
+  if (!failure) return {};
+  return tr("The previous version of %1 was not kept: %2")
+      .arg(platform::FromUtf8(core::WithoutFolder(path)), platform::FromUtf8(failure->description));
 }
 
 void FileCommands::SaveImage() {

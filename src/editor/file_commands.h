@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "core/messages.h"
 #include "editor/command_host.h"
 #include "editor/window_services.h"
 #include "editor/working.h"
@@ -29,7 +30,8 @@ class FileCommands : public QObject {
   /// the history.
   void NewUnchecked(std::int16_t model_type, std::string step);
   void Open();
-  /// Opens a file without asking which: a settings file, or an image by its name's ending.
+  /// Opens a file without asking which: a settings file, or a snapshot or an image by its name's
+  /// ending. A snapshot does not become the document's file.
   void OpenFile(const std::string& path);
   void Save() { SaveSettings(true); }
   void SaveAs() { SaveSettings(false); }
@@ -52,6 +54,11 @@ class FileCommands : public QObject {
   void SaveFileAs(const std::string& path);
   void Replace(const char* verb, document::Contents contents);
   void LoadImageFile(const std::string& path);
+  void OpenSnapshot(const std::string& path);
+  void TellFailure(core::MessageId id, const std::string& path, const core::SystemError& failure);
+  /// What the file at the path holds, before it is saved over. The notice of a failure, which keeps
+  /// nobody from saving.
+  [[nodiscard]] QString KeepPrevious(const std::string& path);
   /// Another program has written the document's file since it was read or written here.
   [[nodiscard]] bool IsOvertaken() const;
   [[nodiscard]] std::size_t PrintOfFile(const std::string& path) const;

@@ -51,7 +51,7 @@ MainWindow::MainWindow(const WindowServices& services)
       recent_menu_(menus_, services.files, services.settings),
       file_commands_(services_, *this),
       model_commands_(services_, *this, menus_, destination_menu_, file_commands_),
-      window_commands_(services_, *this) {
+      window_commands_(services_, *this, file_commands_) {
   setObjectName(QStringLiteral("frmMain"));
   setContextMenuPolicy(Qt::PreventContextMenu);
   setAcceptDrops(true);
@@ -123,6 +123,7 @@ void MainWindow::ConnectCommands() {
   run(menus_.file_open, file_commands_, &FileCommands::Open);
   run(menus_.file_save, file_commands_, &FileCommands::Save);
   run(menus_.file_save_as, file_commands_, &FileCommands::SaveAs);
+  run(menus_.backups, window_commands_, &WindowCommands::Backups);
   run(menus_.file_print, window_commands_, &WindowCommands::Print);
   run(menus_.file_print_to_file, window_commands_, &WindowCommands::PrintToFile);
   run(menus_.program, window_commands_, &WindowCommands::Program);
@@ -201,7 +202,10 @@ void MainWindow::CheckDestinationOfImage() {
 }
 
 void MainWindow::KeepBackup(const core::RadioData& radio, const std::string& origin) {
-  if (backups_ != nullptr) backups_->Keep(radio, origin, document_.FileName());
+  if (backups_ == nullptr) return;
+  backups_->Keep(radio, {.origin = origin,
+                         .port = link::LabelOfPort(services_.ports, PortNumber()).Text(),
+                         .file = document_.FileName()});
 }
 
 void MainWindow::Wait(double seconds) {

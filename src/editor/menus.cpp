@@ -61,6 +61,7 @@ void AddFileMenu(QMenuBar& bar, Menus& menus) {
   menus.no_recent->setEnabled(false);
   AddItems(*menus.recent, "mnuFileRecent", menus.recent_files);
   menus.recent->setToolTipsVisible(true);
+  menus.backups = AddItem(file, QStringLiteral("mnuFileBackups"), QStringLiteral("&Backups..."));
   file.addSeparator();
   menus.file_exit =
       AddItem(file, QStringLiteral("mnuFileExit"), QStringLiteral("E&xit"), Qt::CTRL | Qt::Key_Q);

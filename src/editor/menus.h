@@ -24,6 +24,7 @@ struct Menus {
   QMenu* recent;
   QAction* no_recent;
   std::array<QAction*, kRecentFiles> recent_files;
+  QAction* backups;
   QAction* file_exit;
   std::array<QAction*, kModels> models;
   QAction* undo;

@@ -51,7 +51,9 @@ std::string LossText(const WindowServices& services, const core::RadioData& foun
          core::WithoutFolder(file) + " was saved";
 }
 
-void OfferRecovery(const WindowServices& services, core::RecoveryStore& store, Autosave& autosave) {
+namespace {
+
+void OfferEach(const WindowServices& services, core::RecoveryStore& store, Autosave& autosave) {
   for (const core::RecoveryStore::Left& left : store.LeftBehind()) {
     files::Snapshot snapshot = files::ParseSnapshot(left.text);
     if (snapshot.data == nullptr) continue;  // stays where it is, for whoever can read it
@@ -69,6 +71,13 @@ void OfferRecovery(const WindowServices& services, core::RecoveryStore& store, A
     store.Discard(left.path);
     return;
   }
+}
+
+}  // namespace
+
+void OfferRecovery(const WindowServices& services, core::RecoveryStore& store, Autosave& autosave) {
+  OfferEach(services, store, autosave);
+  store.Release();
 }
 
 }  // namespace orvane::editor

@@ -8,6 +8,7 @@
 #include "core/messages.h"
 #include "core/product.h"
 #include "editor/about_box.h"
+#include "editor/backups_dialog.h"
 #include "editor/report_window.h"
 #include "editor/transfer_dialog.h"
 #include "editor/working.h"
@@ -21,8 +22,15 @@ constexpr const char* kPdfFilter = "PDF files(*.pdf)|*.pdf|All files(*.*)|*.*";
 
 }  // namespace
 
-WindowCommands::WindowCommands(const WindowServices& services, CommandHost& host)
-    : services_(services), document_(services.document), host_(host) {}
+WindowCommands::WindowCommands(const WindowServices& services, CommandHost& host,
+                               FileCommands& files)
+    : services_(services), document_(services.document), host_(host), file_commands_(files) {}
+
+void WindowCommands::Backups() {
+  if (!host_.CheckPage()) return;
+  BackupsDialog dialog(services_, &host_.Widget());
+  if (dialog.exec() == QDialog::Accepted) file_commands_.OpenFile(dialog.PathToOpen());
+}
 
 bool WindowCommands::Transfer(core::RadioData& data, link::SessionKind kind) {
   TransferDialog dialog(
@@ -51,6 +59,7 @@ void WindowCommands::Read() {
   if (!Transfer(read.data, link::SessionKind::kRead)) return;
   read.time = services_.clock.TimeOfDay();
   document_.Replace(std::string(core::kReadFromRadio), std::move(read), false);
+  host_.KeepBackup(document_.Data(), "read");
   document_.ForgetChange();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/command_host.h"
+#include "editor/file_commands.h"
 #include "editor/window_services.h"
 #include "link/transfer_session.h"
 
@@ -10,10 +11,12 @@ namespace orvane::editor {
 /// first where it needs one, and tells the user itself what goes wrong.
 class WindowCommands {
  public:
-  WindowCommands(const WindowServices& services, CommandHost& host);
+  WindowCommands(const WindowServices& services, CommandHost& host, FileCommands& files);
 
   void Print();
   void PrintToFile();
+  /// Puts a backup in the place of the data, if one is chosen.
+  void Backups();
   void Program();
   void Read();
   /// context is never 0.
@@ -36,6 +39,7 @@ class WindowCommands {
   const WindowServices services_;
   document::Document& document_;
   CommandHost& host_;
+  FileCommands& file_commands_;
   bool radio_partly_written_ = false;
 };
 

@@ -37,6 +37,7 @@ struct WindowServices {
   platform::Interrupts* interrupts;  ///< null: a transfer ends by itself or by Cancel only
   std::string program_folder;        ///< where file dialogs start
   std::string backups_folder;        ///< "": no backups are kept
+  std::string previous_folder;       ///< of files saved over; "": none are kept
   std::string data_folder;           ///< destination templates and logo
 };
 

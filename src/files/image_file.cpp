@@ -100,10 +100,19 @@ void PrepareImageForSaving(core::RadioData& data, core::Date today) {
   image::StoreCommonChecksum(data.Image);
 }
 
+void PrepareKeptImage(core::RadioData& data, core::Date today) {
+  if (*image::Decoded(data.MODELTYPE, data.Image) != data) PrepareImageForSaving(data, today);
+  image::StoreProduct(data.Image, core::ProfileOf(data));
+}
+
+std::string ImageFileBytes(const core::RadioData& data) {
+  return ToText(data.Image.Used());
+}
+
 void SaveHexFileAs(const core::RadioData& data, core::RunState& state, const std::string& path,
                    core::FileStore& store, core::Prompts& prompts, core::ErrorLog& log) {
   const core::BusyScope busy(state);
-  const std::optional<core::SystemError> error = store.WriteFile(path, ToText(data.Image.Used()));
+  const std::optional<core::SystemError> error = store.WriteFile(path, ImageFileBytes(data));
   if (error) {
     ReportFailure(state, *error, "frmMain.SaveHexFileAs", core::MessageId::kFileSave, path, prompts,
                   log);

@@ -18,6 +18,13 @@ namespace orvane::files {
 /// SaveHexFileAs writes.
 void PrepareImageForSaving(core::RadioData& data, core::Date today);
 
+/// The same for a data set out of a snapshot. What came from a radio goes out byte for byte:
+/// encoding would change names, for one. The product byte, which a radio's memory has, is there in
+/// any case: without it no reader takes the file.
+void PrepareKeptImage(core::RadioData& data, core::Date today);
+/// The bytes of the file that SaveHexFileAs writes.
+[[nodiscard]] std::string ImageFileBytes(const core::RadioData& data);
+
 /// Writes the image as it stands, whole or not at all. On failure: log line, "FileSave Error!!",
 /// cancel flag. Busy while it runs.
 void SaveHexFileAs(const core::RadioData& data, core::RunState& state, const std::string& path,

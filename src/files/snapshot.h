@@ -18,10 +18,10 @@ namespace orvane::files {
 inline constexpr std::string_view kSnapshotEnding = ".orvsnap";
 
 struct SnapshotHeading {
-  std::string made;    ///< local time, "2026-11-24 23:40:12"
-  std::string origin;  ///< "read", "before programming", "autosave"
-  std::string port{};  ///< where the radio was; "" when none was involved
-  std::string file{};  ///< full path of the document, UTF-8; "" for one without a file
+  std::string made{};    ///< local time, "2026-11-24 23:40:12"
+  std::string origin{};  ///< "read", "before programming", "autosave"
+  std::string port{};    ///< where the radio was; "" when none was involved
+  std::string file{};    ///< full path of the document, UTF-8; "" for one without a file
   std::int16_t model_type = 0;
   std::uint32_t checksum = 0;  ///< of the contents: equal for equal data
 };

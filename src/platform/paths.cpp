@@ -41,6 +41,15 @@ bool MayWriteErrorLog(const QString& folder) {
   return log.exists() ? log.isFile() && log.isWritable() : QFileInfo(folder).isWritable();
 }
 
+QString UserDataFolder() {
+#ifdef Q_OS_WIN
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/" +
+         ProductFolderName();
+#else
+  return UserFolder("XDG_DATA_HOME", ".local/share") + "/" + ProductFolderName();
+#endif
+}
+
 }  // namespace
 
 std::string ProgramFolder() {
@@ -75,13 +84,11 @@ std::string CacheFolder() {
 }
 
 std::string BackupsFolder() {
-#ifdef Q_OS_WIN
-  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/" +
-                       ProductFolderName();
-#else
-  const QString data = UserFolder("XDG_DATA_HOME", ".local/share") + "/" + ProductFolderName();
-#endif
-  return ToUtf8(data + "/backups");
+  return ToUtf8(UserDataFolder() + "/backups");
+}
+
+std::string PreviousFolder() {
+  return ToUtf8(UserDataFolder() + "/previous");
 }
 
 std::string CopiesFolder() {

@@ -20,6 +20,8 @@ namespace orvane::platform {
 [[nodiscard]] std::string CacheFolder();
 /// Snapshots of data sets that were replaced, read or programmed. Not created.
 [[nodiscard]] std::string BackupsFolder();
+/// Previous versions of saved files. Not created.
+[[nodiscard]] std::string PreviousFolder();
 /// Copies of files that could only be overwritten in place. Not created.
 [[nodiscard]] std::string CopiesFolder();
 /// Unsaved work, while the program runs and after it was killed. Not created.

@@ -101,4 +101,9 @@ void QtRecoveryStore::Discard(const std::string& path) {
   });
 }
 
+void QtRecoveryStore::Release() {
+  // The locks go with the last copy of the work.
+  writer_.start([claimed = std::exchange(claimed_, {})] {});
+}
+
 }  // namespace orvane::platform

@@ -30,6 +30,7 @@ class QtRecoveryStore : public QObject, public core::RecoveryStore {
   }
   [[nodiscard]] std::vector<Left> LeftBehind() override;
   void Discard(const std::string& path) override;
+  void Release() override;
 
   /// Everything that was asked for is on the disk.
   void Wait() { writer_.waitForDone(); }
@@ -42,7 +43,7 @@ class QtRecoveryStore : public QObject, public core::RecoveryStore {
   QString folder_;
   QString path_;                    ///< of this program's file; "" until it was needed
   std::unique_ptr<QLockFile> own_;  ///< beside it
-  std::vector<std::unique_ptr<QLockFile>> claimed_;
+  std::vector<std::shared_ptr<QLockFile>> claimed_;
   QThreadPool writer_;        ///< one thread: what is asked for is done in order
   bool last_failed_ = false;  ///< the writer's
   std::function<void(const std::optional<core::SystemError>&)> told_;

@@ -84,6 +84,7 @@ class MemoryRecovery : public core::RecoveryStore {
   }
   [[nodiscard]] std::vector<Left> LeftBehind() override { return left; }
   void Discard(const std::string& path) override { discarded.push_back(path); }
+  void Release() override {}
 
   std::string kept;
   std::optional<core::SystemError> failure;
@@ -139,9 +140,9 @@ struct WindowDesk : ArrangedDocument {
   std::unique_ptr<editor::MainWindow> window;
 
   [[nodiscard]] editor::WindowServices Services() {
-    return {document,    state,     prompts,    *used_clock, *used_pump, settings,
-            *used_files, log,       ports,      dialogs,     make_port,  printer,
-            &help,       &recovery, interrupts, "/program",  "/backups", "/share"};
+    return {document,   state,      prompts,    *used_clock, *used_pump, settings, *used_files,
+            log,        ports,      dialogs,    make_port,   printer,    &help,    &recovery,
+            interrupts, "/program", "/backups", "/previous", "/share"};
   }
 
   /// Shows the window and lets its start come to an end.

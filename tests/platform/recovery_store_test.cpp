@@ -51,6 +51,9 @@ TEST_F(RecoveryStore, WorkOfAKilledProgramIsFoundAndThatOfARunningOneIsNot) {
   QtRecoveryStore third(Folder());
   EXPECT_EQ(Texts(next), std::vector<std::string>{"killed"});
   EXPECT_TRUE(Texts(third).empty()) << "offered to two programs at once";
+  next.Release();
+  next.Wait();
+  EXPECT_EQ(Texts(third), std::vector<std::string>{"killed"}) << "kept for later";
   EXPECT_EQ(Files().size(), 2);
 }
 

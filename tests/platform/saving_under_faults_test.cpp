@@ -14,8 +14,11 @@
 #include <set>
 #include <thread>
 
+#include "files/backup_library.h"
 #include "platform/ansi_text.h"
 #include "platform/qt_file_store.h"
+#include "platform/qt_recovery_store.h"
+#include "support/full_data.h"
 
 /// Whatever happens while a file is saved, it is the old one or the new one, whole.
 namespace orvane::platform {
@@ -67,6 +70,47 @@ TEST_F(SavingUnderFaults, ADiskThatIsFullAtAnyByteLeavesTheOldFile) {
       size.rlim_cur += size.rlim_cur < kEach || kNew.size() - size.rlim_cur <= kEach / 16 ? 1 : 61;
     }
     return 0;
+  });
+  EXPECT_EQ(status, 0);
+}
+
+// The copy of unsaved work and the backup that were there before stay whole, and stay alone.
+TEST_F(SavingUnderFaults, ADiskThatIsFullAtAnyByteOfACopyLeavesTheOlderOnes) {
+  constexpr rlim_t kEach = 4096;
+  const core::RadioData old = testing::FullData(5);
+  const core::RadioData fresh = testing::FullData(2);
+  const files::SnapshotHeading heading{.made = "2026-11-24 23:40:12", .origin = "read"};
+  const std::string kept = files::SnapshotText(old, heading);
+  const std::string later = files::SnapshotText(fresh, heading);
+  ASSERT_GT(later.size(), kEach);
+  const int status = InChild([&] {
+    files::BackupLibrary library(store_, Path("backups"));
+    QtRecoveryStore recovery(Path("recovery"));
+    recovery.Keep(kept);
+    recovery.Wait();
+    if (library.Keep(old, heading).error) return 1;
+    const auto names = [this](const char* folder) {
+      return QDir(folder_.filePath(folder)).entryList({"*.orvsnap*"}, QDir::Files | QDir::Hidden);
+    };
+    const QStringList copy = names("recovery");
+    const QStringList backup = names("backups");
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit size = {};
+    ::getrlimit(RLIMIT_FSIZE, &size);
+    for (size.rlim_cur = 0; size.rlim_cur < kEach; ++size.rlim_cur) {
+      ::setrlimit(RLIMIT_FSIZE, &size);
+      recovery.Keep(later);
+      recovery.Wait();
+      const auto refused = library.Keep(fresh, heading).error;
+      const bool whole =
+          store_.ReadFile(Path(("recovery/" + ToUtf8(copy.value(0))).c_str())).bytes == kept &&
+          store_.ReadFile(Path(("backups/" + ToUtf8(backup.value(0))).c_str())).bytes == kept;
+      if (!refused || !whole || names("recovery") != copy || names("backups") != backup) {
+        std::cerr << size.rlim_cur << " bytes: whole " << whole << "\n";
+        return 2;
+      }
+    }
+    return copy.size() == 1 && backup.size() == 1 ? 0 : 3;
   });
   EXPECT_EQ(status, 0);
 }
