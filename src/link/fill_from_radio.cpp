@@ -1,6 +1,7 @@
 #include "link/fill_from_radio.h"
 
 #include <algorithm>
+#include <cstddef>
 
 #include "image/codec.h"
 #include "image/raw_areas.h"
@@ -18,6 +19,11 @@ void FillExtraChannels(core::ExtraTable& channels, const core::ExtraTable& radio
   }
 }
 
+// Radios that name no channel keep scrambler codes nevertheless.
+void FillScramblers(core::MarineTable& channels, const core::MarineTable& radio) {
+  for (std::size_t i = 0; i < channels.size(); ++i) channels[i].Scramble = radio[i].Scramble;
+}
+
 void CopyBytes(const core::MemoryImage& from, core::MemoryImage& to, int first, int count) {
   std::copy_n(from.All().begin() + first, count, to.All().begin() + first);
 }
@@ -25,7 +31,8 @@ void CopyBytes(const core::MemoryImage& from, core::MemoryImage& to, int first, 
 }  // namespace
 
 bool FileLacksSomething(const core::ModelProfile& profile) {
-  return profile.has_dsc || profile.has_call_signs || !profile.HasTones();
+  return profile.has_dsc || profile.has_call_signs || !profile.has_channel_names ||
+         !profile.HasTones();
 }
 
 void FillFromRadio(core::RadioData& data, const core::RadioData& radio) {
@@ -37,6 +44,11 @@ void FillFromRadio(core::RadioData& data, const core::RadioData& radio) {
   if (profile.has_call_signs) {
     data.CallSigns = radio.CallSigns;
     data.Common.RotaryBeep = radio.Common.RotaryBeep;
+  }
+  if (!profile.has_channel_names) {
+    for (std::size_t group = 0; group < data.Marine.size(); ++group) {
+      FillScramblers(data.Marine[group], radio.Marine[group]);
+    }
   }
   if (!profile.HasTones()) FillExtraChannels(data.EXP, radio.EXP);
 

@@ -7,7 +7,8 @@
 namespace orvane::link {
 
 /// Whether radios of the model hold anything that their settings file has no place for: DSC and
-/// MMSI, directories, call signs, and of extra channels without tones names, scrambler and width.
+/// MMSI, directories, call signs; of extra channels without tones names, scrambler and width; of
+/// channels without names the scrambler.
 [[nodiscard]] bool FileLacksSomething(const core::ModelProfile& profile);
 
 /// Gives data that came from a settings file everything else as the radio has it: those fields, and
