@@ -5,6 +5,7 @@
 
 #include "bench_data.h"
 #include "core/field_ref.h"
+#include "document/compare.h"
 #include "document/document.h"
 
 namespace orvane::bench {
@@ -52,6 +53,38 @@ void LongHistory(benchmark::State& state) {
   }
 }
 BENCHMARK(LongHistory)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+void CompareWith(benchmark::State& state, const core::RadioData& theirs) {
+  const core::RadioData ours = UsedRadio();
+  for (auto _ : state) {
+    const document::Comparison comparison = document::Compare(ours, theirs);
+    state.counters["rows"] = static_cast<double>(comparison.rows.size());
+  }
+}
+void CompareEqual(benchmark::State& state) {
+  CompareWith(state, UsedRadio());
+}
+BENCHMARK(CompareEqual)->Unit(benchmark::kMicrosecond);
+
+void CompareWithNew(benchmark::State& state) {
+  CompareWith(state, document::NewContents(kModel, kToday).data);
+}
+BENCHMARK(CompareWithNew)->Unit(benchmark::kMicrosecond);
+
+/// Three fields of every marine channel differ, and a byte of each run of the memory.
+void CompareAllChannels(benchmark::State& state) {
+  core::RadioData theirs = UsedRadio();
+  for (core::MarineTable& table : theirs.Marine) {
+    for (core::ChannelRecord& channel : table) {
+      channel.ChTag += "+";
+      channel.TXPower ^= 1;
+      channel.PowUp = !channel.PowUp;
+    }
+  }
+  for (int at = 0; at < core::MemoryImage::kSize; at += core::kRunLength) theirs.Image[at] ^= 1;
+  CompareWith(state, theirs);
+}
+BENCHMARK(CompareAllChannels)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace orvane::bench

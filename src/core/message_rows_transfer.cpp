@@ -146,6 +146,50 @@ constexpr std::array kRows = {
                .meaning = "Programming failed or was cancelled after it had begun to write.",
                .remedy = "[Program the radio again](program.html#partly), whole.",
                .explained = false},
+    MessageRow{.id = kNothingWritten,
+               .group = kTransfer,
+               .text = {kNothingWrittenText},
+               .icon = Icon::kInformation,
+               .where = "Program to Radio, cancelled",
+               .meaning = "You cancelled while the radio's memory was read before programming.",
+               .remedy = "Nothing is to be done: the radio is as it was.",
+               .explained = false},
+    MessageRow{.id = kCopyFailed,
+               .group = kTransfer,
+               .text = {"Communication Error!!"},
+               .where = "while the radio is read before programming",
+               .meaning = "An answer of the radio was wrong, missing or late while its memory was "
+                          "read. Nothing was written to the radio.",
+               .remedy = "Check the plugs, put the radio into [clone mode](connect.html) again and "
+                         "repeat the transfer. If it fails at the same place, try another adapter "
+                         "or USB socket."},
+    MessageRow{.id = kCopyNotKept,
+               .group = kTransfer,
+               .text = {"The copy of what the radio holds could not be kept."},
+               .where = "Program to Radio",
+               .meaning = "{reason|The system's reason stands here.} Nothing was written to the "
+                          "radio.",
+               .remedy = "Make room on the disk or choose another place, then repeat the transfer; "
+                         "or program without keeping a copy."},
+    MessageRow{.id = kNotReadBack,
+               .group = kTransfer,
+               .text = {"The radio was written and has acknowledged everything, but it could not "
+                        "be read back."},
+               .icon = Icon::kExclamation,
+               .where = "Program to Radio",
+               .meaning = "Programming has ended well. {reason|Comparing was cancelled, or an "
+                          "answer of the radio was wrong, missing or late.}",
+               .remedy = "Switch the radio off and on, and check it. To have it compared, put it "
+                         "into [clone mode](connect.html) again and program it once more."},
+    MessageRow{.id = kRadioDiffers,
+               .group = kTransfer,
+               .text = {"The radio does not hold what was sent."},
+               .where = "Program to Radio",
+               .meaning = "It acknowledged everything, but read back it differs: {fields|the "
+                          "fields stand here, each with what was sent and what the radio holds.}",
+               .remedy = "[Program the radio again](program.html#partly), whole. If the same "
+                         "fields differ again, the radio does not keep what is written to it: do "
+                         "not use it."},
     MessageRow{.id = kUnexpectedFailure,
                .group = kTransfer,
                .text = {"{failure|A number and a description}"},

@@ -33,6 +33,11 @@ enum class MessageId {
   kDestinationOfRadio,
   kComplete,
   kPartlyWritten,
+  kNothingWritten,
+  kCopyFailed,
+  kCopyNotKept,
+  kNotReadBack,
+  kRadioDiffers,
   kUnexpectedFailure,
   kTransferEnded,
   kNothingTransferred,
@@ -99,6 +104,9 @@ struct MessageRow {
 /// true.
 inline constexpr std::string_view kPartlyWrittenText =
     "The radio now holds a partly written image. Do not use it until it has been programmed again.";
+
+/// Of a program run that ended before its first byte was written.
+inline constexpr std::string_view kNothingWrittenText = "Nothing was written to the radio.";
 
 /// In the order of MessageId, which is that of the page of messages.
 [[nodiscard]] std::span<const MessageRow> MessageRows();

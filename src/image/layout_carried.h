@@ -18,22 +18,24 @@ constexpr Row<RadioData> CarriedTable(std::string_view name, int offset, int len
 }
 
 inline constexpr std::array kCarriedRows = {
-    CarriedNumber("model code in clone mode", places::kRadioModelCode).Only(When::kCodeAtStart),
-    CarriedNumber("model code", places::kModelCode),
+    CarriedNumber("model code in clone mode", places::kRadioModelCode)
+        .Only(When::kCodeAtStart)
+        .Housekeeping(),
+    CarriedNumber("model code", places::kModelCode).Housekeeping(),
     CarriedNumber("current channel mode", places::kChannelMode),
     CarriedNumber("last WX channel", places::kLastWxChannel),
-    CarriedNumber("radio's own bits", BitRange(90, 7, 1)),
-    CarriedNumber("checksum of the common settings", places::kCommonChecksum),
+    CarriedNumber("radio's own bits", BitRange(90, 7, 1)).Housekeeping(),
+    CarriedNumber("checksum of the common settings", places::kCommonChecksum).Housekeeping(),
     CarriedNumber("SEL1", places::kSel1),
     CarriedNumber("SEL2", places::kSel2),
-    CarriedNumber("radio's own bit", places::kRadioOwnBit),
+    CarriedNumber("radio's own bit", places::kRadioOwnBit).Housekeeping(),
     CarriedTable("bytes set by New", 170, 20),
     CarriedNumber("User MMSI count", places::kMmsiCount),
-    CarriedNumber("mark of a programmed image", places::kWrittenMark),
-    CarriedNumber("ATIS mode USA", places::AtisMode(0)),
-    CarriedNumber("ATIS mode INTL", places::AtisMode(1)),
-    CarriedNumber("ATIS mode Canada", places::AtisMode(2)),
-    CarriedNumber("ATIS mode EXP/LMR", places::AtisMode(3)),
+    CarriedNumber("mark of a programmed image", places::kWrittenMark).Housekeeping(),
+    CarriedNumber("ATIS mode USA", places::AtisMode(0)).Housekeeping(),
+    CarriedNumber("ATIS mode INTL", places::AtisMode(1)).Housekeeping(),
+    CarriedNumber("ATIS mode Canada", places::AtisMode(2)).Housekeeping(),
+    CarriedNumber("ATIS mode EXP/LMR", places::AtisMode(3)).Housekeeping(),
     CarriedText("text 1", 512),
     CarriedText("text 2", 528),
     CarriedText("text 3", 544),
@@ -43,7 +45,7 @@ inline constexpr std::array kCarriedRows = {
     CarriedTable("table 4", 608),
     CarriedTable("table 5", 624),
     CarriedTable("table 6", 752),
-    CarriedNumber("product byte", places::kProduct).Only(When::kFullImage),
+    CarriedNumber("product byte", places::kProduct).Only(When::kFullImage).Housekeeping(),
 };
 
 inline constexpr std::array kStoredChannelRows = {
@@ -54,7 +56,7 @@ inline constexpr std::array kCarriedCallSignRows = {
     Carried<RadioData>("MID", places::kCallSignMid, &CharactersText),
 };
 inline constexpr std::array kModelCodeRows = {
-    CarriedNumber("model code, second copy", places::kModelCodeFromEnd),
+    CarriedNumber("model code, second copy", places::kModelCodeFromEnd).Housekeeping(),
 };
 
 inline constexpr Area<RadioData> kCarried = {.rows = kCarriedRows, .entry = &Whole};

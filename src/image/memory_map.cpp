@@ -9,38 +9,16 @@
 #include <tuple>
 #include <utility>
 
-#include "core/channel_plan.h"
 #include "core/model_profile.h"
 #include "core/number_text.h"
 #include "core/rendering.h"
 #include "image/layout_all.h"
+#include "image/piece_name.h"
 
 namespace orvane::image {
 namespace {
 
 constexpr std::string_view kUnowned = "(not used)";
-
-std::string BitsText(Bits bits) {
-  if (bits.first % 8 == 0 && bits.count % 8 == 0) return {};
-  const int high = 7 - bits.first % 8;
-  const int low = 7 - (bits.first + bits.count - 1) % 8;
-  if (bits.count == 1) return std::to_string(high);
-  return std::to_string(high) + ".." + std::to_string(low);
-}
-
-template <class Record>
-std::string EntryName(const Area<Record>& area, int index, const Row<Record>& row) {
-  std::string name(area.name);
-  const auto append = [&name](std::string_view word) {
-    if (!name.empty() && !word.empty()) name += ' ';
-    name += word;
-  };
-  if (area.label == Label::kPlan) append(core::PlanLabel(index));
-  if (area.label == Label::kFromOne) append(std::to_string(index + 1));
-  append(row.of);
-  append(row.name);
-  return name;
-}
 
 /// Visitor that makes a row of every piece of every field.
 class MapBuilder {

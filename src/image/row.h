@@ -58,6 +58,8 @@ struct Row {
   When written = When::kAlways;
   Overlap overlap = Overlap::kNone;
   std::string_view of{};  ///< said before the name: the channel group of a field that each has
+  /// Radio or program write it as they need it, so that it tells nothing of what a user set.
+  bool housekeeping = false;
 
   [[nodiscard]] constexpr Row Only(When when) const {
     Row row = WrittenBy(when);
@@ -77,6 +79,11 @@ struct Row {
   [[nodiscard]] constexpr Row Of(std::string_view group) const {
     Row row = *this;
     row.of = group;
+    return row;
+  }
+  [[nodiscard]] constexpr Row Housekeeping() const {
+    Row row = *this;
+    row.housekeeping = true;
     return row;
   }
 };

@@ -11,6 +11,8 @@ class TransferView {
   virtual ~TransferView() = default;
   /// Debug mode only: a line about the step under way.
   virtual void Monitor(std::string_view text) = 0;
+  /// A phase of the run begins: "Reading", "Keeping a copy", "Writing", "Reading back".
+  virtual void Phase(std::string_view /*name*/) {}
   /// Percent 0..100 of the way, and the block under way where there is one.
   virtual void ShowProgress(int percent) = 0;
   /// Called after each block: its address and how many bytes have travelled on the wire so far, of

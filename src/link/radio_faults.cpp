@@ -33,6 +33,11 @@ constexpr std::array<FaultInfo, kFaultKinds> kFaults = {{
     {FaultKind::kOtherStatus, "other-status", "status N, 0 to 255 (2)", 2, 255},
     {FaultKind::kUnplug, "unplug", "the cable is pulled after N bytes of the exchange (0)", 0,
      kByteNumbers},
+    {FaultKind::kNotStored, "not-stored", "the write is acknowledged, nothing is stored", 0, 0},
+    {FaultKind::kOtherStored, "other-stored",
+     "the write is acknowledged, its byte N is stored changed (1)", 1, kByteNumbers},
+    {FaultKind::kForgottenBlock, "forgotten-block",
+     "the write is acknowledged, the 16 bytes around it are erased", 0, 0},
 }};
 
 constexpr std::array<std::string_view, kExchangeKinds> kExchangeNames = {
@@ -136,6 +141,10 @@ bool Affects(FaultKind fault, ExchangeKind exchange) {
     case FaultKind::kBusy:
     case FaultKind::kOtherStatus:
       return exchange == ExchangeKind::kStatus;
+    case FaultKind::kNotStored:
+    case FaultKind::kOtherStored:
+    case FaultKind::kForgottenBlock:
+      return exchange == ExchangeKind::kWrite;
   }
   return false;
 }
@@ -208,7 +217,7 @@ std::optional<Fault> FaultPlan::Scattered(int number) const {
   std::uint64_t bits = Mix(seed_ ^ Mix(static_cast<std::uint64_t>(number)));
   if (static_cast<double>(bits % kParts) >= percent_ * kPartsPerPercent) return std::nullopt;
   bits = Mix(bits);
-  Fault fault = MakeFault(static_cast<FaultKind>(bits % kFaultKinds), number);
+  Fault fault = MakeFault(static_cast<FaultKind>(bits % kNoticedFaultKinds), number);
   if (InfoOf(fault.kind).max_value > 0) fault.value = static_cast<double>(Mix(bits) % kValues);
   return fault;
 }

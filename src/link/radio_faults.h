@@ -48,9 +48,19 @@ enum class FaultKind {
   kUnknown,        ///< "#CMDUN" in place of the answer; a write stores nothing
   kBusy,           ///< status 01
   kOtherStatus,    ///< value: the status, 0..255 (2)
-  kUnplug          ///< value: bytes of the exchange, both ways, that still travel (0)
+  kUnplug,         ///< value: bytes of the exchange, both ways, that still travel (0)
+  // Lies: the write is acknowledged as if it had been carried out.
+  kNotStored,      ///< nothing is stored
+  kOtherStored,    ///< value: number of the byte that is stored changed (1)
+  kForgottenBlock  ///< the 16 bytes around the write are erased
 };
-inline constexpr int kFaultKinds = 15;
+inline constexpr int kFaultKinds = 18;
+/// The first of them, which a session notices by itself.
+inline constexpr int kNoticedFaultKinds = 15;
+/// Only reading the memory again shows it.
+[[nodiscard]] constexpr bool IsLie(FaultKind kind) {
+  return static_cast<int>(kind) >= kNoticedFaultKinds;
+}
 
 struct FaultInfo {
   FaultKind kind;
@@ -87,7 +97,8 @@ struct ParsedFault {
 /// kind ("write:3"), every one of a kind ("status") or "all".
 [[nodiscard]] ParsedFault ParseFault(std::string_view text);
 
-/// The faults of one radio: listed ones, and ones that a seed scatters over the exchanges.
+/// The faults of one radio: listed ones, and ones that a seed scatters over the exchanges; it
+/// scatters no lies.
 class FaultPlan {
  public:
   FaultPlan() = default;

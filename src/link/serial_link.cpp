@@ -15,7 +15,6 @@ constexpr double kEchoSeconds = 100;
 // An echo comes at once or never: long before the wait for it ends, the user may know.
 constexpr double kSilenceShownAfter = 3;
 constexpr double kCrLfSeconds = 1;
-constexpr double kPauseBeforeSending = 0.010;
 constexpr double kMonitorPause = 0.500;
 constexpr std::size_t kFixedLineLength = 8;
 

@@ -16,6 +16,9 @@
 
 namespace orvane::link {
 
+/// Before each transmission, seconds.
+inline constexpr double kPauseBeforeSending = 0.010;
+
 /// How a wait ended.
 enum class WaitStatus : std::int16_t {
   kArrived = 0,

@@ -21,6 +21,8 @@ constexpr std::array kStatusFaults = {FaultKind::kBusy, FaultKind::kOtherStatus}
 constexpr std::array kChecksumFault = {FaultKind::kWrongChecksum};
 constexpr std::array kDataFaults = {FaultKind::kWrongAddress, FaultKind::kWrongLength,
                                     FaultKind::kShortData};
+constexpr std::array kLies = {FaultKind::kNotStored, FaultKind::kOtherStored,
+                              FaultKind::kForgottenBlock};
 constexpr std::array kDeliveryFaults = {FaultKind::kGarbledReply, FaultKind::kShortReply,
                                         FaultKind::kLateReply, FaultKind::kMissingReply};
 
@@ -318,8 +320,23 @@ SimulatedRadio::Answer SimulatedRadio::AnswerWrite(const std::vector<std::string
   }
   exchange_.address = range->address;
   exchange_.length = range->length;
-  std::copy(bytes.begin(), bytes.end(), memory_.begin() + range->address);
+  Store(range->address, std::move(bytes));
   return {Line(kCommandOk)};
+}
+
+void SimulatedRadio::Store(int address, std::vector<std::uint8_t> bytes) {
+  constexpr int kBlock = 16;
+  const std::optional<Fault> lie = FindFault(ExchangeKind::kWrite, kLies);
+  if (lie) {
+    Struck(lie->kind);
+    if (lie->kind == FaultKind::kNotStored) return;
+    if (lie->kind == FaultKind::kForgottenBlock) {
+      std::fill_n(memory_.begin() + address / kBlock * kBlock, kBlock, kAbsentByte);
+      return;
+    }
+    bytes[IndexOf(lie->value, bytes.size())] ^= 1U;
+  }
+  std::copy(bytes.begin(), bytes.end(), memory_.begin() + address);
 }
 
 void SimulatedRadio::SpoilDelivery(CableReaction& reaction) {

@@ -90,6 +90,7 @@ class SimulatedRadio {
   [[nodiscard]] Answer AnswerStatus(const std::vector<std::string_view>& fields);
   [[nodiscard]] Answer AnswerRead(const std::vector<std::string_view>& fields);
   [[nodiscard]] Answer AnswerWrite(const std::vector<std::string_view>& fields);
+  void Store(int address, std::vector<std::uint8_t> bytes);
   void SpoilDelivery(CableReaction& reaction);
   void Struck(FaultKind fault);
   void Unplug(CableReaction& reaction);

@@ -18,7 +18,10 @@ core::Facts PlaceOf(const TransferOutcome& outcome) {
 std::string EndingText(const TransferOutcome& outcome, const PortLabel& port) {
   switch (outcome.ending) {
     case Ending::kDone:
-      return core::TextOf(MessageId::kTransferEnded);
+      return core::TextOf(outcome.not_read_back ? MessageId::kNotReadBack
+                                                : MessageId::kTransferEnded);
+    case Ending::kDiffers:
+      return core::TextOf(MessageId::kRadioDiffers);
     case Ending::kDeclined:
       return core::TextOf(MessageId::kNothingTransferred);
     case Ending::kCancelled:

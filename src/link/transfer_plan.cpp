@@ -9,6 +9,7 @@
 #include "core/number_text.h"
 #include "image/layout_channels.h"
 #include "link/clone_frame.h"
+#include "link/serial_link.h"
 
 namespace orvane::link {
 namespace {
@@ -82,6 +83,12 @@ bool IsAvailable(std::optional<std::size_t> group, const core::RadioData& data) 
   return *group == core::kExtraGroup && data.ExpPresent;
 }
 
+// The command and the closing line behind its reply.
+void AddReadBlock(WireLoad& load) {
+  load.bytes += WireBytesOfRead(kBlockSize);
+  load.sendings += 2;
+}
+
 }  // namespace
 
 bool IsBlockRead(int block_address) {
@@ -97,17 +104,11 @@ std::size_t WireBytesOfWrite(int length) {
   return FrameBytes(kCommandWrite, length, length) + kOkLineBytes;
 }
 
-std::size_t BytesToRead(std::int32_t last_index) {
-  std::size_t bytes = 0;
-  for (int address = kFirstBlock; address <= last_index; address += kBlockSize) {
-    if (IsBlockRead(address)) bytes += WireBytesOfRead(kBlockSize);
-  }
-  return bytes;
-}
-
-std::vector<Piece> PiecesToWrite(int block_address, const core::RadioData& data) {
+std::vector<Piece> PiecesToWrite(int block_address, const core::RadioData& data,
+                                 Channels channels) {
   const WriteRule rule = RuleFor(block_address);
-  if (rule.unit == Unit::kNothing || !IsAvailable(rule.group, data)) return {};
+  if (rule.unit == Unit::kNothing) return {};
+  if (channels == Channels::kOfAvailableGroups && !IsAvailable(rule.group, data)) return {};
   if (rule.unit == Unit::kBlock) return {{block_address, kBlockSize}};
   std::vector<Piece> pieces;
   for (int offset = 0; offset < kBlockSize; ++offset) {
@@ -116,14 +117,37 @@ std::vector<Piece> PiecesToWrite(int block_address, const core::RadioData& data)
   return pieces;
 }
 
-std::size_t BytesToWrite(const core::RadioData& data) {
-  std::size_t bytes = 0;
+WireLoad LoadOfReading(std::int32_t last_index) {
+  WireLoad load;
+  for (int address = kFirstBlock; address <= last_index; address += kBlockSize) {
+    if (IsBlockRead(address)) AddReadBlock(load);
+  }
+  return load;
+}
+
+WireLoad LoadOfWriting(const core::RadioData& data, Channels channels) {
+  WireLoad load;
   for (int address = kFirstBlock; address <= data.Image.LastIndex(); address += kBlockSize) {
-    for (const Piece& piece : PiecesToWrite(address, data)) {
-      bytes += WireBytesOfWrite(piece.length);
+    for (const Piece& piece : PiecesToWrite(address, data, channels)) {
+      load.bytes += WireBytesOfWrite(piece.length);
+      ++load.sendings;
     }
   }
-  return bytes;
+  return load;
+}
+
+WireLoad LoadOfReadingBack(const core::RadioData& data, Channels channels) {
+  WireLoad load;
+  for (int address = kFirstBlock; address <= data.Image.LastIndex(); address += kBlockSize) {
+    if (!PiecesToWrite(address, data, channels).empty()) AddReadBlock(load);
+  }
+  return load;
+}
+
+double SecondsOnWire(const WireLoad& load) {
+  constexpr double kSecondsPerByte = 10.0 / 9600;  // start bit, 8 data bits, stop bit
+  return static_cast<double>(load.bytes) * kSecondsPerByte +
+         static_cast<double>(load.sendings) * kPauseBeforeSending + kEndOfPhasePause;
 }
 
 int PercentAt(int address, std::int32_t last_index) {

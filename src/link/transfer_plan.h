@@ -27,14 +27,32 @@ struct Piece {
 /// Short pieces cost more than their length tells: 1 byte 30, 16 bytes 60.
 [[nodiscard]] std::size_t WireBytesOfRead(int length);
 [[nodiscard]] std::size_t WireBytesOfWrite(int length);
-/// Bytes on the wire of the blocks of a whole read.
-[[nodiscard]] std::size_t BytesToRead(std::int32_t last_index);
+
+/// Whose channels are written.
+enum class Channels { kOfAvailableGroups, kOfAllGroups };
 
 /// What is written of the block at that address: nothing, the block, or chosen single bytes of it.
-/// The channel regions of groups that are not available are left out.
-[[nodiscard]] std::vector<Piece> PiecesToWrite(int block_address, const core::RadioData& data);
-/// Bytes on the wire of everything that a whole program run writes.
-[[nodiscard]] std::size_t BytesToWrite(const core::RadioData& data);
+[[nodiscard]] std::vector<Piece> PiecesToWrite(int block_address, const core::RadioData& data,
+                                               Channels channels = Channels::kOfAvailableGroups);
+
+/// What some of a run needs of the wire.
+struct WireLoad {
+  std::size_t bytes = 0;     ///< both ways, echoes not counted twice
+  std::size_t sendings = 0;  ///< transmissions of the PC, before each of which it pauses
+};
+/// The blocks of a whole read.
+[[nodiscard]] WireLoad LoadOfReading(std::int32_t last_index);
+/// Everything that a program run writes.
+[[nodiscard]] WireLoad LoadOfWriting(const core::RadioData& data,
+                                     Channels channels = Channels::kOfAvailableGroups);
+/// The same read again, by whole blocks.
+[[nodiscard]] WireLoad LoadOfReadingBack(const core::RadioData& data,
+                                         Channels channels = Channels::kOfAvailableGroups);
+/// The time that a phase with that load takes at 9600 baud, its prescribed pauses included.
+[[nodiscard]] double SecondsOnWire(const WireLoad& load);
+
+/// What each phase of blocks ends with, seconds.
+inline constexpr double kEndOfPhasePause = 0.500;
 
 /// How far a run has come at an address, in percent.
 [[nodiscard]] int PercentAt(int address, std::int32_t last_index);

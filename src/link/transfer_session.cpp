@@ -11,7 +11,7 @@
 #include "image/codec.h"
 #include "image/image_check.h"
 #include "image/layout_places.h"
-#include "link/transfer_plan.h"
+#include "link/fill_from_radio.h"
 
 namespace orvane::link {
 namespace {
@@ -19,7 +19,6 @@ namespace {
 namespace places = image::places;
 using core::MessageId;
 
-constexpr double kEndOfRunPause = 0.500;
 constexpr double kBeforeWritingPause = 0.010;
 
 // The image keeps its own bytes 0 and 1 whatever the radio holds.
@@ -53,14 +52,9 @@ core::Answer TransferSession::NotedPrompts::Show(const core::Message& message) {
   return prompts_.Show(message);
 }
 
-TransferOutcome TransferSession::Run(SessionKind kind) {
-  kind_ = kind;
-  routine_ = "frmRadio102.Connect";
-  block_.reset();
-  prompts_.told = false;
-  writing_begun_ = false;
-  transfer_done_ = false;
-  state_.Busy = true;
+TransferOutcome TransferSession::Run(SessionKind kind, const TransferOptions& options,
+                                     ProgramWitness* witness) {
+  Start(kind, options, witness);
   TransferOutcome outcome;
   try {
     CloneProtocol protocol(link_, prompts_, std::string(ModeTitle(kind)));
@@ -73,11 +67,38 @@ TransferOutcome TransferSession::Run(SessionKind kind) {
   link_.PortClose();
   services_.view.ShowProgress(0);
   state_.Busy = false;
-  if (transfer_done_) outcome.ending = Ending::kDone;
-  outcome.partly_written = writing_begun_ && !transfer_done_;
+  const bool differs = receipt_ && !receipt_->mismatches.empty();
+  if (transfer_done_) outcome.ending = differs ? Ending::kDiffers : Ending::kDone;
+  outcome.partly_written = writing_begun_ && (!transfer_done_ || differs);
+  if (outcome.ending == Ending::kCancelled && HasSeveralPhases() && !writing_begun_) {
+    prompts_.Show(core::MakeMessage(MessageId::kNothingWritten, ModeTitle(kind_)));
+  }
   outcome.said = prompts_.told;
   outcome.block = block_;
+  outcome.not_read_back = not_read_back_;
+  outcome.receipt = std::move(receipt_);
   return outcome;
+}
+
+void TransferSession::Start(SessionKind kind, const TransferOptions& options,
+                            ProgramWitness* witness) {
+  kind_ = kind;
+  options_ = kind == SessionKind::kProgram ? options : TransferOptions{};
+  witness_ = witness;
+  channels_ = options_.put_back ? Channels::kOfAllGroups : Channels::kOfAvailableGroups;
+  fills_ =
+      options_.fill_from_radio && !options_.put_back && FileLacksSomething(core::ProfileOf(data_));
+  routine_ = "frmRadio102.Connect";
+  block_.reset();
+  prompts_.told = false;
+  writing_begun_ = false;
+  transfer_done_ = false;
+  not_read_back_ = false;
+  bytes_done_ = 0;
+  began_ = services_.clock.Timestamp();
+  before_.reset();
+  receipt_.reset();
+  state_.Busy = true;
 }
 
 Ending TransferSession::EndingWithoutTransfer() const {
@@ -85,12 +106,17 @@ Ending TransferSession::EndingWithoutTransfer() const {
   return state_.Error ? Ending::kFailed : Ending::kDeclined;
 }
 
+std::string_view TransferSession::NoteOnRadio() const {
+  if (writing_begun_) return core::kPartlyWrittenText;
+  return kind_ == SessionKind::kProgram ? core::kNothingWrittenText : "";
+}
+
 void TransferSession::ReportUnexpected(const core::SystemError& error) {
   link_.WriteErrLog(routine_, error);
   prompts_.Show(core::MakeMessage(
       MessageId::kUnexpectedFailure, core::kProductName,
       link_.PortFacts({{"failure", std::to_string(error.number) + "\r\r" + error.description},
-                       {"note", std::string(writing_begun_ ? core::kPartlyWrittenText : "")}})));
+                       {"note", std::string(NoteOnRadio())}})));
   state_.Error = true;
   state_.Cancel = true;
 }
@@ -108,12 +134,11 @@ Ending TransferSession::RunSession(SessionKind kind, CloneProtocol& protocol) {
       ReadFromRadio(protocol);
       break;
     case SessionKind::kProgram: {
-      const core::Date today = services_.clock.Today();
-      if (!core::NarrowbandCheck(data_, core::NarrowbandDirection::kDownload, today, prompts_)) {
-        return Ending::kDeclined;
-      }
-      image::EncodeAll(data_, today);
-      image::ConsistencyPass(data_);
+      const bool goes =
+          options_.put_back || core::NarrowbandCheck(data_, core::NarrowbandDirection::kDownload,
+                                                     services_.clock.Today(), prompts_);
+      if (!goes) return Ending::kDeclined;
+      if (!fills_) EncodeForRadio();
       ProgramToRadio(protocol);
       break;
     }
@@ -133,9 +158,15 @@ bool TransferSession::RadioIsReady(CloneProtocol& protocol) {
   return !state_.Error;
 }
 
+void TransferSession::EncodeForRadio() {
+  if (options_.put_back) return;
+  image::EncodeAll(data_, services_.clock.Today());
+  image::ConsistencyPass(data_);
+}
+
 void TransferSession::ReadFromRadio(CloneProtocol& protocol) {
   if (!RadioIsReady(protocol)) return;
-  link_.Monitor("radio reading...");
+  BeginPhase("Reading", "radio reading...");
   core::MemoryImage buffer = data_.Image;
   ReadData(protocol, buffer);
   if (HasStopped()) return;
@@ -152,10 +183,40 @@ void TransferSession::ReadFromRadio(CloneProtocol& protocol) {
 }
 
 void TransferSession::ProgramToRadio(CloneProtocol& protocol) {
-  if (!RadioIsReady(protocol)) return;
-  link_.Monitor("radio writing...");
+  if (!RadioIsReady(protocol) || !ReadBeforeWriting(protocol)) return;
+  BeginPhase("Writing", "radio writing...");
   WriteData(protocol);
-  if (!HasStopped()) Complete();
+  if (HasStopped()) return;
+  transfer_done_ = true;
+  StartReceipt();
+  if (options_.read_back) ReadBack(protocol);
+  EndProgram();
+}
+
+bool TransferSession::ReadBeforeWriting(CloneProtocol& protocol) {
+  if (!options_.keep_copy && !fills_) return true;
+  BeginPhase(options_.keep_copy ? "Keeping a copy" : "Reading", "radio reading...");
+  core::RadioData radio;
+  radio.MODELTYPE = data_.MODELTYPE;
+  image::ResetToDefaults(radio, services_.clock.Today());
+  ReadData(protocol, radio.Image);
+  if (HasStopped()) return false;
+  image::DecodeAll(radio);
+  before_ = radio.Image;
+  if (options_.keep_copy && !KeepCopy(radio)) return false;
+  if (fills_) {
+    FillFromRadio(data_, radio);
+    EncodeForRadio();
+  }
+  return true;
+}
+
+bool TransferSession::KeepCopy(const core::RadioData& radio) {
+  if (witness_ == nullptr) return true;
+  const std::optional<core::SystemError> failure = witness_->RadioWasRead(radio);
+  if (!failure) return true;
+  Refuse(MessageId::kCopyNotKept, ModeTitle(kind_), {{"reason", failure->description + "."}});
+  return false;
 }
 
 // A press of Cancel may have fallen into an exchange that failed for another reason.
@@ -221,26 +282,34 @@ void TransferSession::CompareRadio(const core::MemoryImage& scratch, std::string
   }
 }
 
+// A program run goes on with the port as it is.
 void TransferSession::ReadData(CloneProtocol& protocol, core::MemoryImage& buffer) {
   if (!OpenForBlocks("frmRadio102.ReadData")) return;
+  const bool programs = kind_ == SessionKind::kProgram;
   const std::int32_t last = buffer.LastIndex();
-  bytes_done_ = 0;
-  bytes_total_ = BytesToRead(last);
-  services_.view.ShowProgress(0);
+  ShowWay(0);
   for (int address = kFirstBlock; address <= last && !HasStopped(); address += kBlockSize) {
-    services_.view.ShowProgress(PercentAt(address, last));
+    ShowWay(address);
     if (!IsBlockRead(address)) continue;
-    if (!link_.CancelRequested()) block_ = address;
-    if (!protocol.ReadBlock(buffer.All(), address, kBlockSize)) break;
-    bytes_done_ += WireBytesOfRead(kBlockSize);
-    services_.view.BlockDone(address, bytes_done_, bytes_total_);
+    if (!ReadNextBlock(protocol, buffer, address)) break;
   }
   const bool cancelled = Cancelled();
   if (cancelled) protocol.AbortTransfer();
-  link_.PortClose();
+  if (!programs || HasStopped()) link_.PortClose();
   if (cancelled) return;
-  if (state_.Error) return Refuse(MessageId::kExchangeFailed, core::kReadFromRadio);
-  services_.clock.Pause(kEndOfRunPause);
+  if (state_.Error) {
+    return Refuse(programs ? MessageId::kCopyFailed : MessageId::kExchangeFailed, ModeTitle(kind_));
+  }
+  services_.clock.Pause(kEndOfPhasePause);
+}
+
+bool TransferSession::ReadNextBlock(CloneProtocol& protocol, core::MemoryImage& buffer,
+                                    int address) {
+  if (!link_.CancelRequested()) block_ = address;
+  if (!protocol.ReadBlock(buffer.All(), address, kBlockSize)) return false;
+  bytes_done_ += WireBytesOfRead(kBlockSize);
+  services_.view.BlockDone(address, bytes_done_, bytes_total_);
+  return true;
 }
 
 // The byte and the bit that are the radio's own keep its values. Whether these two reads succeed
@@ -259,36 +328,37 @@ void TransferSession::TakeOverRadioBytes(CloneProtocol& protocol) {
 void TransferSession::WriteData(CloneProtocol& protocol) {
   if (!OpenForBlocks("frmRadio102.WriteData")) return;
   const std::int32_t last = data_.Image.LastIndex();
-  bytes_done_ = 0;
-  bytes_total_ = BytesToWrite(data_);
-  services_.view.ShowProgress(0);
+  ShowWay(0);
   TakeOverRadioBytes(protocol);
-  services_.view.ShowProgress(PercentAt(kPercentAddressBeforeWriting, last));
+  ShowWay(kPercentAddressBeforeWriting);
   services_.clock.Pause(kBeforeWritingPause);
-  image::WriteBits(data_.Image.All().data(), places::kWrittenMark, places::kWrittenMarkValue);
+  if (!options_.put_back) {
+    image::WriteBits(data_.Image.All().data(), places::kWrittenMark, places::kWrittenMarkValue);
+  }
 
   for (int address = kFirstBlock; address <= last; address += kBlockSize) {
-    services_.view.ShowProgress(PercentAt(address, last));
+    ShowWay(address);
     WriteRow(protocol, address);
     if (HasStopped()) break;
   }
-  link_.PortClose();
-  if (Cancelled()) {
+  const bool cancelled = Cancelled();
+  if (!options_.read_back || HasStopped()) link_.PortClose();
+  if (cancelled) {
     state_.Error = true;  // also when Cancel was pressed between two blocks that went well
     return;
   }
-  if (!state_.Error) return services_.clock.Pause(kEndOfRunPause);
+  if (!state_.Error) return services_.clock.Pause(kEndOfPhasePause);
   Refuse(MessageId::kWritingFailed, core::kProgramToRadio,
          {{"note", std::string(core::kPartlyWrittenText)}});
 }
 
 // A byte that fails does not stop the row, but the next one's success must not hide it.
 void TransferSession::WriteRow(CloneProtocol& protocol, int block_address) {
-  const std::vector<Piece> pieces = PiecesToWrite(block_address, data_);
+  const std::vector<Piece> pieces = PiecesAt(block_address);
   if (!pieces.empty() && !link_.CancelRequested()) block_ = block_address;
   bool failed = false;
   for (const Piece& piece : pieces) {
-    if (!link_.CancelRequested()) writing_begun_ = true;
+    if (!link_.CancelRequested()) BeginWriting();
     if (protocol.WriteBlock(data_.Image.All(), piece.address, piece.length)) {
       bytes_done_ += WireBytesOfWrite(piece.length);
     } else {
@@ -298,6 +368,41 @@ void TransferSession::WriteRow(CloneProtocol& protocol, int block_address) {
   state_.Error = failed;
   if (!pieces.empty() && !failed)
     services_.view.BlockDone(block_address, bytes_done_, bytes_total_);
+}
+
+std::vector<Piece> TransferSession::PiecesAt(int block_address) const {
+  return PiecesToWrite(block_address, data_, channels_);
+}
+
+void TransferSession::BeginWriting() {
+  if (!std::exchange(writing_begun_, true) && witness_ != nullptr) witness_->WritingBegins(data_);
+}
+
+bool TransferSession::HasSeveralPhases() const {
+  return options_.keep_copy || options_.read_back || fills_;
+}
+
+// What is still to come is counted anew: filling the data may change which groups are available.
+void TransferSession::BeginPhase(std::string_view name, std::string_view monitor) {
+  services_.view.Phase(name);
+  link_.Monitor(monitor);
+  if (kind_ == SessionKind::kRead) {
+    bytes_total_ = LoadOfReading(data_.Image.LastIndex()).bytes;
+    return;
+  }
+  if (receipt_) return;
+  bytes_total_ = bytes_done_ + LoadOfWriting(data_, channels_).bytes;
+  if ((options_.keep_copy || fills_) && !before_) {
+    bytes_total_ += LoadOfReading(data_.Image.LastIndex()).bytes;
+  }
+  if (options_.read_back) bytes_total_ += LoadOfReadingBack(data_, channels_).bytes;
+}
+
+// Over several phases the bytes tell how far the run has come, else the address does.
+void TransferSession::ShowWay(int address) {
+  services_.view.ShowProgress(HasSeveralPhases()
+                                  ? static_cast<int>(100 * bytes_done_ / bytes_total_)
+                                  : PercentAt(address, data_.Image.LastIndex()));
 }
 
 }  // namespace orvane::link

@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/memory_image.h"
 #include "core/messages.h"
@@ -10,8 +12,11 @@
 #include "core/run_state.h"
 #include "core/services.h"
 #include "link/clone_protocol.h"
+#include "link/receipt.h"
 #include "link/serial_link.h"
+#include "link/transfer_options.h"
 #include "link/transfer_outcome.h"
+#include "link/transfer_plan.h"
 
 namespace orvane::link {
 
@@ -24,7 +29,8 @@ enum class SessionKind { kRead = 0, kProgram = 1, kClear = 2 };
 /// data's model, product and destination, then read, program or clear.
 ///
 /// A read that fails or is cancelled leaves image and records exactly as they were. A failed or
-/// cancelled program run leaves the radio with a partly written image and says so.
+/// cancelled program run leaves the radio with a partly written image and says so, or says that
+/// nothing was written; the data are then as they were going to be written.
 class TransferSession {
  public:
   TransferSession(core::RadioData& data, core::RunState& state, const LinkServices& services,
@@ -32,8 +38,11 @@ class TransferSession {
 
   /// Runs the session to its end. Never throws. Busy flag set meanwhile; the port is closed
   /// afterwards. With the error flag set, the dialog stays open and OK may be pressed again. After
-  /// a cancelled program run, which shows no message, the caller shows core::kPartlyWrittenText.
-  TransferOutcome Run(SessionKind kind);
+  /// a program run that was cancelled while it wrote, which shows no message, the caller shows
+  /// core::kPartlyWrittenText; after kDiffers it shows which fields differ. The witness may be
+  /// null: a copy is read then and kept by nobody.
+  TransferOutcome Run(SessionKind kind, const TransferOptions& options = {},
+                      ProgramWitness* witness = nullptr);
 
  private:
   /// Knows whether the user has been told anything.
@@ -48,12 +57,19 @@ class TransferSession {
     core::Prompts& prompts_;
   };
 
+  void Start(SessionKind kind, const TransferOptions& options, ProgramWitness* witness);
   Ending RunSession(SessionKind kind, CloneProtocol& protocol);
   [[nodiscard]] Ending EndingWithoutTransfer() const;
   /// Tells the user of a failure that no exchange accounts for.
   void ReportUnexpected(const core::SystemError& error);
+  /// What a run that breaks off here has done to the radio.
+  [[nodiscard]] std::string_view NoteOnRadio() const;
+  void EncodeForRadio();
   void ReadFromRadio(CloneProtocol& protocol);
   void ProgramToRadio(CloneProtocol& protocol);
+  /// What the options ask of the radio before anything is written. False when that went wrong.
+  [[nodiscard]] bool ReadBeforeWriting(CloneProtocol& protocol);
+  [[nodiscard]] bool KeepCopy(const core::RadioData& radio);
   [[nodiscard]] bool RadioIsReady(CloneProtocol& protocol);
   [[nodiscard]] bool OpenForBlocks(std::string_view routine);
   [[nodiscard]] bool HasStopped() const { return state_.Error || state_.Cancel; }
@@ -64,9 +80,23 @@ class TransferSession {
   void ReadDataChkModel(CloneProtocol& protocol, std::string_view title);
   void CompareRadio(const core::MemoryImage& scratch, std::string_view title);
   void ReadData(CloneProtocol& protocol, core::MemoryImage& buffer);
+  bool ReadNextBlock(CloneProtocol& protocol, core::MemoryImage& buffer, int address);
   void WriteData(CloneProtocol& protocol);
   void TakeOverRadioBytes(CloneProtocol& protocol);
   void WriteRow(CloneProtocol& protocol, int block_address);
+  void BeginWriting();
+  [[nodiscard]] std::vector<Piece> PiecesAt(int block_address) const;
+
+  void StartReceipt();
+  void ReadBack(CloneProtocol& protocol);
+  /// False when not everything could be read.
+  [[nodiscard]] bool CompareBlocks(CloneProtocol& protocol);
+  void Compare(const core::MemoryImage& radio, const std::vector<Piece>& pieces);
+  void EndProgram();
+
+  void BeginPhase(std::string_view name, std::string_view monitor);
+  void ShowWay(int address);
+  [[nodiscard]] bool HasSeveralPhases() const;
 
   core::RadioData& data_;
   core::RunState& state_;
@@ -74,12 +104,20 @@ class TransferSession {
   NotedPrompts prompts_;
   SerialLink link_;
   SessionKind kind_ = SessionKind::kRead;
+  TransferOptions options_;
+  ProgramWitness* witness_ = nullptr;
+  Channels channels_ = Channels::kOfAvailableGroups;
+  bool fills_ = false;        ///< the data are to be filled from the radio
   std::string_view routine_;  ///< the step under way, as the error log names it
   std::size_t bytes_done_ = 0;
   std::size_t bytes_total_ = 0;
   std::optional<int> block_;  ///< address of the block under way
   bool writing_begun_ = false;
   bool transfer_done_ = false;
+  bool not_read_back_ = false;
+  std::string began_;
+  std::optional<core::MemoryImage> before_;  ///< the radio's memory, when it was read whole
+  std::optional<Receipt> receipt_;
 };
 
 }  // namespace orvane::link

@@ -11,13 +11,7 @@
 #include "link/port_links.h"
 #include "link/port_name.h"
 #include "platform/ansi_text.h"
-
-#ifdef Q_OS_UNIX
-#include <sys/stat.h>
-#endif
-#ifdef Q_OS_LINUX
-#include <sys/sysmacros.h>
-#endif
+#include "platform/system_devices.h"
 
 namespace orvane::platform {
 namespace {
@@ -71,21 +65,6 @@ std::vector<link::FoundPort> MachineDevices() {
 // What a linked device is called that the system does not list.
 std::string LinkedDescription(const std::string& device) {
   return device.starts_with("/dev/pts/") ? "Simulated radio" : "Serial port " + device;
-}
-
-// What is no terminal cannot be a port. It is not opened to find out: opening moves the lines of a
-// cable, and closing hangs up a pseudo-terminal.
-bool IsTerminal(const std::string& device) {
-  struct stat status = {};
-  if (::stat(device.c_str(), &status) != 0 || !S_ISCHR(status.st_mode)) return false;
-#ifdef Q_OS_LINUX
-  QFile drivers("/proc/tty/drivers");
-  if (!drivers.open(QIODevice::ReadOnly)) return true;
-  return link::HasTerminalDriver(drivers.readAll().toStdString(), major(status.st_rdev),
-                                 minor(status.st_rdev));
-#else
-  return true;
-#endif
 }
 
 std::vector<link::PinnedPort> ReadLinks(const std::string& folder) {

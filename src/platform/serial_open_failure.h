@@ -8,8 +8,8 @@
 namespace orvane::platform {
 
 /// Why a serial device could not be opened, in the system's words, and on the next line (CR LF)
-/// what the user can do about it: connect the device, close the program that uses it, join the
-/// group that owns it. `reported` is what the opening itself said.
+/// what the user can do about it, in the words of link::VerdictRows(). `reported` is what the
+/// opening itself said.
 [[nodiscard]] core::SystemError ExplainOpenFailure(const std::string& device,
                                                    const core::SystemError& reported);
 

@@ -94,7 +94,8 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
       ->check(AFault())
       ->allow_extra_args(false)
       ->type_name("FAULT");
-  app.add_option("--faults", texts.percent, "Faults of all kinds at P of a hundred exchanges")
+  app.add_option("--faults", texts.percent,
+                 "Faults of all kinds but the last three below at P of a\nhundred exchanges")
       ->check(NumberFrom(0, 100))
       ->type_name("P");
   app.add_option("--seed", options.seed,

@@ -139,7 +139,7 @@ class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
   void StrikeAt(const FaultRunner& runner, std::size_t index) {
     const Exchange& exchange = runner.Exchanges()[index];
     for (const FaultInfo& info : Faults()) {
-      if (!Affects(info.kind, exchange.kind)) continue;
+      if (IsLie(info.kind) || !Affects(info.kind, exchange.kind)) continue;
       const bool asks = info.kind == FaultKind::kRefusal || info.kind == FaultKind::kBusy;
       for (const double value : ValuesOf(info.kind, exchange)) {
         for (const bool agree : asks ? std::vector{true, false} : std::vector{true}) {
@@ -202,7 +202,7 @@ FaultCase RandomCase(std::uint64_t seed, const std::vector<Exchange>& exchanges)
   FaultCase fault_case{.seed = seed, .agree = below(2) == 0};
   if (below(2) == 0) fault_case.percent = std::array{0.1, 1.0, 10.0, 50.0}[below(4)];
   for (std::uint64_t count = below(4); count > 0; --count) {
-    Fault fault = MakeFault(static_cast<FaultKind>(below(kFaultKinds)), exchange());
+    Fault fault = MakeFault(static_cast<FaultKind>(below(kNoticedFaultKinds)), exchange());
     if (InfoOf(fault.kind).max_value > 0) fault.value = static_cast<double>(below(70));
     if (below(8) == 0) fault.number = 0;  // every time
     fault_case.faults.push_back(fault);

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -142,19 +141,6 @@ TEST(OpenFailure, NamesTheProgramThatUsesThePort) {
   other.closeWriteChannel();
   EXPECT_TRUE(other.waitForFinished());
   EXPECT_EQ(OpenRemedy(EBUSY, pty.Device()).value().find("process"), std::string::npos);
-}
-
-TEST(OpenFailure, NamesTheGroupToJoin) {
-  const QTemporaryDir folder;
-  const std::string device = ToUtf8(folder.filePath("device"));
-  QFile file(folder.filePath("device"));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  const std::string group = ToUtf8(QFileInfo(file).group());
-  ::chmod(device.c_str(), 0660);
-  EXPECT_NE(OpenRemedy(EACCES, device).value().find("Join the group \"" + group + "\""),
-            std::string::npos);
-  ::chmod(device.c_str(), 0600);
-  EXPECT_EQ(OpenRemedy(EACCES, device).value().find("Join"), std::string::npos);
 }
 
 TEST(EventPump, WakesWhenTheDeadlineHasPassedAndSleepsUntilThen) {

@@ -1,0 +1,165 @@
+#include "document/compare.h"
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <tuple>
+#include <utility>
+
+#include "core/model_profile.h"
+#include "core/text.h"
+#include "document/edits.h"
+#include "image/codec.h"
+#include "image/memory_differences.h"
+
+namespace orvane::document {
+namespace {
+
+using core::FieldRef;
+using core::RadioData;
+
+// The memory is the last table.
+std::span<const core::Table> RecordTables() {
+  return core::Catalogue().first(core::Catalogue().size() - 1);
+}
+
+std::string TextOf(const RadioData& data, FieldRef at) {
+  return core::FieldOf(at).notation->show(core::Get(data, at));
+}
+
+bool IsSame(const RadioData& a, const RadioData& b, FieldRef at) {
+  return core::Get(a, at) == core::Get(b, at);
+}
+
+void AddFields(const RadioData& ours, const RadioData& theirs, FieldRef at,
+               std::vector<Difference>& rows) {
+  const core::Table& table = core::TableOf(at);
+  if (table.same(table.record(ours, at.entry), table.record(theirs, at.entry))) return;
+  const core::ModelProfile& profile = core::ProfileOf(ours);
+  for (const core::Field& field : table.fields) {
+    if (!field.derived && core::HasField(profile, table, field) && !IsSame(ours, theirs, at)) {
+      rows.push_back({at, core::NameOf(at), TextOf(ours, at), TextOf(theirs, at)});
+    }
+    ++at.field;
+  }
+}
+
+void AddMemory(const RadioData& ours, const RadioData& theirs, std::vector<Difference>& rows) {
+  FieldRef at{.table = static_cast<std::uint8_t>(RecordTables().size())};
+  for (image::MemoryDifference& each :
+       image::MemoryDifferences(core::ProfileOf(ours), ours.Image, theirs.Image)) {
+    at.entry = static_cast<std::uint16_t>(each.bits.FirstByte() / core::kRunLength);
+    rows.push_back(
+        {at, std::move(each.name), std::move(each.ours), std::move(each.theirs), each.bits});
+  }
+}
+
+/// One taking over, field by field until nothing moves any more: a field may be refused until
+/// another one has come, and a rule may change one that has come already.
+class Taking {
+ public:
+  Taking(RadioData& data, const RadioData& theirs, core::Date today)
+      : data_(data), theirs_(theirs), today_(today), before_(std::make_unique<RadioData>(data)) {}
+
+  void Want(FieldRef at) {
+    if (known_.insert({at.table, at.entry, at.field}).second) wanted_.push_back({at, {}});
+  }
+
+  void Run() {
+    // Two fields that exclude each other push each other out without end.
+    constexpr int kRounds = 6;
+    for (int round = 0; round < kRounds; ++round) {
+      const bool moved = SetAll();
+      const bool more = WantDraggedAlong();
+      if (!moved && !more) return;
+    }
+  }
+
+  [[nodiscard]] std::vector<TakeOverRefusal> Refusals() const {
+    std::vector<TakeOverRefusal> refusals;
+    for (const Wanted& each : wanted_) {
+      if (IsSame(data_, theirs_, each.at)) continue;
+      refusals.push_back({each.at, core::NameOf(each.at), ReasonOf(each)});
+    }
+    return refusals;
+  }
+
+ private:
+  struct Wanted {
+    FieldRef at;
+    std::string refusal;  ///< of the last try
+  };
+
+  bool SetAll() {
+    bool moved = false;
+    for (Wanted& each : wanted_) {
+      if (IsSame(data_, theirs_, each.at)) continue;
+      const core::Value value = core::Get(data_, each.at);
+      each.refusal = SetField(data_, each.at, TextOf(theirs_, each.at), today_);
+      moved = moved || core::Get(data_, each.at) != value;
+    }
+    return moved;
+  }
+
+  bool WantDraggedAlong() {
+    const std::size_t count = wanted_.size();
+    for (const core::Change& change : core::Differences(*before_, data_)) {
+      const bool settable =
+          change.at.table < RecordTables().size() && !core::FieldOf(change.at).derived;
+      if (settable && change.before == core::Get(theirs_, change.at)) Want(change.at);
+    }
+    return wanted_.size() > count;
+  }
+
+  [[nodiscard]] std::string ReasonOf(const Wanted& wanted) const {
+    if (!wanted.refusal.empty()) return wanted.refusal;
+    if (core::EqualsIgnoringCase(TextOf(data_, wanted.at), TextOf(theirs_, wanted.at))) {
+      return "It is kept in capitals.";
+    }
+    return "It does not go together with the other fields.";
+  }
+
+  RadioData& data_;
+  const RadioData& theirs_;
+  core::Date today_;
+  std::unique_ptr<const RadioData> before_;
+  std::vector<Wanted> wanted_;
+  std::set<std::tuple<int, int, int>> known_;
+};
+
+}  // namespace
+
+Comparison Compare(const RadioData& ours, const RadioData& theirs) {
+  if (&core::ProfileOf(ours) != &core::ProfileOf(theirs)) return {true, {}};
+  Comparison comparison;
+  FieldRef at;
+  for (const core::Table& table : RecordTables()) {
+    if (core::Has(core::ProfileOf(ours), table.when)) {
+      for (int entry = 0; entry < table.count; ++entry) {
+        at.entry = static_cast<std::uint16_t>(entry);
+        AddFields(ours, theirs, at, comparison.rows);
+      }
+    }
+    ++at.table;
+  }
+  AddMemory(ours, theirs, comparison.rows);
+  return comparison;
+}
+
+std::vector<TakeOverRefusal> TakeOver(RadioData& data, const RadioData& theirs,
+                                      std::span<const Difference> chosen, core::Date today) {
+  const bool sel1 = image::Sel1(data.Image);
+  Taking taking(data, theirs, today);
+  for (const Difference& row : chosen) {
+    if (row.IsMemory()) {
+      image::CopyBits(data.Image, theirs.Image, row.bits);
+    } else {
+      taking.Want(row.at);
+    }
+  }
+  if (image::Sel1(data.Image) != sel1) image::CopyPlanSelection(data);
+  taking.Run();
+  return taking.Refusals();
+}
+
+}  // namespace orvane::document

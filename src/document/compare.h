@@ -1,0 +1,54 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/calendar.h"
+#include "core/catalogue.h"
+#include "core/radio_data.h"
+#include "image/bits.h"
+
+/// How two data sets of one model differ, as a user reads it, and how to take differences over.
+namespace orvane::document {
+
+/// One row of a comparison. Texts are 8-bit Windows-1252, like the data.
+struct Difference {
+  core::FieldRef at;  ///< the field; for memory without a field the run in which it lies
+  std::string name;   ///< "USA 22A CH Name"; for memory "USA 3 stored channel", "Memory 1F00"
+  std::string ours;   ///< in the field's notation; for memory a number or hexadecimal bytes
+  std::string theirs;
+  image::Bits bits{};  ///< memory without a field: which bits; none for a field
+
+  [[nodiscard]] bool IsMemory() const { return bits.count > 0; }
+};
+
+/// In catalogue order, so that the rows of one table stand together; core::TableOf(row.at).label
+/// names the group.
+struct Comparison {
+  bool different_models = false;  ///< then there are no rows, and nothing can be taken over
+  std::vector<Difference> rows;
+
+  [[nodiscard]] bool AreEqual() const { return !different_models && rows.empty(); }
+};
+
+/// Left out is what the model lacks, what follows from other fields or from the channel plan, and
+/// memory that a record tells of or that radio and program write by themselves (checksum, model
+/// code, product). So data sets that compare equal may still differ in bytes that no user set.
+[[nodiscard]] Comparison Compare(const core::RadioData& ours, const core::RadioData& theirs);
+
+/// A field that could not become what the other data set has there.
+struct TakeOverRefusal {
+  core::FieldRef at;
+  std::string name;
+  std::string reason;  ///< a sentence
+};
+
+/// Body of the edit "Take over": the chosen rows of Compare(data, theirs) become as in theirs, each
+/// by the rule of SetField. What a rule drags along is put back where both were equal before, so
+/// that taking over makes no new differences; those not chosen may follow the rule. All that is not
+/// refused has been taken over. REQUIRES: data sets of one model.
+std::vector<TakeOverRefusal> TakeOver(core::RadioData& data, const core::RadioData& theirs,
+                                      std::span<const Difference> chosen, core::Date today);
+
+}  // namespace orvane::document

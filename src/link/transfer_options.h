@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+
+#include "core/radio_data.h"
+#include "core/services.h"
+
+namespace orvane::link {
+
+/// What a program run does beside writing. Each adds a phase of its own; with none of them the
+/// exchange with the radio is the plain one. Other runs do not look at them.
+struct TransferOptions {
+  /// The radio's memory is read whole, after the model check and before anything is written, and
+  /// handed to the witness.
+  bool keep_copy = false;
+  /// What was written is read again and compared before "Complete!!".
+  bool read_back = false;
+  /// The data came from a settings file: what such a file has no place for stays as the radio has
+  /// it (see FillFromRadio). One reading serves keep_copy as well. Nothing is read for models whose
+  /// settings file holds everything.
+  bool fill_from_radio = false;
+  /// The data are a copy of a radio and go back as they stand: the image byte for byte, nothing
+  /// encoded, repaired or asked, and the channels of every group whether available or not, as the
+  /// run that is undone may have written them.
+  bool put_back = false;
+};
+
+/// Who keeps what a program run must not lose. Called in the middle of the run, with the port open:
+/// nothing of it may take long or run the session's own events.
+class ProgramWitness {
+ public:
+  virtual ~ProgramWitness() = default;
+  /// With keep_copy: what the radio holds, decoded. Memory that no read covers is as in a new data
+  /// set. A failure ends the run: the session tells it, and that nothing was written.
+  [[nodiscard]] virtual std::optional<core::SystemError> RadioWasRead(
+      const core::RadioData& radio) = 0;
+  /// Directly before the first byte of memory is written: the data exactly as it will be written.
+  virtual void WritingBegins(const core::RadioData& sent) = 0;
+};
+
+}  // namespace orvane::link
