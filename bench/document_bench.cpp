@@ -7,6 +7,7 @@
 #include "core/field_ref.h"
 #include "document/compare.h"
 #include "document/document.h"
+#include "document/problems.h"
 
 namespace orvane::bench {
 namespace {
@@ -85,6 +86,36 @@ void CompareAllChannels(benchmark::State& state) {
   CompareWith(state, theirs);
 }
 BENCHMARK(CompareAllChannels)->Unit(benchmark::kMicrosecond);
+
+void ProblemsOf(benchmark::State& state, const core::RadioData& data) {
+  for (auto _ : state) {
+    state.counters["problems"] = static_cast<double>(document::FindProblems(data, kToday).size());
+  }
+}
+void ProblemsOfAUsedRadio(benchmark::State& state) {
+  ProblemsOf(state, UsedRadio());
+}
+BENCHMARK(ProblemsOfAUsedRadio)->Unit(benchmark::kMicrosecond);
+
+void ProblemsOfANewDataSet(benchmark::State& state) {
+  ProblemsOf(state, document::NewContents(kModel, kToday).data);
+}
+BENCHMARK(ProblemsOfANewDataSet)->Unit(benchmark::kMicrosecond);
+
+/// Each marine channel is on, lets nothing out and has a name that comes back cut.
+void ProblemsOfAllChannels(benchmark::State& state) {
+  core::RadioData data = UsedRadio();
+  for (core::MarineTable& table : data.Marine) {
+    for (core::ChannelRecord& channel : table) {
+      channel.Enable = channel.TxEnable = true;
+      channel.LowPower = false;
+      channel.TXPower = 0;
+      channel.ChTag = "CH " + std::to_string(channel.Position) + ".A";
+    }
+  }
+  ProblemsOf(state, data);
+}
+BENCHMARK(ProblemsOfAllChannels)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace orvane::bench
