@@ -109,6 +109,28 @@ bool Documents::SaveSnapshot(const std::string& path, const core::RadioData& dat
   return SaveBytes(path, data, {std::nullopt, files::SnapshotText(data, heading)});
 }
 
+std::optional<core::SystemError> Documents::SaveCopy(const std::string& path,
+                                                     const core::RadioData& radio,
+                                                     const files::SnapshotHeading& heading) {
+  const auto memory = radio.Image.Used();
+  std::string bytes(memory.begin(), memory.end());
+  if (Extension(path) == ".dat") {
+    bytes = files::SettingFileText(radio);
+  } else if (Extension(path) != ".hex") {
+    bytes = files::SnapshotText(radio, heading);
+  }
+  return services_.files.WriteFile(path, bytes);
+}
+
+bool Documents::SaveText(const std::string& path, const std::string& text) {
+  const std::optional<core::SystemError> error = services_.files.WriteFile(path, text);
+  if (error) {
+    prompts_.Show(core::MakeMessage(core::MessageId::kFileSave, core::kProgramTitle,
+                                    core::FileFacts(path, *error)));
+  }
+  return !error;
+}
+
 bool Documents::SaveImage(const std::string& path, core::RadioData& data) {
   state_.Cancel = false;
   files::SaveHexFileAs(data, state_, path, services_.files, prompts_, log_);

@@ -31,6 +31,13 @@ class Documents {
   /// Nothing encoded, nothing repaired.
   [[nodiscard]] bool SaveSnapshot(const std::string& path, const core::RadioData& data,
                                   const files::SnapshotHeading& heading);
+  /// What a radio held, by extension: .hex the memory as it was read, .dat, else a snapshot. The
+  /// failure has not been told.
+  [[nodiscard]] std::optional<core::SystemError> SaveCopy(const std::string& path,
+                                                          const core::RadioData& radio,
+                                                          const files::SnapshotHeading& heading);
+  /// Text that is no data set.
+  [[nodiscard]] bool SaveText(const std::string& path, const std::string& text);
   /// The image as it stands.
   [[nodiscard]] bool SaveImage(const std::string& path, core::RadioData& data);
 

@@ -34,7 +34,9 @@ constexpr std::array<CommandInfo, 11> kCommands = {{
     {Command::kPorts, "ports", "ports [--json]", "the serial ports"},
     {Command::kRead, "read", "[--yes] read --model M --port P -o OUT [--raw] [--base FILE]",
      "the radio's contents into a file"},
-    {Command::kProgram, "program", "[--yes] program [--model M] --port P IN",
+    {Command::kProgram, "program",
+     "[--yes] program [--model M] --port P IN [--keep FILE] [--verify] [--receipt FILE] "
+     "[--base FILE]",
      "a file's contents into the radio"},
     {Command::kBackups, "backups", "backups [list|show ID|restore ID -o OUT]",
      "data sets that were kept when they were read, programmed or replaced"},
@@ -124,6 +126,15 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
       model();
       port();
       input(kDocument)->required();
+      app.add_option("--keep", raw.options.keep,
+                     "first read what the radio holds into this file: .hex the memory, .dat, else "
+                     "a snapshot");
+      app.add_flag("--verify", raw.options.verify, "read back what was written and compare it");
+      app.add_option("--receipt", raw.options.receipt,
+                     "file for an account of the run: .json, else a text");
+      app.add_option("--base", raw.options.base,
+                     "take what a .dat file has no place for (MMSI, DSC, call signs) from this "
+                     ".dat, .hex, .orvsnap or template .ini file, not from the radio");
       break;
     case Command::kBackups:
       app.add_option("ACTION", raw.options.action, "list, show or restore; list when left out");
@@ -209,11 +220,30 @@ std::optional<std::string> TakeValues(RawOptions& raw) {
   return std::nullopt;
 }
 
+// A file that is written must be no other file of the command: it would be lost.
+std::optional<std::string> WrongFiles(const Options& options) {
+  if (!options.base.empty() && Extension(options.input) != ".dat") {
+    return "--base goes with a .dat file; \"" + options.input + "\" holds everything itself.";
+  }
+  std::vector<std::string> files = {options.input, options.base};
+  for (const std::string& written : {options.keep, options.receipt}) {
+    if (written.empty()) continue;
+    if (std::find(files.begin(), files.end(), written) != files.end()) {
+      return "\"" + written + "\" stands for two files.";
+    }
+    files.push_back(written);
+  }
+  return std::nullopt;
+}
+
 std::optional<std::string> FindMistake(RawOptions& raw) {
   if (std::optional<std::string> wrong = TakeValues(raw)) return wrong;
   if (raw.options.command == Command::kBackups) return WrongBackups(raw.options);
   if (std::optional<std::string> wrong = WrongInput(raw.options)) return wrong;
   if (std::optional<std::string> wrong = WrongOutput(raw.options)) return wrong;
+  if (raw.options.command == Command::kProgram) {
+    if (std::optional<std::string> wrong = WrongFiles(raw.options)) return wrong;
+  }
   if (raw.options.base.empty()) return std::nullopt;
   return WrongExtension(raw.options.base, "The --base file",
                         {".dat", ".hex", files::kSnapshotEnding, ".ini"});

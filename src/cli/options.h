@@ -37,6 +37,9 @@ struct Options {
   std::string input;
   std::string output;
   std::string base;
+  std::string keep;                 ///< program: file for what the radio held before
+  std::string receipt;              ///< program: file for the receipt
+  bool verify = false;              ///< program: read back what was written
   std::string action = "list";      ///< backups: list, show or restore
   std::string id;                   ///< of a backup
   std::vector<std::string> fields;  ///< get: paths; set: PATH=VALUE

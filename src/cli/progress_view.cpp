@@ -33,7 +33,7 @@ void ProgressView::BlockDone(int address, std::size_t bytes_so_far, std::size_t 
   if (!terminal_) return;
   std::ostringstream line;
   line << std::setw(3) << percent_ << " %  block "
-       << core::HexText(static_cast<unsigned>(address), 4);
+       << core::HexText(static_cast<unsigned>(address), 4) << "  " << phase_;
   if (const auto figures = pace_.BlockDone(bytes_so_far, bytes_total, clock_.Now())) {
     line << "  " << std::lround(figures->bytes_per_second) << " bytes/s  "
          << link::MinutesAndSeconds(figures->seconds_left) << " left";

@@ -1,10 +1,17 @@
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "cli/commands.h"
 #include "cli/progress_view.h"
+#include "cli/receipt_json.h"
 #include "core/app_settings.h"
 #include "core/messages.h"
+#include "core/product.h"
+#include "files/receipt_text.h"
+#include "link/fill_from_radio.h"
 #include "link/transfer_session.h"
 #include "platform/qt_port_finder.h"
 
@@ -25,6 +32,31 @@ link::PortLabel LabelOf(const PortChoice& choice, link::PortFinder& finder) {
   return {std::get<std::string>(choice), {}};
 }
 
+/// Writes the file of --keep.
+class CopyKeeper : public link::ProgramWitness {
+ public:
+  CopyKeeper(Workplace& place, files::SnapshotHeading heading)
+      : place_(place), heading_(std::move(heading)) {}
+  std::optional<core::SystemError> RadioWasRead(const core::RadioData& radio) override {
+    const std::string& path = place_.options.keep;
+    std::optional<core::SystemError> error = place_.documents.SaveCopy(path, radio, heading_);
+    if (error) error->description = path + ": " + error->description;
+    return error;
+  }
+  void WritingBegins(const core::RadioData& /*sent*/) override {}
+
+ private:
+  Workplace& place_;
+  files::SnapshotHeading heading_;
+};
+
+void TellDifferences(Workplace& place, const link::Receipt& receipt) {
+  constexpr std::size_t kMostLines = 100;
+  const std::string lines = files::FieldLines(files::DifferingFields(receipt), kMostLines);
+  place.prompts.Show(core::MakeMessage(core::MessageId::kRadioDiffers, core::kProgramToRadio,
+                                       {{"fields", "\r\n" + lines}}));
+}
+
 // What a message of the session has said already, the block apart, is not said again.
 void TellEnding(Workplace& place, link::SessionKind kind, const link::TransferOutcome& outcome,
                 const link::PortLabel& port) {
@@ -40,7 +72,9 @@ void TellEnding(Workplace& place, link::SessionKind kind, const link::TransferOu
   place.prompts.Show(message);
 }
 
-bool Transfer(Workplace& place, core::RadioData& data, link::SessionKind kind) {
+link::TransferOutcome Transfer(Workplace& place, core::RadioData& data, link::SessionKind kind,
+                               const link::TransferOptions& options = {},
+                               link::ProgramWitness* witness = nullptr) {
   const PortChoice& choice = place.options.port;
   const link::PortLabel label = LabelOf(choice, place.services.ports);
   const std::unique_ptr<link::SerialPort> port =
@@ -54,12 +88,40 @@ bool Transfer(Workplace& place, core::RadioData& data, link::SessionKind kind) {
   {
     const platform::WhileInterruptible cancel(place.services.interrupts,
                                               [&place] { place.state.Cancel = true; });
-    outcome = session.Run(kind);
+    outcome = session.Run(kind, options, witness);
   }
   place.err.Finish();
-  if (outcome.ending == link::Ending::kDone) return true;
-  if (outcome.ending != link::Ending::kDeclined) TellEnding(place, kind, outcome, label);
-  return false;
+  switch (outcome.ending) {
+    case link::Ending::kDone:
+    case link::Ending::kDeclined:
+      break;
+    case link::Ending::kDiffers:
+      TellDifferences(place, *outcome.receipt);
+      break;
+    default:
+      TellEnding(place, kind, outcome, label);
+  }
+  return outcome;
+}
+
+// What the file to program does not hold comes from --base, or else from the radio.
+bool LoadToProgram(Workplace& place, core::RadioData& data) {
+  const Options& options = place.options;
+  if (!place.documents.Load(options.input, options.model, data)) return false;
+  if (options.base.empty()) return true;
+  core::RadioData base;
+  if (!place.documents.Load(options.base, data.MODELTYPE, base)) return false;
+  link::FillFromRadio(data, base);
+  return true;
+}
+
+bool SaveReceipt(Workplace& place, link::Receipt receipt) {
+  receipt.file = place.options.input;
+  const std::vector<files::DifferingField> fields = files::DifferingFields(receipt);
+  const std::string& path = place.options.receipt;
+  return place.documents.SaveText(path, Extension(path) == ".json"
+                                            ? ReceiptJson(receipt, fields)
+                                            : files::ReceiptText(receipt, fields));
 }
 
 }  // namespace
@@ -71,7 +133,7 @@ bool RunRead(Workplace& place) {
   if (!options.base.empty() && !place.documents.Load(options.base, options.model, data)) {
     return false;
   }
-  if (!Transfer(place, data, link::SessionKind::kRead)) return false;
+  if (Transfer(place, data, link::SessionKind::kRead).ending != link::Ending::kDone) return false;
   if (Extension(options.output) == files::kSnapshotEnding) {
     return place.documents.SaveSnapshot(options.output, data,
                                         {place.services.clock.Timestamp(), "read",
@@ -82,9 +144,24 @@ bool RunRead(Workplace& place) {
 }
 
 bool RunProgram(Workplace& place) {
+  const Options& options = place.options;
   core::RadioData data;
-  return place.documents.Load(place.options.input, place.options.model, data) &&
-         Transfer(place, data, link::SessionKind::kProgram);
+  if (!LoadToProgram(place, data)) return false;
+  for (const std::string& path : {options.keep, options.receipt}) {
+    if (!path.empty() && !place.documents.CheckOutput(path, data)) return false;
+  }
+  CopyKeeper keeper(place, {place.services.clock.Timestamp(), "before programming",
+                            LabelOf(options.port, place.services.ports).Text()});
+  const link::TransferOutcome outcome =
+      Transfer(place, data, link::SessionKind::kProgram,
+               {.keep_copy = !options.keep.empty(),
+                .read_back = options.verify,
+                .fill_from_radio = Extension(options.input) == ".dat" && options.base.empty()},
+               &keeper);
+  const bool told =
+      !outcome.receipt || options.receipt.empty() || SaveReceipt(place, *outcome.receipt);
+  // Who asked for proof and got none is not done.
+  return told && outcome.ending == link::Ending::kDone && !outcome.not_read_back;
 }
 
 }  // namespace orvane::cli

@@ -45,6 +45,13 @@ TEST_F(CliBench, WrongUsageSaysWhatIsWrongAndWhatIsRight) {
       {{"backups", "restore", "0123ABCD"}, "restore needs -o", "restore ID -o OUT"},
       {{"backups", "show", "0123ABCD", "-o", "a.dat"}, "Only restore takes -o", "backups ["},
       {{"program", "--port", "1"}, "IN is required", "program [--model M] --port P IN"},
+      {{"program", "--port", "1", "a.hex", "--base", "b.dat"},
+       "--base goes with a .dat file",
+       "[--base FILE]"},
+      {{"program", "--port", "1", "a.dat", "--keep", "a.dat"}, "stands for two", "[--keep FILE]"},
+      {{"program", "--port", "1", "a.dat", "--keep", "b", "--receipt", "b"},
+       "for two",
+       "--receipt"},
   };
   for (const auto& expected : cases) {
     EXPECT_EQ(Run(expected.words), kWrongUsage);

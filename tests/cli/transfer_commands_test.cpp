@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "cli_bench.h"
 #include "files/settings_file.h"
+#include "image/codec.h"
 
 namespace orvane::cli {
 namespace {
@@ -67,6 +69,10 @@ TEST_F(TransferCommands, EverythingIsCheckedBeforeThePortIsTouched) {
   files.failing["got.hex"] = {30, "Read-only file system"};
   EXPECT_EQ(Run(read_), kFailed);
   EXPECT_TRUE(ErrHas("FileSave Error!!\ngot.hex: Read-only file system\n")) << err_;
+  for (const char* const option : {"--keep", "--receipt"}) {
+    EXPECT_EQ(Run({"program", "--port", "16", "radio.hex", option, "got.hex"}), kFailed);
+    EXPECT_TRUE(ErrHas("FileSave Error!!\ngot.hex: Read-only file system\n")) << err_;
+  }
   EXPECT_EQ(Run({"program", "--port", "16", "missing.hex"}), kFailed);
   EXPECT_EQ(Run({"program", "--port", "16", "--model", "4", "radio.hex"}), kFailed);
   EXPECT_TRUE(ErrHas("ModelType Error !!"));
@@ -104,6 +110,89 @@ TEST_F(TransferCommands, ProgramWritesTheFileIntoTheRadio) {
   ASSERT_EQ(Run(read_), kDone) << err_;
   ASSERT_EQ(Run({"show", "got.hex"}), kDone);
   EXPECT_NE(out_.find("    16: enable on name \"HARBOUR\""), std::string::npos);
+}
+
+TEST_F(TransferCommands, ProgramKeepsWhatWasThereComparesAndGivesAReceipt) {
+  const std::string before = Memory();
+  sample.Table(core::MarineGroup::kUsa)[32].ChTag = "HARBOUR";
+  files.files["boat.dat"] = files::SettingFileText(sample, bench.pump);
+  const Words words = {"--yes", "program", "--port", "16", "boat.dat", "--verify", "--keep"};
+  for (const char* const kept : {"old.hex", "old.dat", "old.orvsnap", "old"}) {
+    std::copy(before.begin(), before.end(), bench.radio.Memory().begin());
+    Words all = words;
+    all.insert(all.end(), {kept, "--receipt", "run.txt"});
+    ASSERT_EQ(Run(all), kDone) << err_;
+  }
+  EXPECT_EQ(files.files["old.hex"].substr(64, 13504), before.substr(64, 13504));
+  EXPECT_EQ(files.files["old.dat"].substr(0, 7), "[MAIN]\r");
+  EXPECT_EQ(files.files["old.orvsnap"], files.files["old"]);
+  ASSERT_EQ(Run({"get", "old.orvsnap", "usa/16/name"}), kDone) << err_;
+  EXPECT_NE(out_, "HARBOUR\n");
+  const std::string& receipt = files.files["run.txt"];
+  EXPECT_NE(receipt.find("\r\nPort            COM16 Simulated radio\r\nModel           KT740\r\n"
+                         "Destination     KT740-usa\r\nFile            boat.dat\r\n"),
+            std::string::npos)
+      << receipt;
+  EXPECT_NE(receipt.find("\r\nDifferences     none\r\n"), std::string::npos) << receipt;
+
+  // As the radio is now, read whole, is what the receipt of the run before says.
+  Words all = words;
+  all.insert(all.end(), {"new.hex", "--receipt", "run.json"});
+  ASSERT_EQ(Run(all), kDone) << err_;
+  const auto json = nlohmann::json::parse(files.files["run.json"]);
+  EXPECT_EQ(json["verified"], true);
+  EXPECT_EQ(json["crc32_before"], json["crc32_after"]);
+  EXPECT_NE(receipt.find("CRC-32 after    " + json["crc32_before"].get<std::string>()),
+            std::string::npos)
+      << receipt;
+  EXPECT_EQ(json["bytes_written"].get<int>(), json["bytes_compared"].get<int>() + 1);
+  EXPECT_TRUE(json["bytes"].empty());
+}
+
+TEST_F(TransferCommands, ARadioThatLiesIsToldOfByFieldAndByteAndEndsInFailure) {
+  sample.Table(core::MarineGroup::kUsa)[32].ChTag = "HARBOUR";
+  files.files["boat.dat"] = files::SettingFileText(sample, bench.pump);
+  const Words words = {"--yes",    "program",  "--port",    "16",
+                       "boat.dat", "--verify", "--receipt", "run.json"};
+  Fault("other-stored@write");  // the first byte of each
+  EXPECT_EQ(Run(words), kFailed);
+  EXPECT_TRUE(ErrHas("Program to Radio: The radio does not hold what was sent.\n")) << err_;
+  EXPECT_TRUE(ErrHas("\nUSA 16 CH Name: sent HARBOUR, the radio holds IARBOUR\n")) << err_;
+  EXPECT_FALSE(ErrHas("Complete!!"));
+  const auto json = nlohmann::json::parse(files.files["run.json"]);
+  EXPECT_EQ(json["verified"], false);
+  const nlohmann::json name = {{"address", 3456}, {"written", 'H'}, {"found", 'I'}};
+  EXPECT_NE(std::find(json["bytes"].begin(), json["bytes"].end(), name), json["bytes"].end());
+
+  Fault("missing-reply@read:900");  // counted since the first run
+  EXPECT_EQ(Run(words), kFailed) << "who asks for proof gets it or a failure";
+  EXPECT_TRUE(ErrHas("has acknowledged everything, but it could not be read back.\n")) << err_;
+}
+
+TEST_F(TransferCommands, ASettingsFileLeavesARadiosOwnMmsiOrTakesItFromTheBase) {
+  core::RadioData radio = image::MakeSampleRadio(0, testing::kAfterCutOver);
+  files.files["boat.dat"] = files::SettingFileText(radio, bench.pump);
+  radio.Dsc.UserMmsi = "211234560";
+  image::EncodeAll(radio, testing::kAfterCutOver);
+  std::ranges::copy(link::RadioMemory(core::ProfileOf(0), radio.Image.Used()),
+                    bench.radio.Memory().begin());
+  const Words program = {"program", "--port", "16", "boat.dat"};
+  const Words mmsi = {"get", "now.orvsnap", "dsc/user_mmsi"};
+  const Words read = {"read", "--model", "0", "--port", "16", "-o", "now.orvsnap"};
+  ASSERT_EQ(Run(program), kDone) << err_;
+  ASSERT_EQ(Run(read), kDone) << err_;
+  ASSERT_EQ(Run(mmsi), kDone) << err_;
+  EXPECT_EQ(out_, "211234560\n");
+
+  ASSERT_EQ(Run({"set", "now.orvsnap", "dsc/user_mmsi=232009876", "-o", "base.orvsnap"}), kDone);
+  bench.asked.clear();
+  Words from_base = program;
+  from_base.insert(from_base.end(), {"--base", "base.orvsnap"});
+  ASSERT_EQ(Run(from_base), kDone) << err_;
+  EXPECT_LT(Count(ExchangeKind::kRead), 10) << "nothing is read for it";
+  ASSERT_EQ(Run(read), kDone) << err_;
+  ASSERT_EQ(Run(mmsi), kDone) << err_;
+  EXPECT_EQ(out_, "232009876\n");
 }
 
 TEST_F(TransferCommands, ARadioThatRefusesForEverEndsTheRunEvenWithYes) {
@@ -148,7 +237,7 @@ TEST_F(TransferCommands, ProgressShowsOnATerminalOnly) {
   services.terminals.err = true;
   ASSERT_EQ(Run(read_), kDone);
   EXPECT_TRUE(err_.starts_with("\rconnecting on COM16 Simulated radio...")) << err_;
-  EXPECT_TRUE(ErrHas("\r 83 %  block 34F0  ")) << err_;
+  EXPECT_TRUE(ErrHas("\r 83 %  block 34F0  Reading  ")) << err_;
   EXPECT_TRUE(ErrHas(" bytes/s  0:0"));
   EXPECT_TRUE(ErrHas("\nRead from Radio: Complete!!\n")) << "messages start on a line of their own";
 }

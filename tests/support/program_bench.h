@@ -90,10 +90,10 @@ inline std::vector<link::Mismatch> TrueDifferences(const core::RadioData& sent,
   for (int block = 64; block <= sent.Image.LastIndex(); block += 16) {
     for (const link::Piece& piece : link::PiecesToWrite(block, sent)) {
       for (int at = piece.address; at < piece.address + piece.length; ++at) {
-        const std::uint8_t found = memory[static_cast<std::size_t>(at)];
         const int own = at == 90 ? 0xFF : (at == 168 ? 0x04 : 0);
-        if (((found ^ sent.Image[at]) & ~own) == 0) continue;
-        differences.push_back({at, sent.Image[at], found});
+        const int held = memory[static_cast<std::size_t>(at)];
+        const auto found = static_cast<std::uint8_t>((held & ~own) | (sent.Image[at] & own));
+        if (found != sent.Image[at]) differences.push_back({at, sent.Image[at], found});
       }
     }
   }
