@@ -20,11 +20,11 @@
 
 #include "link/clone_frame.h"
 
-/// One whole read and one whole program run of orvane-cli against orvane-radio at 9600 baud over a
-/// pseudo-terminal. Compares the time that passes with the time the wire itself needs for the bytes
-/// that travelled, plus the pauses that the protocol prescribes, and shows the processor time of
-/// orvane-cli. A bare loop that reads the same bytes shows what of it is the machine's. Takes
-/// minutes.
+/// A whole read, a whole program run, and one that keeps a copy first and reads back, of orvane-cli
+/// against orvane-radio at 9600 baud over a pseudo-terminal. Compares the time that passes with the
+/// time the wire itself needs for the bytes that travelled, plus the pauses that the protocol
+/// prescribes, and shows the processor time of orvane-cli. A bare loop that reads the same bytes
+/// shows what of it is the machine's. Takes minutes.
 ///   transfer_bench [FOLDER]     the programs stand in FOLDER, else beside this one
 namespace orvane::bench {
 namespace {
@@ -245,6 +245,9 @@ int main(int argc, char** argv) {
       Measure(programs, folder, "read", {"read", "--model", "5", "--port", "16", "-o", image}, 0);
   MeasureBareLoop(programs, folder, steps);
   Measure(programs, folder, "program", {"program", "--port", "16", image}, kBeforeWritingPause);
+  Measure(programs, folder, "proven",
+          {"program", "--port", "16", image, "--keep", folder / "kept.hex", "--verify"},
+          kBeforeWritingPause + 2 * kEndPause);
   fs::remove_all(folder);
   return 0;
 }

@@ -5,7 +5,6 @@
 #include <optional>
 #include <string_view>
 
-#include "core/ansi.h"
 #include "core/number_text.h"
 #include "document/compare.h"
 #include "files/snapshot.h"
@@ -16,26 +15,8 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-void AddUtf8(std::string& text, char32_t code_point) {
-  const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
-  if (code_point < 0x80) return add(code_point);
-  if (code_point < 0x800) {
-    add(0xC0 | code_point >> 6);
-  } else {
-    add(0xE0 | code_point >> 12);
-    add(0x80 | (code_point >> 6 & 0x3F));
-  }
-  add(0x80 | (code_point & 0x3F));
-}
-
-std::string Utf8(std::string_view ansi) {
-  std::string text;
-  for (const char c : ansi) AddUtf8(text, core::AnsiCodePoint(c));
-  return text;
-}
-
-std::string Shown(std::string_view value) {
-  return value.empty() ? "nothing" : Utf8(value);
+std::string Shown(std::string value) {
+  return value.empty() ? "nothing" : value;
 }
 
 std::string ByteText(std::uint8_t byte) {
@@ -59,9 +40,13 @@ std::string LineOf(const DifferingField& field) {
   return field.name + ": sent " + field.sent + ", the radio holds " + field.found;
 }
 
+std::string Count(std::size_t number, const std::string& what) {
+  return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
+}
+
 std::string Amount(std::size_t bytes, std::size_t blocks) {
   if (bytes == 0) return "nothing";
-  return std::to_string(bytes) + " bytes in " + std::to_string(blocks) + " blocks";
+  return Count(bytes, "byte") + " in " + Count(blocks, "block");
 }
 
 std::string CrcText(std::optional<std::uint32_t> crc) {
@@ -69,7 +54,7 @@ std::string CrcText(std::optional<std::uint32_t> crc) {
 }
 
 std::string Verdict(const link::Receipt& receipt) {
-  if (!receipt.mismatches.empty()) return std::to_string(receipt.mismatches.size()) + " bytes";
+  if (!receipt.mismatches.empty()) return Count(receipt.mismatches.size(), "byte");
   return receipt.compared_all ? "none" : "not known, not everything was read back";
 }
 
@@ -81,7 +66,7 @@ std::vector<DifferingField> DifferingFields(const link::Receipt& receipt) {
   const auto found = image::Decoded(receipt.model_type, receipt.found);
   std::vector<DifferingField> fields;
   for (const document::Difference& row : document::Compare(*sent, *found).rows) {
-    fields.push_back({Utf8(row.name), Shown(row.ours), Shown(row.theirs)});
+    fields.push_back({row.name, Shown(row.ours), Shown(row.theirs)});
   }
   return fields.empty() ? DifferingBytes(receipt) : fields;
 }

@@ -6,7 +6,8 @@
 
 #include "link/receipt.h"
 
-/// A program run's receipt as it is shown, saved and printed. Texts are UTF-8, lines end in CR LF.
+/// A program run's receipt as it is shown, saved and printed. Lines end in CR LF; port and file are
+/// UTF-8 as they came, and what is decoded from a radio's memory is ASCII.
 namespace orvane::files {
 
 /// What a radio holds otherwise than it was sent.

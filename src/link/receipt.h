@@ -23,13 +23,13 @@ struct Mismatch {
 ///
 /// Differing fields are named by decoding `sent` and `found`, which differ in the mismatches alone.
 struct Receipt {
-  std::string began;  ///< local time, "2026-11-24 23:40:12"
-  std::string ended;
-  std::string port;  ///< "COM3 USB serial adapter"
+  std::string began{};  ///< local time, "2026-11-24 23:40:12"
+  std::string ended{};
+  std::string port{};  ///< "COM3 USB serial adapter"
   std::int16_t model_type = 0;
-  std::string model;        ///< as displayed
-  std::string destination;  ///< "KT740-usa"
-  std::string file{};       ///< of the data; the session does not know it, its caller fills it in
+  std::string model{};        ///< as displayed
+  std::string destination{};  ///< "KT740-usa"
+  std::string file{};         ///< of the data; the session does not know it, its caller fills it in
 
   std::size_t bytes_written = 0;
   std::size_t blocks_written = 0;  ///< of 16 bytes, in whole or in part
@@ -37,16 +37,16 @@ struct Receipt {
   std::size_t bytes_compared = 0;
   std::size_t blocks_compared = 0;
   bool compared_all = false;
-  std::vector<Mismatch> mismatches;  ///< by address
+  std::vector<Mismatch> mismatches{};  ///< by address
 
   /// CRC-32 of the radio's memory, the bytes that no read covers as 255. Before: when it was read
   /// whole. After: as found where it was read back, else as sent; what was not written is the
   /// radio's when it was read whole, else the data's.
-  std::optional<std::uint32_t> crc_before;
+  std::optional<std::uint32_t> crc_before{};
   std::uint32_t crc_after = 0;
 
-  core::MemoryImage sent;
-  core::MemoryImage found;  ///< `sent` where nothing was compared
+  core::MemoryImage sent{};
+  core::MemoryImage found{};  ///< `sent` where nothing was compared
 
   /// The radio holds what was sent.
   [[nodiscard]] bool Verified() const { return compared_all && mismatches.empty(); }

@@ -331,7 +331,7 @@ void SimulatedRadio::Store(int address, std::vector<std::uint8_t> bytes) {
     Struck(lie->kind);
     if (lie->kind == FaultKind::kNotStored) return;
     if (lie->kind == FaultKind::kForgottenBlock) {
-      std::fill_n(memory_.begin() + address / kBlock * kBlock, kBlock, kAbsentByte);
+      std::fill_n(memory_.begin() + (address - address % kBlock), kBlock, kAbsentByte);
       return;
     }
     bytes[IndexOf(lie->value, bytes.size())] ^= 1U;

@@ -130,8 +130,9 @@ std::set<std::size_t> Places(const std::vector<Exchange>& exchanges) {
 
 class FaultMatrix : public ::testing::TestWithParam<std::int16_t> {
  public:
-  static FaultRunner MakeRunner(SessionKind kind, bool all_groups) {
-    return {Desk(GetParam(), all_groups), SampleMemory(GetParam()), kind};
+  static FaultRunner MakeRunner(SessionKind kind, bool all_groups,
+                                const TransferOptions& options = {}) {
+    return {Desk(GetParam(), all_groups), SampleMemory(GetParam()), kind, options};
   }
   void TearDown() override { RecordProperty("runs", runs); }
 
@@ -223,10 +224,15 @@ TEST_P(FaultMatrix, RandomFaultsKeepEveryPromise) {
   const FaultRunner read = MakeRunner(SessionKind::kRead, true);
   const FaultRunner program = MakeRunner(SessionKind::kProgram, false);
   const FaultRunner program_all = MakeRunner(SessionKind::kProgram, true);
+  const FaultRunner proven =
+      MakeRunner(SessionKind::kProgram, false, {.keep_copy = true, .read_back = true});
   // Seeds are shared out among the models, so that a seed stands for its model too.
   for (std::uint64_t seed = first; seed < first + all_runs; ++seed) {
     if (seed % kModels != model) continue;
-    const FaultRunner& runner = seed % 3 == 0 ? read : (seed % 10 == 1 ? program_all : program);
+    const FaultRunner& runner = seed % 3 == 0    ? read
+                                : seed % 10 == 1 ? program_all
+                                : seed % 10 == 4 ? proven
+                                                 : program;
     const FaultCase fault_case = RandomCase(seed, runner.Exchanges());
     ++runs;
     ASSERT_EQ(runner.Check(fault_case), "")

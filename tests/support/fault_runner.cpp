@@ -85,7 +85,8 @@ bool IsKnownFailure(const core::Message& message, std::string_view title) {
   static constexpr std::string_view kTexts =
       "|Communication Error!!|Radio not ready!!|Radio is busy!!|ACMD Command error!!|error!!|"
       "port inicialize error!!|time out!!|cancel!!|address error!!|data error!!|"
-      "confirm the synchronization of the communication|";
+      "confirm the synchronization of the communication|Nothing was written to the radio.|"
+      "The radio was written and has acknowledged everything, but it could not be read back.|";
   if (message.title == "Orvane") return message.text == "5\r\rInput/output error";
   if (message.title == "Model Check") return message.text == "Communication Error!!";
   return message.title == title && kTexts.find("|" + message.text + "|") != std::string_view::npos;
@@ -122,8 +123,11 @@ std::string CaseText(const FaultCase& fault_case) {
 }
 
 FaultRunner::FaultRunner(core::RadioData desk, std::vector<std::uint8_t> radio_memory,
-                         SessionKind kind)
-    : desk_(std::move(desk)), radio_memory_(std::move(radio_memory)), kind_(kind) {
+                         SessionKind kind, const link::TransferOptions& options)
+    : desk_(std::move(desk)),
+      radio_memory_(std::move(radio_memory)),
+      kind_(kind),
+      options_(options) {
   ideal_ = RunOnce(desk_, radio_memory_, {});
 }
 
@@ -157,7 +161,7 @@ FaultRunner::Run FaultRunner::RunOnce(const core::RadioData& data,
   radio.SetObserver([&](const link::Exchange& exchange) { run.asked.push_back(exchange); });
 
   const double start = clock.now;
-  run.outcome = session.Run(kind_);
+  run.outcome = session.Run(kind_, options_);
   run.seconds = clock.now - start;
   run.seconds_after_cancel = run.cancelled ? clock.now - cancelled_at : 0;
   run.done = run.outcome.ending == link::Ending::kDone;
@@ -180,9 +184,11 @@ std::string FaultRunner::CheckEnding(const Run& run) const {
   const std::string_view title = link::ModeTitle(kind_);
   std::string broken;
   if (run.state.Busy || run.port_open) broken += "left busy or open; ";
-  if (run.done != Contains(run.messages, "Complete!!")) broken += "\"Complete!!\" is not true; ";
+  const bool proven = run.done && !run.outcome.not_read_back;
+  if (proven != Contains(run.messages, "Complete!!")) broken += "\"Complete!!\" is not true; ";
   if (run.done && run.state.Error) broken += "done with error; ";
   if (!run.done && !run.state.Error && !run.state.Cancel) broken += "no flag is set; ";
+  if (run.outcome.ending == link::Ending::kDiffers) broken += "an honest radio is accused; ";
   if (run.outcome.ending == link::Ending::kCancelled && !run.cancelled) {
     broken += "ended as cancelled by nobody; ";
   }
@@ -223,6 +229,8 @@ std::string FaultRunner::CheckWrites(const Run& run) const {
       broken += "byte " + std::to_string(address) + " was written; ";
     }
   }
+  if (changed && Contains(run.messages, core::kNothingWrittenText))
+    broken += "\"Nothing was written\" is not true; ";
   if (changed && !run.done && !run.outcome.partly_written)
     broken += "a partly written radio kept quiet; ";
   if (run.outcome.partly_written && !run.cancelled &&
@@ -245,7 +253,8 @@ std::string FaultRunner::CheckCancelled(const Run& run) const {
   const bool in_blocks = kind_ == SessionKind::kRead && PhaseAt(under_way) == Phase::kBlocks;
   if (in_blocks && run.asked.back().kind != ExchangeKind::kCancel) broken += "no CAN; ";
   for (const core::Message& message : run.messages) {
-    if (message.text != "cancel!!" && message.text != "Radio not ready!!") {
+    if (message.text != "cancel!!" && message.text != "Radio not ready!!" &&
+        message.text != core::kNothingWrittenText) {
       broken += "Cancel answered by " + Told(message) + "; ";
     }
   }

@@ -39,7 +39,8 @@ enum class Outcome { kSuccess, kFailure, kEither };
 /// same session succeeds once the fault is gone.
 class FaultRunner {
  public:
-  FaultRunner(core::RadioData desk, std::vector<std::uint8_t> radio_memory, link::SessionKind kind);
+  FaultRunner(core::RadioData desk, std::vector<std::uint8_t> radio_memory, link::SessionKind kind,
+              const link::TransferOptions& options = {});
 
   /// The exchanges of a run without faults.
   [[nodiscard]] const std::vector<link::Exchange>& Exchanges() const { return ideal_.asked; }
@@ -84,6 +85,7 @@ class FaultRunner {
   core::RadioData desk_;
   std::vector<std::uint8_t> radio_memory_;
   link::SessionKind kind_;
+  link::TransferOptions options_;
   Run ideal_;
 };
 
