@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-std::string Shown(std::string value) {
+std::string Shown(const std::string& value) {
   return value.empty() ? "nothing" : value;
 }
 

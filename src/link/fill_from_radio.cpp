@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 
 #include "image/codec.h"
 #include "image/raw_areas.h"
@@ -28,14 +29,7 @@ void CopyBytes(const core::MemoryImage& from, core::MemoryImage& to, int first, 
   std::copy_n(from.All().begin() + first, count, to.All().begin() + first);
 }
 
-}  // namespace
-
-bool FileLacksSomething(const core::ModelProfile& profile) {
-  return profile.has_dsc || profile.has_call_signs || !profile.has_channel_names ||
-         !profile.HasTones();
-}
-
-void FillFromRadio(core::RadioData& data, const core::RadioData& radio) {
+void FillFields(core::RadioData& data, const core::RadioData& radio) {
   const core::ModelProfile& profile = core::ProfileOf(data);
   if (profile.has_dsc) {
     data.Dsc = radio.Dsc;
@@ -51,18 +45,38 @@ void FillFromRadio(core::RadioData& data, const core::RadioData& radio) {
     }
   }
   if (!profile.HasTones()) FillExtraChannels(data.EXP, radio.EXP);
+}
 
-  const core::MemoryImage file = data.Image;
+void FillMemory(core::MemoryImage& image, const core::MemoryImage& radio) {
+  const core::MemoryImage file = image;
   for (int address = kFirstBlock; address <= file.LastIndex(); address += kBlockSize) {
-    if (IsBlockRead(address)) CopyBytes(radio.Image, data.Image, address, kBlockSize);
+    if (IsBlockRead(address)) CopyBytes(radio, image, address, kBlockSize);
   }
   for (int group = 0; group < image::kStoredChannelGroups; ++group) {
     for (int slot = 0; slot < image::kStoredChannelSlots; ++slot) {
-      image::SetStoredChannel(data.Image, group, slot, image::StoredChannel(file, group, slot));
+      image::SetStoredChannel(image, group, slot, image::StoredChannel(file, group, slot));
     }
   }
-  CopyBytes(file, data.Image, image::kPriSetChOffset, image::kPriSetChLength);
-  image::SetDestinationBits(data.Image, image::Sel1(file), image::Sel2(file));
+  CopyBytes(file, image, image::kPriSetChOffset, image::kPriSetChLength);
+  image::SetDestinationBits(image, image::Sel1(file), image::Sel2(file));
+}
+
+}  // namespace
+
+bool FileLacksSomething(const core::ModelProfile& profile) {
+  return profile.has_dsc || profile.has_call_signs || !profile.has_channel_names ||
+         !profile.HasTones();
+}
+
+void FillFromRadio(core::RadioData& data, const core::RadioData& radio,
+                   std::span<const core::FieldRef> but_not) {
+  const auto own = std::make_unique<core::RadioData>(data);
+  FillFields(data, radio);
+  FillMemory(data.Image, radio.Image);
+  for (const core::FieldRef& field : but_not) {
+    if (core::TableOf(field).kind == core::TableKind::kMemory) continue;
+    core::Set(data, field, core::Get(*own, field));
+  }
 }
 
 }  // namespace orvane::link

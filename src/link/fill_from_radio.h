@@ -1,5 +1,8 @@
 #pragma once
 
+#include <span>
+
+#include "core/catalogue.h"
 #include "core/model_profile.h"
 #include "core/radio_data.h"
 
@@ -13,7 +16,9 @@ namespace orvane::link {
 
 /// Gives data that came from a settings file everything else as the radio has it: those fields, and
 /// the memory that neither records nor the file hold. To be encoded afterwards. The group
-/// directory, which no read covers, stays the data's. REQUIRES: both are of one model.
-void FillFromRadio(core::RadioData& data, const core::RadioData& radio);
+/// directory, which no read covers, stays the data's, and so do the fields named. REQUIRES: both
+/// are of one model.
+void FillFromRadio(core::RadioData& data, const core::RadioData& radio,
+                   std::span<const core::FieldRef> but_not = {});
 
 }  // namespace orvane::link

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
+#include "core/catalogue.h"
 #include "core/radio_data.h"
 #include "core/services.h"
 
@@ -19,6 +21,9 @@ struct TransferOptions {
   /// it (see FillFromRadio). One reading serves keep_copy as well. Nothing is read for models whose
   /// settings file holds everything.
   bool fill_from_radio = false;
+  /// Of what is filled in, fields that the user has set since the file was opened: they go as they
+  /// are (core::Differences of the data as opened and now tells them).
+  std::vector<core::FieldRef> edited{};
   /// The data are a copy of a radio and go back as they stand: the image byte for byte, nothing
   /// encoded, repaired or asked, and the channels of every group whether available or not, as the
   /// run that is undone may have written them.

@@ -205,7 +205,7 @@ bool TransferSession::ReadBeforeWriting(CloneProtocol& protocol) {
   before_ = radio.Image;
   if (options_.keep_copy && !KeepCopy(radio)) return false;
   if (fills_) {
-    FillFromRadio(data_, radio);
+    FillFromRadio(data_, radio, options_.edited);
     EncodeForRadio();
   }
   return true;

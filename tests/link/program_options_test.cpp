@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/narrowband.h"
+#include "core/text.h"
 #include "files/settings_file.h"
 #include "support/program_bench.h"
 
@@ -106,6 +107,24 @@ TEST_P(ProgramOptions, ASettingsFileProgramsWhatItHoldsAndLeavesTheRest) {
     EXPECT_EQ(alone.Memory(), bench.Memory());
     EXPECT_EQ(alone.radio.asked.size() == bench.radio.asked.size(), lacks);
   }
+}
+
+TEST(FillFromRadio, WhatTheUserHasSetSinceGoesAsItIs) {
+  core::RadioData desk = testing::NewData(0);
+  RandomData random(6);
+  const core::RadioData opened = desk;
+  desk.EXP[3].ChTag = "MINE";
+  desk.Dsc.UserMmsi = "232001234";
+  std::vector<core::FieldRef> edited;
+  for (const core::Change& change : core::Differences(opened, desk)) edited.push_back(change.at);
+  ProgramBench bench(desk, RandomMemory(random, desk));
+  EXPECT_EQ(bench.Run({.keep_copy = true, .fill_from_radio = true, .edited = edited}).ending,
+            Ending::kDone);
+  EXPECT_EQ(bench.data.EXP[3].ChTag, "MINE");
+  EXPECT_EQ(bench.data.EXP[4].ChTag, core::UpperCase(bench.witness.kept->EXP[4].ChTag));
+  EXPECT_EQ(bench.data.Dsc.UserMmsi, "232001234");
+  bench.data.Dsc.UserMmsi = bench.witness.kept->Dsc.UserMmsi;
+  EXPECT_EQ(bench.data.Dsc, bench.witness.kept->Dsc);
 }
 
 INSTANTIATE_TEST_SUITE_P(Models, ProgramOptions, ::testing::Range<std::int16_t>(0, 7));
