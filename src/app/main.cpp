@@ -24,6 +24,7 @@
 #include "platform/qt_serial_port.h"
 #include "platform/qt_settings_store.h"
 #include "platform/report_printer.h"
+#include "platform/system_devices.h"
 
 namespace {
 
@@ -95,6 +96,7 @@ int main(int argc, char** argv) {
   platform::QtFileStore files(platform::CopiesFolder());
   platform::FileErrorLog log(platform::ErrorLogPath(), state.Debug);
   platform::QtPortFinder ports(platform::PortLinksFolder());
+  platform::SystemDevices devices;
   platform::QtFileDialogs dialogs;
 
   platform::QtRecoveryStore recovery(platform::RecoveryFolder());
@@ -123,7 +125,8 @@ int main(int argc, char** argv) {
                                                 .program_folder = platform::ProgramFolder(),
                                                 .backups_folder = platform::BackupsFolder(),
                                                 .previous_folder = platform::PreviousFolder(),
-                                                .data_folder = platform::DataFolder()};
+                                                .data_folder = platform::DataFolder(),
+                                                .devices = &devices};
   orvane::editor::MainWindow window(services);
   window.show();
   if (!words.file.empty()) {

@@ -1,5 +1,5 @@
-// Writes the page of messages: each comment <!-- messages: GROUP --> of the page given is replaced
-// by the table rows of that group.
+// Fills a page of the help: each comment <!-- messages: GROUP --> of the page given is replaced by
+// the table rows of that group, <!-- verdicts --> by those of the connection's verdicts.
 
 #include <array>
 #include <cstddef>
@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "core/messages.h"
+#include "link/doctor.h"
 
 namespace {
 
@@ -66,15 +67,32 @@ std::string Rows(core::MessageGroup group) {
   return rows;
 }
 
+std::string Verdicts() {
+  std::string rows = "<tr><th>Verdict</th><th>What to do</th></tr>\n";
+  for (const orvane::link::VerdictRow& row : orvane::link::VerdictRows()) {
+    rows += "<tr><td>" + Linked(row.text) + "</td><td>" + Linked(row.remedy);
+    if (!row.command.empty()) rows += "<br><code>" + Linked(row.command) + "</code>";
+    rows += "</td></tr>\n";
+  }
+  return rows;
+}
+
+/// True when the page had the place.
+bool Fill(std::string& page, std::string_view place, const std::string& rows) {
+  const std::string mark = "<!-- " + std::string(place) + " -->\n";
+  const std::size_t at = page.find(mark);
+  if (at == std::string::npos) return false;
+  page.replace(at, mark.size(), rows);
+  return true;
+}
+
+/// A page has the places of all groups of messages, or that of the verdicts.
 bool Fill(std::string& page) {
+  if (Fill(page, "verdicts", Verdicts())) return true;
   for (const auto& [name, group] : kGroups) {
-    const std::string mark = "<!-- messages: " + std::string(name) + " -->\n";
-    const std::size_t at = page.find(mark);
-    if (at == std::string::npos) {
-      std::cerr << "the page has no place for the messages: " << name << '\n';
-      return false;
-    }
-    page.replace(at, mark.size(), Rows(group));
+    if (Fill(page, "messages: " + std::string(name), Rows(group))) continue;
+    std::cerr << "the page has no place for the messages: " << name << '\n';
+    return false;
   }
   return true;
 }

@@ -29,6 +29,10 @@ struct Workplace {
 /// Tells what is wrong with what was asked for. Always false.
 bool Refuse(Workplace& place, const std::string& what, std::string sentence);
 
+/// What a port is opened by.
+[[nodiscard]] std::string DeviceToOpen(const PortChoice& choice, link::PortFinder& finder);
+[[nodiscard]] link::PortLabel LabelOf(const PortChoice& choice, link::PortFinder& finder);
+
 /// Each command returns whether it did its work; a failure has been told.
 [[nodiscard]] bool RunNew(Workplace& place);
 [[nodiscard]] bool RunConvert(Workplace& place);
@@ -41,5 +45,6 @@ bool Refuse(Workplace& place, const std::string& what, std::string sentence);
 [[nodiscard]] bool RunRead(Workplace& place);
 [[nodiscard]] bool RunProgram(Workplace& place);
 [[nodiscard]] bool RunBackups(Workplace& place);
+[[nodiscard]] bool RunDoctor(Workplace& place);
 
 }  // namespace orvane::cli

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <ostream>
 #include <string>
 
 #include "core/radio_data.h"
@@ -11,6 +12,8 @@ namespace orvane::cli {
 /// Everything the model has, in a fixed order. Keys are the records' field names in small letters;
 /// texts are UTF-8, frequencies MHz, channel references combined channel numbers (-1 none).
 [[nodiscard]] nlohmann::ordered_json DataTree(const core::RadioData& data);
+
+void PrintJson(std::ostream& out, const nlohmann::ordered_json& tree);
 
 /// The tree as indented lines, one for each record. Of channels and directories only the enabled
 /// entries are listed, and of them only what is neither off, 0 nor empty.

@@ -9,18 +9,6 @@
 #include "platform/ansi_text.h"
 
 namespace orvane::cli {
-namespace {
-
-constexpr int kJsonIndent = 2;
-
-void PrintJson(std::ostream& out, const nlohmann::ordered_json& tree) {
-  using Json = nlohmann::ordered_json;
-  // Paths and descriptions of the system may hold bytes that are no UTF-8.
-  out << tree.dump(kJsonIndent, ' ', false, Json::error_handler_t::replace) << '\n';
-}
-
-}  // namespace
-
 bool RunNew(Workplace& place) {
   core::RadioData data = place.documents.Fresh(*place.options.model);
   return place.documents.CheckOutput(place.options.output, data) &&

@@ -23,6 +23,7 @@
 #include "platform/qt_file_store.h"
 #include "platform/qt_port_finder.h"
 #include "platform/qt_serial_port.h"
+#include "platform/system_devices.h"
 
 namespace {
 
@@ -65,6 +66,7 @@ int main(int argc, char** argv) {
   platform::QtEventPump pump(clock);
   platform::FileErrorLog log(platform::ErrorLogPath(), true);
   platform::QtPortFinder ports(platform::PortLinksFolder());
+  platform::SystemDevices devices;
   platform::SignalInterrupts interrupts;
   cli::Services services{
       files,
@@ -78,6 +80,7 @@ int main(int argc, char** argv) {
         return platform::PdfReport(data, {{}, clock.Today()});
       },
       {IsTerminal(0), IsTerminal(1), IsTerminal(2)},
-      platform::BackupsFolder()};
+      platform::BackupsFolder(),
+      &devices};
   return cli::Run(words, std::cin, std::cout, std::cerr, services);
 }

@@ -20,7 +20,7 @@ struct CommandInfo {
   std::string_view usage;  ///< behind the program's name
   std::string_view help;
 };
-constexpr std::array<CommandInfo, 11> kCommands = {{
+constexpr std::array<CommandInfo, 12> kCommands = {{
     {Command::kNew, "new", "[--yes] new --model M -o OUT", "a fresh data set, saved"},
     {Command::kConvert, "convert", "[--yes] convert IN OUT",
      "between .hex, .dat, .orvsnap and to .txt, .pdf, by extension"},
@@ -40,6 +40,8 @@ constexpr std::array<CommandInfo, 11> kCommands = {{
      "a file's contents into the radio"},
     {Command::kBackups, "backups", "backups [list|show ID|restore ID -o OUT]",
      "data sets that were kept when they were read, programmed or replaced"},
+    {Command::kDoctor, "doctor", "doctor [--port P] [--model M] [--json]",
+     "the serial ports and who has them; with --port, what is wrong there up to the radio"},
 }};
 
 // The words as they stand, before their values are looked at.
@@ -70,7 +72,7 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
   };
   const auto model = [&] { return word("--model", raw.model, "MODELTYPE 0 to 6"); };
   const auto port = [&] {
-    word("--port", raw.port, "port number, COM and number, or device path")->required();
+    return word("--port", raw.port, "port number, COM and number, or device path");
   };
   const auto input = [&](const char* help) {
     return app.add_option("IN", raw.options.input, help);
@@ -116,7 +118,7 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
       break;
     case Command::kRead:
       model()->required();
-      port();
+      port()->required();
       output();
       app.add_flag("--raw", raw.options.raw, "write the image exactly as received (.hex)");
       app.add_option("--base", raw.options.base,
@@ -124,7 +126,7 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
       break;
     case Command::kProgram:
       model();
-      port();
+      port()->required();
       input(kDocument)->required();
       app.add_option("--keep", raw.options.keep,
                      "first read what the radio holds into this file: .hex the memory, .dat, else "
@@ -141,6 +143,11 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
       app.add_option("ID", raw.options.id, "which one, as the list names it");
       app.add_option("-o,--output", raw.options.output,
                      "restore: file to write; .hex the memory, .dat, else a snapshot");
+      break;
+    case Command::kDoctor:
+      port();
+      model();
+      json();
       break;
   }
 }
@@ -169,7 +176,8 @@ std::optional<std::string> WrongInput(const Options& options) {
     return WrongExtension(options.input, "The image file", {".hex", files::kSnapshotEnding});
   }
   if (options.command == Command::kNew || options.command == Command::kPorts ||
-      options.command == Command::kRead || options.command == Command::kBackups) {
+      options.command == Command::kRead || options.command == Command::kBackups ||
+      options.command == Command::kDoctor) {
     return std::nullopt;
   }
   return WrongExtension(options.input, "The file to read",

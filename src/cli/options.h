@@ -20,7 +20,8 @@ enum class Command {
   kPorts,
   kRead,
   kProgram,
-  kBackups
+  kBackups,
+  kDoctor
 };
 
 /// A port number 1..16, or the path of a device.
@@ -33,7 +34,7 @@ struct Options {
   bool json = false;
   bool raw = false;
   std::optional<std::int16_t> model;
-  PortChoice port = 0;
+  PortChoice port = 0;  ///< 0: none was named
   std::string input;
   std::string output;
   std::string base;

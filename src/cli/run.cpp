@@ -43,6 +43,8 @@ bool Execute(Workplace& place) {
       return RunProgram(place);
     case Command::kBackups:
       return RunBackups(place);
+    case Command::kDoctor:
+      return RunDoctor(place);
   }
   return false;
 }

@@ -6,6 +6,7 @@
 
 #include "core/radio_data.h"
 #include "core/services.h"
+#include "link/doctor.h"
 #include "link/port_list.h"
 #include "link/serial_port.h"
 #include "platform/interrupts.h"
@@ -31,7 +32,8 @@ struct Services {
   /// The printed report as PDF bytes, or why it cannot be made.
   std::function<core::FileBytes(const core::RadioData& data)> make_pdf;
   Terminals terminals;
-  std::string backups_folder;  ///< of the backup library
+  std::string backups_folder;            ///< of the backup library
+  link::DeviceFacts* devices = nullptr;  ///< null: the system tells nothing about them
 };
 
 }  // namespace orvane::cli

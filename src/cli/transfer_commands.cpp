@@ -16,7 +16,6 @@
 #include "platform/qt_port_finder.h"
 
 namespace orvane::cli {
-namespace {
 
 std::string DeviceToOpen(const PortChoice& choice, link::PortFinder& finder) {
   if (const int* const number = std::get_if<int>(&choice)) {
@@ -31,6 +30,8 @@ link::PortLabel LabelOf(const PortChoice& choice, link::PortFinder& finder) {
   }
   return {std::get<std::string>(choice), {}};
 }
+
+namespace {
 
 /// Writes the file of --keep.
 class CopyKeeper : public link::ProgramWitness {

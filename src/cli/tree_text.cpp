@@ -88,6 +88,11 @@ void AddLines(const std::string& name, const Json& node, int depth, std::string&
 
 }  // namespace
 
+void PrintJson(std::ostream& out, const Json& tree) {
+  // Paths and descriptions of the system may hold bytes that are no UTF-8.
+  out << tree.dump(kIndent, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
 std::string TreeText(const Json& tree) {
   std::string text;
   for (const auto& [key, node] : tree.items()) AddLines(key, node, 0, text);

@@ -34,6 +34,8 @@ class CommandHost {
   virtual void Wait(double seconds) = 0;
   /// The serial port chosen in the menu, or kept from the last run; it may be absent just now.
   [[nodiscard]] virtual int PortNumber() const = 0;
+  /// Makes a port that is there the one chosen.
+  virtual void ChoosePort(int number) = 0;
 };
 
 /// Every file operation and reset shows its hourglass at least that long, in seconds.

@@ -128,6 +128,7 @@ void MainWindow::ConnectCommands() {
   run(menus_.file_print_to_file, window_commands_, &WindowCommands::PrintToFile);
   run(menus_.program, window_commands_, &WindowCommands::Program);
   run(menus_.read, window_commands_, &WindowCommands::Read);
+  run(menus_.find_cable, window_commands_, &WindowCommands::FindCable);
   run(menus_.help_contents, window_commands_, &WindowCommands::HelpContents);
   run(menus_.about, window_commands_, &WindowCommands::About);
   run(menus_.undo, *follower_, &Follower::Undo);
@@ -215,6 +216,10 @@ void MainWindow::Wait(double seconds) {
 
 int MainWindow::PortNumber() const {
   return port_menu_.PortNumber();
+}
+
+void MainWindow::ChoosePort(int number) {
+  port_menu_.Choose(number);
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {

@@ -64,6 +64,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void KeepBackup(const core::RadioData& radio, const std::string& origin) override;
   void Wait(double seconds) override;
   [[nodiscard]] int PortNumber() const override;
+  void ChoosePort(int number) override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

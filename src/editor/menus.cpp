@@ -108,6 +108,9 @@ void AddOptionsMenu(QMenuBar& bar, Menus& menus) {
   menus.gone_port = AddItem(*menus.serial_port, QStringLiteral("mnuOptionsSerialPortGone"), {});
   menus.gone_port->setEnabled(false);
   menus.gone_port->setVisible(false);
+  menus.serial_port->addSeparator();
+  menus.find_cable = AddItem(*menus.serial_port, QStringLiteral("mnuFindCable"),
+                             QStringLiteral("&Find my Cable..."));
 }
 
 }  // namespace
@@ -128,6 +131,8 @@ Menus BuildMenus(QMenuBar& bar) {
   menus.help_contents =
       AddItem(help, QStringLiteral("mnuHelpContents"), QStringLiteral("&Contents"));
   menus.about = AddItem(help, QStringLiteral("mnuHelpAbout"), QStringLiteral("&About KIV Version"));
+  help.addSeparator();
+  help.addAction(menus.find_cable);
   return menus;
 }
 

@@ -37,7 +37,8 @@ struct Menus {
   QMenu* serial_port;
   QAction* no_port;
   std::array<QAction*, kPorts> ports;
-  QAction* gone_port;  ///< the chosen port while it is not there
+  QAction* gone_port;   ///< the chosen port while it is not there
+  QAction* find_cable;  ///< in the port menu and in the Help menu
   QAction* help_contents;
   QAction* about;
 };

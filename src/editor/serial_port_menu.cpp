@@ -38,6 +38,12 @@ void SerialPortMenu::SelectStoredPort() {
   if (index >= 0) CheckOnly(index);
 }
 
+void SerialPortMenu::Choose(int number) {
+  UpdateComList();
+  const int index = list_.FindPortIndex(number);
+  if (index >= 0) Pick(index);
+}
+
 void SerialPortMenu::Pick(int index) {
   CheckOnly(index);
   port_number_ = list_.PortItem(index).port_number;

@@ -20,6 +20,8 @@ class SerialPortMenu : public QObject {
   void UpdateComList();
   /// Checks the port kept from the last run if it is in the list. It stays selected anyway.
   void SelectStoredPort();
+  /// As if the user had picked the port with that number; one that is not in the list is left.
+  void Choose(int number);
   [[nodiscard]] int PortNumber() const { return port_number_; }
 
  private:

@@ -9,6 +9,7 @@
 #include "core/product.h"
 #include "editor/about_box.h"
 #include "editor/backups_dialog.h"
+#include "editor/find_cable_dialog.h"
 #include "editor/report_window.h"
 #include "editor/transfer_dialog.h"
 #include "editor/working.h"
@@ -73,6 +74,24 @@ void WindowCommands::Program() {
   document_.Adjust(
       std::string(core::kProgramToRadio), [&](core::RadioData& data) { data = *sent; },
       still_saved);
+}
+
+void WindowCommands::FindCable() {
+  FindCableDialog({.model = core::ProfileOf(document_.Data()),
+                   .state = services_.state,
+                   .prompts = services_.prompts,
+                   .clock = services_.clock,
+                   .pump = services_.pump,
+                   .log = services_.log,
+                   .ports = services_.ports,
+                   .devices = services_.devices,
+                   .make_port = services_.make_port,
+                   .chosen = [&] { return host_.PortNumber(); },
+                   .choose = [&](int number) { host_.ChoosePort(number); },
+                   .interrupts = services_.interrupts,
+                   .help = services_.help},
+                  &host_.Widget())
+      .exec();
 }
 
 void WindowCommands::PrintToFile() {

@@ -19,6 +19,8 @@ class WindowCommands {
   void Backups();
   void Program();
   void Read();
+  /// Lists, finds and tests serial ports.
+  void FindCable();
   /// context is never 0.
   void Help(int context);
   /// The help from its first page.

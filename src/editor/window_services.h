@@ -9,6 +9,7 @@
 #include "core/services.h"
 #include "document/document.h"
 #include "help/help_opener.h"
+#include "link/doctor.h"
 #include "link/port_list.h"
 #include "link/serial_port.h"
 #include "platform/file_dialogs.h"
@@ -39,6 +40,8 @@ struct WindowServices {
   std::string backups_folder;        ///< "": no backups are kept
   std::string previous_folder;       ///< of files saved over; "": none are kept
   std::string data_folder;           ///< destination templates and logo
+  /// Null: the system tells nothing about serial ports beside their list.
+  link::DeviceFacts* devices = nullptr;
 };
 
 }  // namespace orvane::editor

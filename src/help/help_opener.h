@@ -29,5 +29,6 @@ inline constexpr int kTablePageContext = 1003;
 inline constexpr int kChannelPageContext = 1004;
 inline constexpr int kWeatherPageContext = 1005;
 inline constexpr int kTransferContext = 1012;
+inline constexpr int kFindCableContext = 3000;
 
 }  // namespace orvane::help

@@ -106,6 +106,15 @@ std::string PortHolder::Text() const {
   return program + " (process " + std::to_string(process) + ")";
 }
 
+std::string UseText(const std::vector<PortHolder>& holders) {
+  if (holders.empty()) return "free, as far as is known";
+  std::string text = "in use by ";
+  for (const PortHolder& holder : holders) {
+    text += (&holder == &holders.front() ? "" : ", ") + holder.Text();
+  }
+  return text;
+}
+
 std::vector<PortHolder> TakersAmong(DeviceFacts& devices) {
   std::vector<PortHolder> takers;
   for (const auto& [program, verdict] : kTakers) {

@@ -22,6 +22,9 @@ struct PortHolder {
   [[nodiscard]] std::string Text() const;  ///< "minicom (process 4711)"
 };
 
+/// "in use by minicom (process 4711), cat (process 9)", or that none is known.
+[[nodiscard]] std::string UseText(const std::vector<PortHolder>& holders);
+
 /// Who may use a device by joining a group.
 struct DeviceGroup {
   std::string group;  ///< "": no group would help

@@ -93,6 +93,10 @@ std::string PortLabel::Text() const {
   return description.empty() ? name : name + " " + description;
 }
 
+PortLabel LabelOf(const PortEntry& port) {
+  return {PortName(port.port_number), std::string(core::Trim(port.description))};
+}
+
 PortLabel LabelOfPort(PortFinder& finder, int number) {
   CComList ports(finder);
   ports.Create();

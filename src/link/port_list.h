@@ -26,6 +26,8 @@ struct PortEntry {
   bool found = false;
   std::string description;  ///< the friendly name up to the text that names the port
   std::string device;
+
+  bool operator==(const PortEntry&) const = default;
 };
 
 /// The serial ports to offer: numbers 1..16 with a description, in ascending order.
@@ -58,6 +60,7 @@ struct PortLabel {
   /// Name, blank, description.
   [[nodiscard]] std::string Text() const;
 };
+[[nodiscard]] PortLabel LabelOf(const PortEntry& port);
 /// The number need not be among the ports of the system.
 [[nodiscard]] PortLabel LabelOfPort(PortFinder& finder, int number);
 

@@ -10,6 +10,7 @@
 
 #include "cli/run.h"
 #include "image/sample_radio.h"
+#include "support/scripted_devices.h"
 #include "support/simulated_bench.h"
 
 namespace orvane::cli {
@@ -62,6 +63,7 @@ class CliBench : public ::testing::Test {
   testing::RecordingLog log;
   OnePort ports;
   ScriptedInterrupts interrupts;
+  testing::ScriptedDevices devices;
   std::vector<std::string> opened;  ///< devices that ports were made for
   core::FileBytes pdf = {std::nullopt, "%PDF-"};
   Services services{files,
@@ -73,7 +75,8 @@ class CliBench : public ::testing::Test {
                     [this](const std::string& device) { return MakePort(device); },
                     [this](const core::RadioData&) { return pdf; },
                     {},
-                    "/backups"};
+                    "/backups",
+                    &devices};
   std::string out_;
   std::string err_;
 };

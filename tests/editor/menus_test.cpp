@@ -46,7 +46,8 @@ class MenusTest : public QObject {
                           "Recent &Files", "&Backups...", "E&xit"}));
     QCOMPARE(Captions(desk, "mnuEditModel"), QStringList({"&KT740 Series"}));
     QCOMPARE(Captions(desk, "mnuTransfer"), QStringList({"&Program to Radio", "&Read from Radio"}));
-    QCOMPARE(Captions(desk, "mnuHelp"), QStringList({"&Contents", "&About KIV Version"}));
+    QCOMPARE(Captions(desk, "mnuHelp"),
+             QStringList({"&Contents", "&About KIV Version", "&Find my Cable..."}));
     for (const char* hidden : {"mnuEditModel_1", "mnuEditModel_2", "mnuEditModel_3"}) {
       QVERIFY(!desk.Item(hidden).isEnabled());
     }
@@ -134,12 +135,13 @@ class MenusTest : public QObject {
     core::AppSettings(desk.settings).SetPortNumber(3);
     desk.Start();
     QCOMPARE(desk.window->PortNumber(), 3);
-    QCOMPARE(Captions(desk, kPorts), QStringList{"(not exist)"});
+    QCOMPARE(Captions(desk, kPorts), QStringList({"(not exist)", "&Find my Cable..."}));
     desk.ports.Add(12, "USB & Serial");
     desk.ports.Add(2, "Communications Port");
     emit desk.Find<QMenu>(kPorts)->aboutToShow();
     QCOMPARE(Captions(desk, kPorts),
-             QStringList({"COM2 Communications Port ", "COM12 USB && Serial "}));
+             QStringList(
+                 {"COM2 Communications Port ", "COM12 USB && Serial ", "&Find my Cable..."}));
     desk.Item("mnuOptionsSerialPort1_1").trigger();
     QCOMPARE(Captions(desk, kPorts, true), QStringList({"COM12 USB && Serial "}));
     QCOMPARE(core::AppSettings(desk.settings).PortNumber(), 12);

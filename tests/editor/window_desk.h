@@ -19,6 +19,7 @@
 #include "editor/main_window.h"
 #include "platform/ansi_text.h"
 #include "support/fakes.h"
+#include "support/scripted_devices.h"
 
 namespace orvane::testing {
 
@@ -134,6 +135,7 @@ struct WindowDesk : ArrangedDocument {
   RecordingHelp help;
   MemoryRecovery recovery;
   platform::Interrupts* interrupts = nullptr;
+  ScriptedDevices devices;
   std::function<std::unique_ptr<link::SerialPort>(int)> make_port;
   core::Clock* used_clock = &clock;
   core::EventPump* used_pump = &pump;
@@ -142,7 +144,7 @@ struct WindowDesk : ArrangedDocument {
   [[nodiscard]] editor::WindowServices Services() {
     return {document,   state,      prompts,    *used_clock, *used_pump, settings, *used_files,
             log,        ports,      dialogs,    make_port,   printer,    &help,    &recovery,
-            interrupts, "/program", "/backups", "/previous", "/share"};
+            interrupts, "/program", "/backups", "/previous", "/share",   &devices};
   }
 
   /// Shows the window and lets its start come to an end.

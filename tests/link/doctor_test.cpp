@@ -14,6 +14,7 @@
 #include "link/port_check.h"
 #include "link/replug.h"
 #include "link/transfer_session.h"
+#include "support/scripted_devices.h"
 #include "support/scripted_port.h"
 #include "support/simulated_bench.h"
 
@@ -212,21 +213,9 @@ TEST(PortCheck, CancelEndsItAtTheNextWait) {
   }
 }
 
-/// Names one holder for each device, or none.
-class ScriptedFacts : public DeviceFacts {
- public:
-  std::vector<std::vector<PortHolder>> HoldersOf(const std::vector<std::string>& devices) override {
-    return {devices.size(), holders};
-  }
-  std::vector<PortHolder> Running(std::string_view /*program*/) override { return {}; }
-  DeviceGroup GroupOf(const std::string& /*device*/) override { return {}; }
-
-  std::vector<PortHolder> holders;
-};
-
 TEST(PortCheck, APortThatAnotherProgramHasIsNotTouched) {
   CheckBench bench(kModel);
-  ScriptedFacts facts;
+  testing::ScriptedDevices facts;
   facts.holders = {{"minicom", 12}};
   PortCheck check({bench.clock, bench.pump, bench.log, &facts});
   EXPECT_EQ(check.Run(bench.port, "/dev/radio", nullptr).verdict, Verdict::kBusy);
