@@ -125,6 +125,7 @@ int main(int argc, char** argv) {
                                                 .program_folder = platform::ProgramFolder(),
                                                 .backups_folder = platform::BackupsFolder(),
                                                 .previous_folder = platform::PreviousFolder(),
+                                                .marks_folder = platform::MarksFolder(),
                                                 .data_folder = platform::DataFolder(),
                                                 .devices = &devices};
   orvane::editor::MainWindow window(services);

@@ -32,6 +32,8 @@ std::vector<Answer> AnswersTo(Buttons buttons) {
       return {Answer::kSaveAs, Answer::kOverwrite, Answer::kCancel};
     case Buttons::kRestoreKeepDiscard:
       return {Answer::kRestore, Answer::kKeep, Answer::kDiscard};
+    case Buttons::kAgainReceiptClose:
+      return {Answer::kProgramAgain, Answer::kSaveReceipt, Answer::kClose};
   }
   return {Answer::kOk};
 }
@@ -58,6 +60,12 @@ std::string_view AnswerText(Answer answer) {
       return "Keep";
     case Answer::kDiscard:
       return "Discard";
+    case Answer::kProgramAgain:
+      return "Program Again";
+    case Answer::kSaveReceipt:
+      return "Save Receipt";
+    case Answer::kClose:
+      return "Close";
   }
   return {};
 }

@@ -23,6 +23,12 @@ constexpr std::string_view kWindowSection = "Settings";
 constexpr std::string_view kRecentSection = "RecentFiles";
 constexpr std::string_view kRecentKey = "File";  // followed by its place, from 1
 
+constexpr std::string_view kProgramSection = "Programming";
+constexpr std::string_view kCopyKey = "KeepCopyFirst";
+constexpr std::string_view kReadBackKey = "ReadBack";
+constexpr std::string_view kOff = "0";
+constexpr std::string_view kOn = "1";
+
 constexpr int kDefaultPort = 1;
 /// Destinations that need no template file; the first is the one of a fresh installation.
 constexpr std::array<std::string_view, 2> kBuiltInDestinations = {"KT740-usa", "KT520-usa"};
@@ -156,6 +162,22 @@ void AppSettings::AddRecentFile(const std::string& path) {
   for (std::size_t place = 1; place <= kRecentFiles; ++place) {
     store_.Write(kRecentSection, RecentKey(place), paths[place - 1]);
   }
+}
+
+bool AppSettings::KeepsCopyFirst() const {
+  return store_.Read(kProgramSection, kCopyKey) != kOff;
+}
+
+void AppSettings::SetKeepsCopyFirst(bool keeps) {
+  store_.Write(kProgramSection, kCopyKey, keeps ? kOn : kOff);
+}
+
+bool AppSettings::ReadsBack() const {
+  return store_.Read(kProgramSection, kReadBackKey) != kOff;
+}
+
+void AppSettings::SetReadsBack(bool reads) {
+  store_.Write(kProgramSection, kReadBackKey, reads ? kOn : kOff);
 }
 
 std::optional<WindowGeometry> AppSettings::MainWindow() const {

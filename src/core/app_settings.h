@@ -44,6 +44,11 @@ class AppSettings {
   [[nodiscard]] std::vector<std::string> RecentFiles() const;
   void AddRecentFile(const std::string& path);
   static constexpr std::size_t kRecentFiles = 10;
+  /// What a program run does beside writing: on, unless the user has switched it off.
+  [[nodiscard]] bool KeepsCopyFirst() const;
+  void SetKeepsCopyFirst(bool keeps);
+  [[nodiscard]] bool ReadsBack() const;
+  void SetReadsBack(bool reads);
   [[nodiscard]] std::optional<WindowGeometry> MainWindow() const;
   void SetMainWindow(const WindowGeometry& geometry);
 

@@ -190,6 +190,16 @@ constexpr std::array kRows = {
                .remedy = "[Program the radio again](program.html#partly), whole. If the same "
                          "fields differ again, the radio does not keep what is written to it: do "
                          "not use it."},
+    MessageRow{.id = kSettle,
+               .group = kTransfer,
+               .text = {"Is the radio in order again?"},
+               .icon = Icon::kQuestion,
+               .buttons = Buttons::kYesNo,
+               .where = "It Is Settled",
+               .meaning = "Yes takes the warning about the partly written radio away, and what was "
+                          "kept for it: what was being written and what was there before.",
+               .remedy = "Press Yes when the radio was programmed by other means, or is out of "
+                         "use."},
     MessageRow{.id = kUnexpectedFailure,
                .group = kTransfer,
                .text = {"{failure|A number and a description}"},

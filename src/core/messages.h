@@ -38,6 +38,7 @@ enum class MessageId {
   kCopyNotKept,
   kNotReadBack,
   kRadioDiffers,
+  kSettle,
   kUnexpectedFailure,
   kTransferEnded,
   kNothingTransferred,

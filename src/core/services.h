@@ -21,7 +21,8 @@ enum class Buttons {
   kYesNoCancel,
   kRetryCancel,
   kOverwriteSaveAsCancel,
-  kRestoreKeepDiscard
+  kRestoreKeepDiscard,
+  kAgainReceiptClose
 };
 enum class Answer {
   kOk,
@@ -33,7 +34,10 @@ enum class Answer {
   kSaveAs,
   kRestore,
   kKeep,
-  kDiscard
+  kDiscard,
+  kProgramAgain,
+  kSaveReceipt,
+  kClose
 };
 
 /// One modal message box.

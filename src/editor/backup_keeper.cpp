@@ -1,6 +1,9 @@
 #include "editor/backup_keeper.h"
 
+#include <algorithm>
 #include <vector>
+
+#include "core/calendar.h"
 
 #include "platform/ansi_text.h"
 
@@ -8,7 +11,7 @@ namespace orvane::editor {
 
 BackupKeeper::BackupKeeper(document::Document& document, core::FileStore& store, core::Clock& clock,
                            const std::string& folder)
-    : document_(document), clock_(clock), library_(store, folder) {
+    : document_(document), store_(store), clock_(clock), folder_(folder), library_(store, folder) {
   document_.Watch(*this);
 }
 
@@ -29,6 +32,29 @@ files::BackupLibrary::Kept BackupKeeper::Keep(const core::RadioData& data,
                      .arg(platform::FromUtf8(gone.back().heading.made)));
   }
   return kept;
+}
+
+std::string BackupKeeper::CopyWithinTheHour(const std::string& port,
+                                            std::int16_t model_type) const {
+  constexpr std::size_t kTimeOfDay = 11;
+  constexpr std::size_t kMinutes = 5;
+  for (const files::Backup& backup : library_.Since(core::HourBefore(clock_.Timestamp()))) {
+    const files::SnapshotHeading& heading = backup.heading;
+    const bool of_radio = heading.origin == "read" || heading.origin == kBeforeProgramming;
+    if (of_radio && heading.port == port && heading.model_type == model_type) {
+      return heading.made.substr(kTimeOfDay, kMinutes);
+    }
+  }
+  return {};
+}
+
+// The characters of a time that no file name may have everywhere are left out.
+void BackupKeeper::KeepReceipt(const std::string& began, const std::string& text) {
+  std::string name = began;
+  std::erase(name, ':');
+  std::replace(name.begin(), name.end(), ' ', '-');
+  const auto failure = store_.WriteFile(folder_ + '/' + name + "-receipt.txt", text);
+  if (failure) emit FailureChanged(platform::FromUtf8(failure->description));
 }
 
 // A step that was taken back and is made again has been seen before: equal data are kept once.

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <cstdint>
 #include <span>
 #include <string>
 
@@ -10,6 +11,9 @@
 #include "files/backup_library.h"
 
 namespace orvane::editor {
+
+/// Origin of what a radio held when it was about to be programmed.
+inline constexpr const char* kBeforeProgramming = "before programming";
 
 /// Puts data into the backup library: by itself unsaved ones that another data set replaced, and
 /// what it is given. The user's work goes on whatever becomes of it.
@@ -25,6 +29,12 @@ class BackupKeeper : public QObject, private document::Watcher {
 
   /// The heading's time is now.
   files::BackupLibrary::Kept Keep(const core::RadioData& data, files::SnapshotHeading heading);
+  /// Which copy of what a radio of that model at that port held was kept within the last hour, by a
+  /// read or before programming: "13:40"; "" when none was.
+  [[nodiscard]] std::string CopyWithinTheHour(const std::string& port,
+                                              std::int16_t model_type) const;
+  /// The receipt of a run that began at that time, beside the backups.
+  void KeepReceipt(const std::string& began, const std::string& text);
 
  signals:
   /// Why the last one was not kept, or "" when it was.
@@ -39,7 +49,9 @@ class BackupKeeper : public QObject, private document::Watcher {
   void StatusChanged() override {}
 
   document::Document& document_;
+  core::FileStore& store_;
   core::Clock& clock_;
+  const std::string folder_;
   files::BackupLibrary library_;
 };
 

@@ -2,9 +2,13 @@
 
 #include <QString>
 #include <QWidget>
+#include <cstdint>
+#include <optional>
 #include <string>
 
+#include "core/catalogue.h"
 #include "core/radio_data.h"
+#include "core/services.h"
 
 namespace orvane::editor {
 
@@ -28,8 +32,16 @@ class CommandHost {
   /// Checks the Destination entry that the image's SEL1 bit stands for.
   virtual void CheckDestinationOfImage() = 0;
   /// Puts the data into the backup library as what stood at the radio; origin says how they came
-  /// there.
-  virtual void KeepBackup(const core::RadioData& data, const std::string& origin) = 0;
+  /// there. Why they were not kept, if they were not.
+  virtual std::optional<core::SystemError> KeepBackup(const core::RadioData& data,
+                                                      const std::string& origin) = 0;
+  /// See BackupKeeper. "" where no backups are kept.
+  [[nodiscard]] virtual std::string CopyWithinTheHour(std::int16_t model_type) const = 0;
+  virtual void KeepReceipt(const std::string& began, const std::string& text) = 0;
+  /// The page with that field, and the focus in it.
+  virtual void ShowField(core::FieldRef at) = 0;
+  /// The strip about partly written radios, as the marks are now.
+  virtual void ShowPartlyWritten() = 0;
   /// Lets the window process its messages for that long.
   virtual void Wait(double seconds) = 0;
   /// The serial port chosen in the menu, or kept from the last run; it may be absent just now.

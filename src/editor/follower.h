@@ -51,6 +51,9 @@ class Follower : public QObject, private document::Watcher {
   /// Until that many steps are done. Shows where the last one of them happened.
   void GoTo(std::size_t done);
 
+  /// The page with that field, and the focus in it.
+  void ShowField(core::FieldRef at);
+
   /// The second panel tells whether the data is saved, but for a notice, which stays until the
   /// next hint.
   void ShowNotice(const QString& notice);
@@ -74,7 +77,6 @@ class Follower : public QObject, private document::Watcher {
 
   /// Where a step happened: its field, as far as a page shows it.
   [[nodiscard]] std::optional<core::FieldRef> FieldOf(const document::Step& step) const;
-  void ShowField(core::FieldRef at);
   void ShowSaved();
   void ShowCurrentPage();
   void FollowDestination();

@@ -41,6 +41,7 @@ MainWindow::MainWindow(const WindowServices& services)
       settings_(services.settings),
       tree_model_(document_.Data()),
       menus_(BuildMenus(*menuBar())),
+      strip_(new PartlyWrittenStrip(this)),
       splitter_(new Splitter(this)),
       tree_(new NavTree(tree_model_, splitter_)),
       heading_(new PageHeading(document_.Data(), splitter_)),
@@ -51,7 +52,8 @@ MainWindow::MainWindow(const WindowServices& services)
       recent_menu_(menus_, services.files, services.settings),
       file_commands_(services_, *this),
       model_commands_(services_, *this, menus_, destination_menu_, file_commands_),
-      window_commands_(services_, *this, file_commands_) {
+      window_commands_(services_, *this, file_commands_),
+      transfer_commands_(services_, *this, [this] { window_commands_.FindCable(); }) {
   setObjectName(QStringLiteral("frmMain"));
   setContextMenuPolicy(Qt::PreventContextMenu);
   setAcceptDrops(true);
@@ -65,7 +67,7 @@ MainWindow::MainWindow(const WindowServices& services)
   tree_->setAccessibleName(tr("Navigation"));
   tree_->setMinimumWidth(kSplitterMinimum);
   BuildHeading();
-  setCentralWidget(splitter_);
+  setCentralWidget(BuildCentre());
 
   BuildStatusBar();
   connect(splitter_, &Splitter::BorderFocused, this,
@@ -115,6 +117,32 @@ void MainWindow::BuildHeading() {
   connect(heading_, &PageHeading::NodeAsked, this, &MainWindow::SelectNode);
 }
 
+QWidget* MainWindow::BuildCentre() {
+  auto* centre = new QWidget(this);
+  auto* column = new QVBoxLayout(centre);
+  column->setContentsMargins({});
+  column->setSpacing(0);
+  column->addWidget(strip_);
+  column->addWidget(splitter_, 1);
+  const auto run = [this](auto signal, auto command) {
+    connect(strip_, signal, this,
+            [this, command] { (transfer_commands_.*command)(strip_->Port()); });
+  };
+  run(&PartlyWrittenStrip::ProgramAgainAsked, &TransferCommands::ProgramAgain);
+  run(&PartlyWrittenStrip::PutBackAsked, &TransferCommands::PutBack);
+  run(&PartlyWrittenStrip::SettledAsked, &TransferCommands::Settle);
+  return centre;
+}
+
+void MainWindow::ShowPartlyWritten() {
+  const std::vector<files::PartlyWritten> marks = transfer_commands_.Marks().All();
+  if (marks.empty()) {
+    strip_->HideMark();
+  } else {
+    strip_->ShowMark(marks.front());
+  }
+}
+
 void MainWindow::ConnectCommands() {
   const auto run = [](QAction* item, auto& commands, auto command) {
     connect(item, &QAction::triggered, item, [&commands, command] { (commands.*command)(); });
@@ -126,8 +154,9 @@ void MainWindow::ConnectCommands() {
   run(menus_.backups, window_commands_, &WindowCommands::Backups);
   run(menus_.file_print, window_commands_, &WindowCommands::Print);
   run(menus_.file_print_to_file, window_commands_, &WindowCommands::PrintToFile);
-  run(menus_.program, window_commands_, &WindowCommands::Program);
-  run(menus_.read, window_commands_, &WindowCommands::Read);
+  run(menus_.program, transfer_commands_, &TransferCommands::Program);
+  run(menus_.read, transfer_commands_, &TransferCommands::Read);
+  run(menus_.compare_radio, transfer_commands_, &TransferCommands::CompareWithRadio);
   run(menus_.find_cable, window_commands_, &WindowCommands::FindCable);
   run(menus_.help_contents, window_commands_, &WindowCommands::HelpContents);
   run(menus_.about, window_commands_, &WindowCommands::About);
@@ -202,11 +231,28 @@ void MainWindow::CheckDestinationOfImage() {
   destination_menu_.CheckFor(document_.Data().Image);
 }
 
-void MainWindow::KeepBackup(const core::RadioData& radio, const std::string& origin) {
-  if (backups_ == nullptr) return;
-  backups_->Keep(radio, {.origin = origin,
-                         .port = link::LabelOfPort(services_.ports, PortNumber()).Text(),
-                         .file = document_.FileName()});
+std::optional<core::SystemError> MainWindow::KeepBackup(const core::RadioData& radio,
+                                                        const std::string& origin) {
+  if (backups_ == nullptr) return std::nullopt;
+  return backups_
+      ->Keep(radio, {.origin = origin,
+                     .port = link::LabelOfPort(services_.ports, PortNumber()).Text(),
+                     .file = document_.FileName()})
+      .error;
+}
+
+std::string MainWindow::CopyWithinTheHour(std::int16_t model_type) const {
+  if (backups_ == nullptr) return {};
+  return backups_->CopyWithinTheHour(link::LabelOfPort(services_.ports, PortNumber()).Text(),
+                                     model_type);
+}
+
+void MainWindow::KeepReceipt(const std::string& began, const std::string& text) {
+  if (backups_ != nullptr) backups_->KeepReceipt(began, text);
+}
+
+void MainWindow::ShowField(core::FieldRef at) {
+  follower_->ShowField(at);
 }
 
 void MainWindow::Wait(double seconds) {

@@ -18,10 +18,12 @@
 #include "editor/navigator.h"
 #include "editor/page_area.h"
 #include "editor/page_heading.h"
+#include "editor/partly_written_strip.h"
 #include "editor/plain_pages.h"
 #include "editor/recent_menu.h"
 #include "editor/serial_port_menu.h"
 #include "editor/splitter.h"
+#include "editor/transfer_commands.h"
 #include "editor/tree_model.h"
 #include "editor/window_commands.h"
 #include "editor/window_services.h"
@@ -61,7 +63,12 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void ShowGeneralPage() override;
   void RebuildDestinations() override;
   void CheckDestinationOfImage() override;
-  void KeepBackup(const core::RadioData& radio, const std::string& origin) override;
+  std::optional<core::SystemError> KeepBackup(const core::RadioData& radio,
+                                              const std::string& origin) override;
+  [[nodiscard]] std::string CopyWithinTheHour(std::int16_t model_type) const override;
+  void KeepReceipt(const std::string& began, const std::string& text) override;
+  void ShowField(core::FieldRef at) override;
+  void ShowPartlyWritten() override;
   void Wait(double seconds) override;
   [[nodiscard]] int PortNumber() const override;
   void ChoosePort(int number) override;
@@ -84,6 +91,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   template <class PageType>
   [[nodiscard]] LazyPage PageLater(int help_context);
   void BuildHeading();
+  [[nodiscard]] QWidget* BuildCentre();
   void ConnectCommands();
   void ShowHistory(bool shown);
 
@@ -110,6 +118,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   TreeModel tree_model_;
 
   Menus menus_;
+  PartlyWrittenStrip* strip_;
   Splitter* splitter_;
   NavTree* tree_;
   PageHeading* heading_;
@@ -133,6 +142,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   FileCommands file_commands_;
   ModelCommands model_commands_;
   WindowCommands window_commands_;
+  TransferCommands transfer_commands_;
 };
 
 }  // namespace orvane::editor

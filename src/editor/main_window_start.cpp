@@ -83,6 +83,7 @@ void MainWindow::BeginWork() {
     connect(backups_.get(), &BackupKeeper::FailureChanged, follower_, &Follower::ShowBackupFailure);
     connect(backups_.get(), &BackupKeeper::Trimmed, follower_, &Follower::ShowNotice);
   }
+  ShowPartlyWritten();
   if (services_.recovery == nullptr) return;
   autosave_ = std::make_unique<Autosave>(document_, *services_.recovery, services_.clock);
   connect(autosave_.get(), &Autosave::FailureChanged, follower_, &Follower::ShowCopyFailure);

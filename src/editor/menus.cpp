@@ -96,6 +96,12 @@ void AddTransferMenu(QMenuBar& bar, Menus& menus) {
   menus.read =
       AddItem(transfer, QStringLiteral("mnuTransferRead"),
               QLatin1Char('&') + QLatin1String(core::kReadFromRadio.data()), Qt::CTRL | Qt::Key_R);
+  transfer.addSeparator();
+  menus.compare_radio = AddItem(transfer, QStringLiteral("mnuTransferCompare"),
+                                QStringLiteral("&Compare with Radio..."));
+  menus.compare_radio->setToolTip(
+      QStringLiteral("Reads the radio and tells how it differs; nothing is changed"));
+  transfer.setToolTipsVisible(true);
 }
 
 void AddOptionsMenu(QMenuBar& bar, Menus& menus) {

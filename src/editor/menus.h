@@ -32,6 +32,7 @@ struct Menus {
   QAction* history;  ///< shows and hides the list of steps
   QAction* program;
   QAction* read;
+  QAction* compare_radio;
   QMenu* destination;
   std::array<QAction*, kDestinations> destinations;
   QMenu* serial_port;

@@ -3,12 +3,18 @@
 #include <QAccessible>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QVBoxLayout>
 #include <cmath>
 #include <optional>
+#include <utility>
+#include <vector>
 
+#include "core/app_settings.h"
 #include "core/messages.h"
 #include "core/number_text.h"
+#include "editor/receipt_window.h"
+#include "files/receipt_text.h"
+#include "image/codec.h"
+#include "link/transfer_plan.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -33,45 +39,178 @@ QString FiguresText(const link::TransferPace::Figures& figures) {
 
 }  // namespace
 
-TransferDialog::TransferDialog(const TransferServices& services, link::SessionKind kind,
-                               QWidget* parent)
-    : QDialog(parent),
+TransferDialog::TransferDialog(const WindowServices& services, CommandHost& host,
+                               files::PartlyWrittenMarks& marks, std::function<void()> find_cable,
+                               TransferJob job)
+    : QDialog(&host.Widget()),
       services_(services),
+      host_(host),
+      marks_(marks),
+      find_cable_(std::move(find_cable)),
+      job_(std::move(job)),
       run_state_(services.state),
-      kind_(kind),
       handheld_(new Picture("handheld", kPictureLines, this)),
       arrow_(new Picture("transfer", kPictureLines, this)),
       computer_(new Picture("computer", kPictureLines, this)) {
   setObjectName(QStringLiteral("frmRadio_102"));
-  setWindowTitle(platform::FromUtf8(link::ModeTitle(kind)));
+  setWindowTitle(job_.only_looks ? tr("Compare with Radio")
+                                 : platform::FromUtf8(link::ModeTitle(job_.kind)));
   setModal(true);
-  auto* all = new QVBoxLayout(this);
+  new QVBoxLayout(this);
 
   AddLabel("lblmess", "Instructions")->setText(QLatin1String(kInstructions));
+  AddFacts();
   AddPictures();
   progress_ = new ProgressBox(this);
-  layout()->addWidget(progress_);
+  Column().addWidget(progress_);
   state_ = AddLabel("lblState", "State of the transfer");
   state_->setWordWrap(true);
-  note_ = AddLabel("lblNote", "Warning");
-  note_->setText(platform::FromUtf8(core::kPartlyWrittenText));
-  note_->setWordWrap(true);
-  QFont bold = note_->font();
-  bold.setBold(true);
-  note_->setFont(bold);
-  note_->setVisible(services_.radio_partly_written);
+  AddNote();
   monitor_ = AddLabel("lblmon", "Monitor");
   monitor_->setVisible(run_state_.Debug);
-  all->addStretch();
+  Column().addStretch();
   AddButtons();
-  port_ = services_.port_label();
-  ShowState(tr("Port: %1").arg(platform::FromUtf8(port_.Text())));
+  ShowFacts();
+  FollowPort();
   resize(sizeHint().expandedTo(kFirstSize));
 
   if (run_state_.Debug) {
     TransferDialog::Monitor("starting at debug mode..");
     services_.clock.Pause(kMonitorPause);
   }
+}
+
+void TransferDialog::AddFacts() {
+  facts_ = new TransferFacts(this);
+  Column().addWidget(facts_);
+  connect(facts_, &TransferFacts::PortChosen, this, [this](int number) {
+    host_.ChoosePort(number);
+    FollowPort();
+  });
+  connect(facts_, &TransferFacts::FindCableAsked, this, [this] {
+    find_cable_();
+    FollowPort();
+  });
+  connect(facts_, &TransferFacts::ShowAsked, this, [this](core::FieldRef at) {
+    field_to_show_ = at;
+    reject();
+  });
+  connect(facts_, &TransferFacts::MendAsked, this, &TransferDialog::Mend);
+  connect(facts_, &TransferFacts::CopyChosen, this,
+          [this](bool keeps) { core::AppSettings(services_.settings).SetKeepsCopyFirst(keeps); });
+  connect(facts_, &TransferFacts::ReadBackChosen, this,
+          [this](bool reads) { core::AppSettings(services_.settings).SetReadsBack(reads); });
+}
+
+void TransferDialog::AddNote() {
+  note_ = AddLabel("lblNote", "Warning");
+  note_->setText(platform::FromUtf8(core::kPartlyWrittenText));
+  note_->setWordWrap(true);
+  QFont bold = note_->font();
+  bold.setBold(true);
+  note_->setFont(bold);
+  strip_ = new PartlyWrittenStrip(this);
+  Column().addWidget(strip_);
+  connect(strip_, &PartlyWrittenStrip::ProgramAgainAsked, this, [this] {
+    if (const auto mark = marks_.At(port_.name); mark && TakeSent(*mark)) Run();
+  });
+  connect(strip_, &PartlyWrittenStrip::PutBackAsked, this, [this] {
+    if (const auto mark = marks_.At(port_.name); mark && TakeBefore(*mark)) Run();
+  });
+  connect(strip_, &PartlyWrittenStrip::SettledAsked, this, &TransferDialog::Settle);
+}
+
+// Another port is another radio.
+void TransferDialog::FollowPort() {
+  port_ = link::LabelOfPort(services_.ports, host_.PortNumber());
+  link::CComList list(services_.ports);
+  std::vector<link::PortEntry> ports;
+  for (int index = 0, count = list.Create(); index < count; ++index) {
+    if (list.PortItem(index).port_number > 0) ports.push_back(list.PortItem(index));
+  }
+  facts_->ShowPorts(ports, host_.PortNumber(), port_);
+  ShowState(tr("Port: %1").arg(platform::FromUtf8(port_.Text())));
+  ShowSubject();
+  ShowOptions();
+  ShowNote();
+}
+
+void TransferDialog::ShowFacts() {
+  ShowSubject();
+  ShowOptions();
+  facts_->ShowProblems(job_.mend ? document::ProblemsForSending(job_.data, services_.clock.Today())
+                                 : std::vector<document::SendingProblem>());
+}
+
+void TransferDialog::ShowSubject() {
+  const bool mixed = marks_.At(port_.name).has_value();
+  if (job_.only_looks) {
+    return facts_->ShowSubject({}, tr("Nothing is changed, neither here nor in the radio."));
+  }
+  if (!job_.Programs()) {
+    QString text = tr("This replaces what is on the screen; Undo brings it back.");
+    if (mixed) text += tr(" What comes in is mixed, partly of before and partly new.");
+    return facts_->ShowSubject({}, text);
+  }
+  const core::RadioData& sent = job_.data;
+  facts_->ShowSubject(
+      tr("To the radio: %1, model %2, destination %3")
+          .arg(platform::FromUtf8(job_.what), platform::FromAnsi(image::ModelName(sent)),
+               platform::FromUtf8(core::BuiltInDestination(image::Sel1(sent.Image)))),
+      tr("This replaces what the radio holds."));
+}
+
+void TransferDialog::ShowOptions() {
+  if (!job_.Programs()) return;
+  const core::AppSettings settings(services_.settings);
+  const std::string kept = host_.CopyWithinTheHour(job_.data.MODELTYPE);
+  facts_->ShowOptions(link::SecondsOnWire(link::LoadOfReading(job_.data.Image.LastIndex())),
+                      link::SecondsOnWire(link::LoadOfReadingBack(job_.data)),
+                      platform::FromUtf8(kept), settings.KeepsCopyFirst() && kept.empty(),
+                      settings.ReadsBack());
+}
+
+void TransferDialog::Mend(document::ProblemKind kind) {
+  job_.data = job_.mend(kind);
+  ShowFacts();
+}
+
+bool TransferDialog::Take(const files::PartlyWritten& mark, files::Snapshot snapshot,
+                          const char* what, bool put_back) {
+  if (snapshot.data == nullptr) {
+    services_.prompts.Show(core::MakeMessage(core::MessageId::kBackupDamaged,
+                                             platform::ToUtf8(windowTitle()),
+                                             {{"reason", snapshot.error}}));
+    return false;
+  }
+  job_ = {.kind = link::SessionKind::kProgram,
+          .data = std::move(*snapshot.data),
+          .what = what,
+          .file = snapshot.heading.file,
+          .put_back = put_back,
+          .settles = mark.port};
+  setWindowTitle(platform::FromUtf8(link::ModeTitle(job_.kind)));
+  ShowFacts();
+  return true;
+}
+
+bool TransferDialog::TakeSent(const files::PartlyWritten& mark) {
+  return Take(mark, marks_.Sent(mark), "what was being written", false);
+}
+
+bool TransferDialog::TakeBefore(const files::PartlyWritten& mark) {
+  return Take(mark, marks_.Before(mark), "what the radio held before", true);
+}
+
+void TransferDialog::Settle() {
+  if (services_.prompts.Show(core::MakeMessage(
+          core::MessageId::kSettle, platform::ToUtf8(windowTitle()))) != core::Answer::kYes) {
+    return;
+  }
+  marks_.Settle(port_.name);
+  outcome_.partly_written = false;
+  ShowNote();
+  ShowSubject();
 }
 
 LiveLabel* TransferDialog::AddLabel(const char* name, const char* description) {
@@ -92,7 +231,7 @@ void TransferDialog::AddPictures() {
   arrow_->setSizePolicy(keeps_room);
   arrow_->hide();
 
-  const bool reading = kind_ == link::SessionKind::kRead;
+  const bool reading = !job_.Programs();
   // Drawn with the cable on the computer's right and its socket on the radio's left.
   computer_->SetMirrored(reading);
   handheld_->SetMirrored(reading);
@@ -102,7 +241,7 @@ void TransferDialog::AddPictures() {
   row->addWidget(arrow_);
   row->addWidget(reading ? computer_ : handheld_);
   row->addStretch();
-  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+  Column().addLayout(row);
 }
 
 void TransferDialog::AddButtons() {
@@ -120,7 +259,7 @@ void TransferDialog::AddButtons() {
   QPushButton* const cancel = add("cmdCancel", tr("Cancel"));
   help_ = add("cmdHelp", tr("Help"));
   help_->setShortcut(Qt::Key_F1);
-  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+  Column().addLayout(row);
   connect(ok_, &QPushButton::clicked, this, &TransferDialog::Run);
   connect(cancel, &QPushButton::clicked, this, &TransferDialog::reject);
   connect(help_, &QPushButton::clicked, this, &TransferDialog::OpenHelp);
@@ -133,12 +272,19 @@ void TransferDialog::Monitor(std::string_view text) {
   monitor_->repaint();
 }
 
+void TransferDialog::Phase(std::string_view name) {
+  phase_ = platform::FromUtf8(name);
+  pace_ = {};
+  ShowState(phase_ + QStringLiteral("..."));
+}
+
 void TransferDialog::BlockDone(int address, std::size_t bytes_so_far, std::size_t bytes_total) {
   QString text = platform::FromUtf8(port_.name + "     Block " +
                                     core::HexText(static_cast<unsigned>(address), kAddressDigits));
   if (const auto figures = pace_.BlockDone(bytes_so_far, bytes_total, services_.clock.Now())) {
     text += FiguresText(*figures);
   }
+  if (!phase_.isEmpty()) text += QStringLiteral("     ") + phase_;
   state_->setText(text);  // several times a second: nobody could listen to it
 }
 
@@ -152,8 +298,15 @@ void TransferDialog::NothingComesBack() {
 }
 
 void TransferDialog::ShowNote() {
-  note_->setVisible(services_.radio_partly_written);
-  if (!services_.radio_partly_written) return;
+  const std::optional<files::PartlyWritten> mark = marks_.At(port_.name);
+  const bool shown = mark || outcome_.partly_written;
+  note_->setVisible(shown);
+  if (mark) {
+    strip_->ShowMark(*mark);
+  } else {
+    strip_->HideMark();
+  }
+  if (!shown) return;
   QAccessibleEvent alert(note_, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }
@@ -161,6 +314,7 @@ void TransferDialog::ShowNote() {
 void TransferDialog::SetRunning(bool running) {
   ok_->setEnabled(!running);
   help_->setEnabled(!running);
+  facts_->setEnabled(!running);
   arrow_->setVisible(running);
   if (running) {
     setCursor(Qt::WaitCursor);
@@ -171,38 +325,72 @@ void TransferDialog::SetRunning(bool running) {
 }
 
 void TransferDialog::Run() {
+  do {
+    RunOnce();
+  } while (outcome_.ending == link::Ending::kDiffers && TellDifferences());
+  TakeOutcome();
+}
+
+void TransferDialog::RunOnce() {
   SetRunning(true);
   // The run that mends the radio ends in a message, which must not stand beside the warning.
-  if (kind_ == link::SessionKind::kProgram) note_->hide();
-  port_ = services_.port_label();
+  if (job_.Programs()) note_->hide();
+  strip_->HideMark();
+  port_ = link::LabelOfPort(services_.ports, host_.PortNumber());
   ShowState(tr("Connecting on %1...").arg(platform::FromUtf8(port_.Text())));
   pace_ = {};
-  const std::unique_ptr<link::SerialPort> port = services_.make_port();
+  phase_.clear();
+  const std::unique_ptr<link::SerialPort> port = services_.make_port(host_.PortNumber());
   link::TransferSession session(
-      services_.data, run_state_,
-      {*port, services_.clock, services_.pump, services_.log, *this, port_}, services_.prompts);
+      job_.data, run_state_, {*port, services_.clock, services_.pump, services_.log, *this, port_},
+      services_.prompts);
+  const link::TransferOptions options{.keep_copy = facts_->KeepsCopy(),
+                                      .read_back = facts_->ReadsBack(),
+                                      .fill_from_radio = job_.fill_from_radio,
+                                      .put_back = job_.put_back,
+                                      .only_look = job_.only_looks};
+  ProgramKeeper keeper(host_, marks_, services_.clock, port_, job_.file);
   if (services_.interrupts == nullptr) {
-    outcome_ = session.Run(kind_);
+    outcome_ = session.Run(job_.kind, options, &keeper);
   } else {
     const platform::WhileInterruptible cancel(*services_.interrupts, [this] { reject(); });
-    outcome_ = session.Run(kind_);
+    outcome_ = session.Run(job_.kind, options, &keeper);
   }
   SetRunning(false);
-  TakeOutcome();
+  if (outcome_.receipt) {
+    receipt_ = outcome_.receipt;
+    receipt_->file = job_.file;
+  }
 }
 
 void TransferDialog::TakeOutcome() {
   const bool done = outcome_.ending == link::Ending::kDone;
   data_moved_ = data_moved_ || done || outcome_.partly_written;
   // A radio that was read is no better than before.
-  if (done && kind_ == link::SessionKind::kProgram) services_.radio_partly_written = false;
-  if (outcome_.partly_written) services_.radio_partly_written = true;
+  if (done && job_.Programs()) {
+    marks_.Settle(port_.name);
+    if (!job_.settles.empty()) marks_.Settle(job_.settles);
+  }
   if (!run_state_.Error) {
     accept();
     return;
   }
   ShowState(platform::FromUtf8(link::EndingText(outcome_, port_)));
   ShowNote();
+}
+
+bool TransferDialog::TellDifferences() {
+  constexpr std::size_t kMostFields = 12;
+  core::Message message = core::MakeMessage(
+      core::MessageId::kRadioDiffers, platform::ToUtf8(windowTitle()),
+      {{"fields", "\r\n" + files::FieldLines(files::DifferingFields(*receipt_), kMostFields)}});
+  message.buttons = core::Buttons::kAgainReceiptClose;
+  core::Answer answer = services_.prompts.Show(message);
+  while (answer == core::Answer::kSaveReceipt) {
+    SaveReceipt(services_, *receipt_);
+    answer = services_.prompts.Show(message);
+  }
+  return answer == core::Answer::kProgramAgain;
 }
 
 void TransferDialog::reject() {

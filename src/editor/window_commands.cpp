@@ -11,9 +11,7 @@
 #include "editor/backups_dialog.h"
 #include "editor/find_cable_dialog.h"
 #include "editor/report_window.h"
-#include "editor/transfer_dialog.h"
 #include "editor/working.h"
-#include "files/settings_file.h"
 #include "platform/printed_report.h"
 
 namespace orvane::editor {
@@ -31,49 +29,6 @@ void WindowCommands::Backups() {
   if (!host_.CheckPage()) return;
   BackupsDialog dialog(services_, &host_.Widget());
   if (dialog.exec() == QDialog::Accepted) file_commands_.OpenFile(dialog.PathToOpen());
-}
-
-bool WindowCommands::Transfer(core::RadioData& data, link::SessionKind kind) {
-  TransferDialog dialog(
-      {.data = data,
-       .state = services_.state,
-       .prompts = services_.prompts,
-       .clock = services_.clock,
-       .pump = services_.pump,
-       .log = services_.log,
-       .make_port = [&] { return services_.make_port(host_.PortNumber()); },
-       .port_label = [&] { return link::LabelOfPort(services_.ports, host_.PortNumber()); },
-       .interrupts = services_.interrupts,
-       .help = services_.help,
-       .radio_partly_written = radio_partly_written_},
-      kind, &host_.Widget());
-  dialog.exec();
-  // A message box and the dialog under it go at one stroke; some window managers then leave no
-  // window active.
-  host_.Widget().activateWindow();
-  return dialog.DataMoved();
-}
-
-void WindowCommands::Read() {
-  if (!host_.CheckPage()) return;
-  document::Contents read{.data = document_.Data(), .origin = document::Origin::kRead};
-  if (!Transfer(read.data, link::SessionKind::kRead)) return;
-  read.time = services_.clock.TimeOfDay();
-  document_.Replace(std::string(core::kReadFromRadio), std::move(read), false);
-  host_.KeepBackup(document_.Data(), "read");
-  document_.ForgetChange();
-}
-
-void WindowCommands::Program() {
-  if (!host_.CheckPage()) return;
-  const auto sent = std::make_unique<core::RadioData>(document_.Data());
-  if (Transfer(*sent, link::SessionKind::kProgram)) host_.KeepBackup(*sent, "programmed");
-  // Encoding adjusts the records to what the radio can hold, whether the radio took them or not.
-  const bool still_saved = document_.IsSaved() && files::SettingFileText(*sent) ==
-                                                      files::SettingFileText(document_.Data());
-  document_.Adjust(
-      std::string(core::kProgramToRadio), [&](core::RadioData& data) { data = *sent; },
-      still_saved);
 }
 
 void WindowCommands::FindCable() {

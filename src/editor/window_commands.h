@@ -3,12 +3,11 @@
 #include "editor/command_host.h"
 #include "editor/file_commands.h"
 #include "editor/window_services.h"
-#include "link/transfer_session.h"
 
 namespace orvane::editor {
 
-/// The commands that open windows of their own or talk to devices. Each runs its own page check
-/// first where it needs one, and tells the user itself what goes wrong.
+/// The commands that open windows of their own, or print. Each runs its own page check first where
+/// it needs one, and tells the user itself what goes wrong.
 class WindowCommands {
  public:
   WindowCommands(const WindowServices& services, CommandHost& host, FileCommands& files);
@@ -17,8 +16,6 @@ class WindowCommands {
   void PrintToFile();
   /// Puts a backup in the place of the data, if one is chosen.
   void Backups();
-  void Program();
-  void Read();
   /// Lists, finds and tests serial ports.
   void FindCable();
   /// context is never 0.
@@ -31,9 +28,6 @@ class WindowCommands {
   void About();
 
  private:
-  /// Runs the transfer dialog over a copy of the data; true when data were read whole, or written
-  /// at least in part.
-  bool Transfer(core::RadioData& data, link::SessionKind kind);
   void PrintAsPdf();
   [[nodiscard]] files::Imprint Imprint() const;
   void ReportPrintFailure(const core::SystemError& failure);
@@ -42,7 +36,6 @@ class WindowCommands {
   document::Document& document_;
   CommandHost& host_;
   FileCommands& file_commands_;
-  bool radio_partly_written_ = false;
 };
 
 }  // namespace orvane::editor

@@ -39,6 +39,7 @@ struct WindowServices {
   std::string program_folder;        ///< where file dialogs start
   std::string backups_folder;        ///< "": no backups are kept
   std::string previous_folder;       ///< of files saved over; "": none are kept
+  std::string marks_folder;          ///< of partly written radios
   std::string data_folder;           ///< destination templates and logo
   /// Null: the system tells nothing about serial ports beside their list.
   link::DeviceFacts* devices = nullptr;

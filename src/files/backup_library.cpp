@@ -125,6 +125,18 @@ std::vector<Backup> BackupLibrary::Entries() const {
   return backups;
 }
 
+std::vector<Backup> BackupLibrary::Since(std::string_view made) const {
+  const std::string first = TimeInName(made);
+  std::vector<Backup> backups;
+  for (const std::string& name : Names()) {
+    if (name < first) continue;
+    if (std::optional<Backup> backup = Look(name)) backups.push_back(std::move(*backup));
+  }
+  std::sort(backups.begin(), backups.end(), &IsOlder);
+  std::reverse(backups.begin(), backups.end());
+  return backups;
+}
+
 std::vector<Backup> BackupLibrary::Find(std::string_view id) const {
   constexpr std::size_t kFewest = 4;
   const std::string wanted = core::UpperCase(id);

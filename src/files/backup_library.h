@@ -51,6 +51,8 @@ class BackupLibrary {
 
   /// Newest first.
   [[nodiscard]] std::vector<Backup> Entries() const;
+  /// Those made at that time or later; the others are not even looked into.
+  [[nodiscard]] std::vector<Backup> Since(std::string_view made) const;
   /// Those with that ID, or else those whose ID begins so, in either letter case. At least four
   /// characters are needed for a beginning.
   [[nodiscard]] std::vector<Backup> Find(std::string_view id) const;

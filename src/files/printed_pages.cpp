@@ -36,6 +36,17 @@ struct LineText {
   std::string text;
 };
 
+void AddFooters(std::vector<PrintedPage>& pages, const std::string& file_name,
+                const std::string& date) {
+  const std::string count = std::to_string(pages.size());
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    pages[i].footer_left = file_name;
+    std::string& right = pages[i].footer_right;
+    right = date;
+    right.append("   Page ").append(std::to_string(i + 1)).append(" of ").append(count);
+  }
+}
+
 /// Fills pages line by line from the top.
 class PageWriter {
  public:
@@ -67,13 +78,7 @@ class PageWriter {
   /// The pages, each with its footer.
   [[nodiscard]] std::vector<PrintedPage> Take(const std::string& file_name,
                                               const std::string& date) {
-    const std::string count = std::to_string(pages_.size());
-    for (std::size_t i = 0; i < pages_.size(); ++i) {
-      pages_[i].footer_left = file_name;
-      std::string& right = pages_[i].footer_right;
-      right = date;
-      right.append("   Page ").append(std::to_string(i + 1)).append(" of ").append(count);
-    }
+    AddFooters(pages_, file_name, date);
     return std::move(pages_);
   }
 
@@ -317,6 +322,30 @@ std::vector<PrintedPage> BuildPrintedPages(const RadioData& data, int lines_per_
     WriteExtraTable(writer, data, /*lmr_pass=*/false);
   }
   return writer.Take(FileName(imprint.file), DateText(imprint.date));
+}
+
+std::vector<PrintedPage> BuildTextPages(std::string_view text, int lines_per_page,
+                                        const Imprint& imprint) {
+  constexpr auto kLongest =
+      static_cast<std::size_t>((kPrintRightMm - kPrintLeftMm) / kPrintCharacterMm);
+  const int most = std::max(lines_per_page, kFewestLines);
+  std::vector<PrintedPage> pages;
+  int line = most;
+  for (std::string_view rest : core::Split(text, '\n')) {
+    if (rest.ends_with('\r')) rest.remove_suffix(1);
+    do {
+      if (line == most) {
+        pages.emplace_back();
+        line = 0;
+      }
+      const std::string_view part = core::TrimRight(rest.substr(0, kLongest));
+      if (!part.empty()) pages.back().texts.push_back({kPrintLeftMm, line, std::string(part)});
+      ++line;
+      rest.remove_prefix(std::min(rest.size(), kLongest));
+    } while (!rest.empty());
+  }
+  AddFooters(pages, FileName(imprint.file), DateText(imprint.date));
+  return pages;
 }
 
 }  // namespace orvane::files

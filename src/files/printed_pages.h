@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/calendar.h"
@@ -56,5 +57,9 @@ struct Imprint {
 [[nodiscard]] std::vector<PrintedPage> BuildPrintedPages(const core::RadioData& data,
                                                          int lines_per_page,
                                                          const Imprint& imprint);
+
+/// The same for a text; a line too long for the paper goes on in the next one.
+[[nodiscard]] std::vector<PrintedPage> BuildTextPages(std::string_view text, int lines_per_page,
+                                                      const Imprint& imprint);
 
 }  // namespace orvane::files

@@ -10,7 +10,7 @@
 namespace orvane::link {
 
 /// What a program run does beside writing. Each adds a phase of its own; with none of them the
-/// exchange with the radio is the plain one. Other runs do not look at them.
+/// exchange with the radio is the plain one. Other runs look at only_look alone.
 struct TransferOptions {
   /// The radio's memory is read whole, after the model check and before anything is written, and
   /// handed to the witness.
@@ -28,6 +28,9 @@ struct TransferOptions {
   /// encoded, repaired or asked, and the channels of every group whether available or not, as the
   /// run that is undone may have written them.
   bool put_back = false;
+  /// A read that is only to be looked at: what the radio holds is left as it is, narrow or not, and
+  /// no message tells that the run is complete. Program runs do not look at it.
+  bool only_look = false;
 };
 
 /// Who keeps what a program run must not lose. Called in the middle of the run, with the port open:

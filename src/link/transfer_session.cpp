@@ -177,6 +177,10 @@ void TransferSession::ReadFromRadio(CloneProtocol& protocol) {
   std::copy(taken.begin(), taken.end(), received.Image.Used().begin() + kFirstTakenByte);
   image::DecodeAll(received);
   data_ = std::move(received);
+  if (options_.only_look) {
+    transfer_done_ = true;
+    return;
+  }
   Complete();
   static_cast<void>(core::NarrowbandCheck(data_, core::NarrowbandDirection::kUpload,
                                           services_.clock.Today(), prompts_));

@@ -13,7 +13,7 @@
 namespace orvane::platform {
 namespace {
 
-constexpr std::array<std::pair<core::Answer, QMessageBox::StandardButton>, 10> kAnswers = {
+constexpr std::array<std::pair<core::Answer, QMessageBox::StandardButton>, 13> kAnswers = {
     {{core::Answer::kOk, QMessageBox::Ok},
      {core::Answer::kCancel, QMessageBox::Cancel},
      {core::Answer::kYes, QMessageBox::Yes},
@@ -23,15 +23,20 @@ constexpr std::array<std::pair<core::Answer, QMessageBox::StandardButton>, 10> k
      {core::Answer::kSaveAs, QMessageBox::Save},
      {core::Answer::kRestore, QMessageBox::Open},
      {core::Answer::kKeep, QMessageBox::Ignore},
-     {core::Answer::kDiscard, QMessageBox::Discard}}};
+     {core::Answer::kDiscard, QMessageBox::Discard},
+     {core::Answer::kProgramAgain, QMessageBox::Reset},
+     {core::Answer::kSaveReceipt, QMessageBox::SaveAll},
+     {core::Answer::kClose, QMessageBox::Close}}};
 
 // Buttons without Enter or Escape that Qt gives no access key, or another caption.
-constexpr std::array<std::pair<QMessageBox::StandardButton, const char*>, 6> kCaptions = {
+constexpr std::array<std::pair<QMessageBox::StandardButton, const char*>, 8> kCaptions = {
     {{QMessageBox::Retry, QT_TRANSLATE_NOOP("QMessageBox", "&Retry")},
      {QMessageBox::YesToAll, QT_TRANSLATE_NOOP("QMessageBox", "&Overwrite")},
      {QMessageBox::Open, QT_TRANSLATE_NOOP("QMessageBox", "&Restore")},
      {QMessageBox::Ignore, QT_TRANSLATE_NOOP("QMessageBox", "&Keep for Later")},
      {QMessageBox::Discard, QT_TRANSLATE_NOOP("QMessageBox", "&Discard")},
+     {QMessageBox::Reset, QT_TRANSLATE_NOOP("QMessageBox", "&Program Again")},
+     {QMessageBox::SaveAll, QT_TRANSLATE_NOOP("QMessageBox", "Save &Receipt...")},
      {QMessageBox::Save, QT_TRANSLATE_NOOP("QMessageBox", "Save &As...")}}};
 
 QMessageBox::StandardButton ButtonOf(core::Answer answer) {
@@ -64,6 +69,8 @@ QMessageBox::StandardButtons ButtonsOf(core::Buttons buttons) {
       return QMessageBox::YesToAll | QMessageBox::Save | QMessageBox::Cancel;
     case core::Buttons::kRestoreKeepDiscard:
       return QMessageBox::Open | QMessageBox::Ignore | QMessageBox::Discard;
+    case core::Buttons::kAgainReceiptClose:
+      return QMessageBox::Reset | QMessageBox::SaveAll | QMessageBox::Close;
   }
   return QMessageBox::Ok;
 }
@@ -83,6 +90,8 @@ core::Answer FirstAnswer(core::Buttons buttons) {
       return core::Answer::kSaveAs;
     case core::Buttons::kRestoreKeepDiscard:
       return core::Answer::kRestore;
+    case core::Buttons::kAgainReceiptClose:
+      return core::Answer::kProgramAgain;
   }
   return core::Answer::kOk;
 }
@@ -96,6 +105,8 @@ core::Answer ClosedAnswer(core::Buttons buttons) {
       return core::Answer::kNo;
     case core::Buttons::kRestoreKeepDiscard:
       return core::Answer::kKeep;
+    case core::Buttons::kAgainReceiptClose:
+      return core::Answer::kClose;
     default:
       return core::Answer::kCancel;
   }

@@ -95,6 +95,10 @@ std::string CopiesFolder() {
   return ToUtf8(StateFolder() + "/copies");
 }
 
+std::string MarksFolder() {
+  return ToUtf8(StateFolder() + "/partly_written");
+}
+
 std::string RecoveryFolder() {
   return ToUtf8(StateFolder() + "/recovery");
 }

@@ -24,6 +24,8 @@ namespace orvane::platform {
 [[nodiscard]] std::string PreviousFolder();
 /// Copies of files that could only be overwritten in place. Not created.
 [[nodiscard]] std::string CopiesFolder();
+/// Marks of radios that were left partly written. Not created.
+[[nodiscard]] std::string MarksFolder();
 /// Unsaved work, while the program runs and after it was killed. Not created.
 [[nodiscard]] std::string RecoveryFolder();
 /// err.log in the program's folder when it may be written there, else in the user's state folder.

@@ -102,15 +102,18 @@ QPageSize::PageSizeId LocalPaper() {
 
 }  // namespace
 
-std::optional<core::SystemError> PaintReport(const core::RadioData& data,
-                                             const files::Imprint& imprint,
-                                             QPagedPaintDevice& device) {
+namespace {
+
+double HeightOf(const QPagedPaintDevice& device) {
+  return device.pageLayout().fullRect(QPageLayout::Millimeter).height();
+}
+
+std::optional<core::SystemError> PaintPages(const std::vector<files::PrintedPage>& pages,
+                                            QPagedPaintDevice& device) {
   const std::optional<QFont> font = TypewriterFont();
   if (!font) return core::SystemError{0, kNoFont};
   const core::SystemError not_painted{0, kNotPainted};
-  const double height_mm = device.pageLayout().fullRect(QPageLayout::Millimeter).height();
-  const std::vector<files::PrintedPage> pages =
-      files::BuildPrintedPages(data, files::LinesPerPage(height_mm), imprint);
+  const double height_mm = HeightOf(device);
   QPainter painter;
   if (!painter.begin(&device)) return not_painted;
   painter.setFont(*font);
@@ -121,6 +124,21 @@ std::optional<core::SystemError> PaintReport(const core::RadioData& data,
     PaintFooter(pages[number], height_mm, painter);
   }
   return painter.end() ? std::nullopt : std::optional(not_painted);
+}
+
+}  // namespace
+
+std::optional<core::SystemError> PaintReport(const core::RadioData& data,
+                                             const files::Imprint& imprint,
+                                             QPagedPaintDevice& device) {
+  return PaintPages(files::BuildPrintedPages(data, files::LinesPerPage(HeightOf(device)), imprint),
+                    device);
+}
+
+std::optional<core::SystemError> PaintText(const std::string& text, const files::Imprint& imprint,
+                                           QPagedPaintDevice& device) {
+  return PaintPages(files::BuildTextPages(text, files::LinesPerPage(HeightOf(device)), imprint),
+                    device);
 }
 
 core::FileBytes PdfReport(const core::RadioData& data, const files::Imprint& imprint) {

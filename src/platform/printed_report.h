@@ -17,6 +17,11 @@ namespace orvane::platform {
                                                            const files::Imprint& imprint,
                                                            QPagedPaintDevice& device);
 
+/// The same for a text.
+[[nodiscard]] std::optional<core::SystemError> PaintText(const std::string& text,
+                                                         const files::Imprint& imprint,
+                                                         QPagedPaintDevice& device);
+
 /// The report as the bytes of a PDF file; the paper is Letter where that is the locale's, else A4.
 [[nodiscard]] core::FileBytes PdfReport(const core::RadioData& data, const files::Imprint& imprint);
 

@@ -46,9 +46,18 @@ bool QtReportPrinter::Ask(QWidget& parent) {
 
 std::optional<core::SystemError> QtReportPrinter::Print(const core::RadioData& data,
                                                         const files::Imprint& imprint) {
+  return PrintPages([&](QPrinter& printer) { return PaintReport(data, imprint, printer); });
+}
+
+std::optional<core::SystemError> QtReportPrinter::PrintText(const std::string& text,
+                                                            const files::Imprint& imprint) {
+  return PrintPages([&](QPrinter& printer) { return PaintText(text, imprint, printer); });
+}
+
+std::optional<core::SystemError> QtReportPrinter::PrintPages(const Painting& paint) {
   if (!printer_) return core::SystemError{0, "No printer was chosen."};
   printer_->setDocName(FromUtf8(core::kProgramTitle));
-  const std::optional<core::SystemError> failure = PaintReport(data, imprint, *printer_);
+  const std::optional<core::SystemError> failure = paint(*printer_);
   const QPrinter::PrinterState state = printer_->printerState();
   if (!failure && state != QPrinter::Error && state != QPrinter::Aborted) return std::nullopt;
   const std::string reason =

@@ -2,6 +2,7 @@
 
 #include <QPrinter>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -11,7 +12,7 @@
 
 namespace orvane::platform {
 
-/// The machine's printers, for the one document the program prints.
+/// The machine's printers, for what the program prints.
 class ReportPrinter {
  public:
   virtual ~ReportPrinter() = default;
@@ -21,6 +22,9 @@ class ReportPrinter {
   /// Prints the report as chosen. Pages that a failing printer already took stay printed.
   [[nodiscard]] virtual std::optional<core::SystemError> Print(const core::RadioData& data,
                                                                const files::Imprint& imprint) = 0;
+  /// The same for a text.
+  [[nodiscard]] virtual std::optional<core::SystemError> PrintText(
+      const std::string& text, const files::Imprint& imprint) = 0;
 };
 
 /// The printers the system knows, through its own dialog.
@@ -30,8 +34,13 @@ class QtReportPrinter : public ReportPrinter {
   [[nodiscard]] bool Ask(QWidget& parent) override;
   [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& data,
                                                        const files::Imprint& imprint) override;
+  [[nodiscard]] std::optional<core::SystemError> PrintText(const std::string& text,
+                                                           const files::Imprint& imprint) override;
 
  private:
+  using Painting = std::function<std::optional<core::SystemError>(QPrinter&)>;
+  [[nodiscard]] std::optional<core::SystemError> PrintPages(const Painting& paint);
+
   std::unique_ptr<QPrinter> printer_;
 };
 

@@ -115,10 +115,26 @@ int main(int argc, char** argv) {
   OwnPrompts prompts(file);
   testing::WindowDesk desk(&files);
   const editor::WindowServices of_desk = desk.Services();
-  desk.window = std::make_unique<editor::MainWindow>(editor::WindowServices{
-      of_desk.document, of_desk.state, prompts, of_desk.clock, of_desk.pump, of_desk.settings,
-      of_desk.files, of_desk.log, of_desk.ports, of_desk.dialogs, of_desk.make_port,
-      of_desk.printer, of_desk.help, &recovery, nullptr, "/program", "", "", "/share"});
+  desk.window = std::make_unique<editor::MainWindow>(editor::WindowServices{of_desk.document,
+                                                                            of_desk.state,
+                                                                            prompts,
+                                                                            of_desk.clock,
+                                                                            of_desk.pump,
+                                                                            of_desk.settings,
+                                                                            of_desk.files,
+                                                                            of_desk.log,
+                                                                            of_desk.ports,
+                                                                            of_desk.dialogs,
+                                                                            of_desk.make_port,
+                                                                            of_desk.printer,
+                                                                            of_desk.help,
+                                                                            &recovery,
+                                                                            nullptr,
+                                                                            "/program",
+                                                                            "",
+                                                                            "",
+                                                                            folder + "/marks",
+                                                                            "/share"});
   if (files.FileSize(file)) desk.window->OpenAtStart(file);
   desk.window->show();
   if (!QTest::qWaitFor([&] { return desk.window->AutosaveTimer() != nullptr; })) return 3;

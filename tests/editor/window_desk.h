@@ -66,10 +66,15 @@ class ScriptedPrinter : public platform::ReportPrinter {
     printed.push_back(imprint.file);
     return failure;
   }
+  [[nodiscard]] std::optional<core::SystemError> PrintText(
+      const std::string& text, const files::Imprint& /*imprint*/) override {
+    printed.push_back(text);
+    return failure;
+  }
   bool has_printer = true;
   bool chosen = true;
   std::optional<core::SystemError> failure;
-  std::vector<std::string> printed;  ///< files that the footers named
+  std::vector<std::string> printed;  ///< files that the footers named, and texts
 };
 
 /// Keeps in memory; what was left behind is the script's.
@@ -144,7 +149,7 @@ struct WindowDesk : ArrangedDocument {
   [[nodiscard]] editor::WindowServices Services() {
     return {document,   state,      prompts,    *used_clock, *used_pump, settings, *used_files,
             log,        ports,      dialogs,    make_port,   printer,    &help,    &recovery,
-            interrupts, "/program", "/backups", "/previous", "/share",   &devices};
+            interrupts, "/program", "/backups", "/previous", "/marks",   "/share", &devices};
   }
 
   /// Shows the window and lets its start come to an end.

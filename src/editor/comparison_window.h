@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDialog>
+#include <QTreeWidget>
+#include <string>
+
+#include "document/compare.h"
+#include "editor/window_services.h"
+
+namespace orvane::editor {
+
+/// `frmComparison`: how two data sets of one model differ, field by field, to look at, copy and
+/// save.
+class ComparisonWindow : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// The names head the columns of values: "On the screen", "In the radio".
+  struct Names {
+    QString ours;
+    QString theirs;
+  };
+  ComparisonWindow(const WindowServices& services, document::Comparison comparison, Names names,
+                   QWidget* parent);
+
+ private:
+  void AddRows();
+  /// Tab-separated lines, headings first.
+  [[nodiscard]] QString Text() const;
+  void SaveAs();
+
+  const WindowServices services_;
+  const document::Comparison comparison_;
+  QTreeWidget* rows_;
+};
+
+}  // namespace orvane::editor

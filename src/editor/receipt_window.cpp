@@ -1,0 +1,82 @@
+#include "editor/receipt_window.h"
+
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "core/message_facts.h"
+#include "core/product.h"
+#include "files/receipt_text.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+namespace {
+
+constexpr const char* kFilter = "text files(*.txt)|*.txt|All files(*.*)|*.*";
+constexpr QSize kFirstSize(520, 360);
+
+std::string TextOf(const link::Receipt& receipt) {
+  return files::ReceiptText(receipt, files::DifferingFields(receipt));
+}
+
+}  // namespace
+
+void SaveReceipt(const WindowServices& services, const link::Receipt& receipt) {
+  const std::string path =
+      services.dialogs.AskSave({.filter = kFilter, .folder = services.program_folder})
+          .value_or(std::string());
+  if (path.empty()) return;
+  if (const auto failure = services.files.WriteFile(path, TextOf(receipt))) {
+    services.prompts.Show(core::MakeMessage(core::MessageId::kFileSave, core::kProgramTitle,
+                                            core::FileFacts(path, *failure)));
+  }
+}
+
+ReceiptWindow::ReceiptWindow(const WindowServices& services, link::Receipt receipt, QWidget* parent)
+    : QDialog(parent), services_(services), receipt_(std::move(receipt)) {
+  setObjectName(QStringLiteral("frmReceipt"));
+  setWindowTitle(tr("Receipt"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* column = new QVBoxLayout(this);
+  auto* text = new QPlainTextEdit(platform::FromUtf8(TextOf(receipt_)), this);
+  text->setObjectName(QStringLiteral("txtReceipt"));
+  text->setAccessibleName(tr("Receipt"));
+  text->setReadOnly(true);
+  text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  column->addWidget(text);
+  auto* row = new QHBoxLayout;
+  column->addLayout(row);
+  row->addStretch();
+  const auto add = [&](const char* name, const QString& caption, auto command) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(QLatin1String(name));
+    connect(button, &QPushButton::clicked, this, command);
+    row->addWidget(button);
+    return button;
+  };
+  add("cmdSaveAs", tr("Save &As..."), [this] { SaveReceipt(services_, receipt_); });
+  add("cmdPrint", tr("&Print..."), [this] { Print(); });
+  add("cmdClose", tr("&Close"), [this] { close(); })->setDefault(true);
+  resize(kFirstSize);
+}
+
+void ReceiptWindow::Print() {
+  if (!services_.printer.HasPrinter()) {
+    services_.prompts.Show(
+        core::MakeMessage(core::MessageId::kPrintFailed, core::kProgramTitle,
+                          {{"reason", "There is no printer. Save it instead."}}));
+    return;
+  }
+  if (!services_.printer.Ask(*this)) return;
+  const auto failure =
+      services_.printer.PrintText(TextOf(receipt_), {receipt_.file, services_.clock.Today()});
+  if (!failure) return;
+  services_.prompts.Show(core::MakeMessage(core::MessageId::kPrintFailed, core::kProgramTitle,
+                                           {{"reason", failure->description}}));
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,144 @@
+#include "editor/transfer_commands.h"
+
+#include <utility>
+
+#include "core/messages.h"
+#include "core/number_text.h"
+#include "core/product.h"
+#include "core/text.h"
+#include "document/compare.h"
+#include "editor/comparison_window.h"
+#include "editor/receipt_window.h"
+#include "files/receipt_text.h"
+#include "files/settings_file.h"
+#include "link/port_name.h"
+#include "platform/ansi_text.h"
+
+namespace orvane::editor {
+namespace {
+
+constexpr std::string_view kSettingsEnding = ".dat";
+
+/// "boat.dat", "boat.dat with unsaved changes", "unsaved data".
+std::string WhatOf(const document::Document& document) {
+  if (document.FileName().empty()) return "unsaved data";
+  const std::string name = core::WithoutFolder(document.FileName());
+  return document.IsSaved() ? name : name + " with unsaved changes";
+}
+
+/// A settings file has no place for everything that some radios hold.
+bool CameFromSettingsFile(const document::Document& document) {
+  const document::Origin origin = document.ComesFrom();
+  return (origin == document::Origin::kOpened || origin == document::Origin::kRecovered) &&
+         core::LowerCase(document.FileName()).ends_with(kSettingsEnding);
+}
+
+}  // namespace
+
+TransferCommands::TransferCommands(const WindowServices& services, CommandHost& host,
+                                   std::function<void()> find_cable)
+    : services_(services),
+      document_(services.document),
+      host_(host),
+      find_cable_(std::move(find_cable)),
+      marks_(services.files, services.marks_folder) {}
+
+TransferDialog TransferCommands::MakeDialog(TransferJob job) {
+  return TransferDialog(services_, host_, marks_, find_cable_, std::move(job));
+}
+
+void TransferCommands::Exec(TransferDialog& dialog) {
+  dialog.exec();
+  // A message box and the dialog under it go at one stroke; some window managers then leave no
+  // window active.
+  host_.Widget().activateWindow();
+  host_.ShowPartlyWritten();
+  if (dialog.Receipt()) {
+    const link::Receipt& receipt = *dialog.Receipt();
+    host_.KeepReceipt(receipt.began, files::ReceiptText(receipt, files::DifferingFields(receipt)));
+    (new ReceiptWindow(services_, receipt, &host_.Widget()))->show();
+  }
+  if (dialog.FieldToShow()) host_.ShowField(*dialog.FieldToShow());
+}
+
+void TransferCommands::Read() {
+  if (!host_.CheckPage()) return;
+  TransferDialog dialog = MakeDialog({.data = document_.Data()});
+  Exec(dialog);
+  if (dialog.Job().Programs()) return;  // the radio was put right instead
+  if (!dialog.DataMoved()) return;
+  document_.Replace(std::string(core::kReadFromRadio),
+                    {.data = std::move(dialog.Job().data),
+                     .origin = document::Origin::kRead,
+                     .time = services_.clock.TimeOfDay()},
+                    false);
+  host_.KeepBackup(document_.Data(), "read");
+  document_.ForgetChange();
+}
+
+TransferJob TransferCommands::JobOfDocument() {
+  return {.kind = link::SessionKind::kProgram,
+          .data = document_.Data(),
+          .what = WhatOf(document_),
+          .file = document_.FileName(),
+          .fill_from_radio = CameFromSettingsFile(document_),
+          .mend = [this](document::ProblemKind kind) {
+            const core::Date today = services_.clock.Today();
+            document_.Edit(std::string("Mend before programming"),
+                           [&](core::RadioData& data) { document::MendAll(data, kind, today); });
+            return document_.Data();
+          }};
+}
+
+void TransferCommands::Program() {
+  if (!host_.CheckPage()) return;
+  TransferDialog dialog = MakeDialog(JobOfDocument());
+  Exec(dialog);
+  if (dialog.Job().mend) TakeAdjustments(dialog.Job().data);
+}
+
+// Encoding adjusts the records to what the radio can hold, whether the radio took them or not.
+void TransferCommands::TakeAdjustments(const core::RadioData& sent) {
+  const bool still_saved = document_.IsSaved() &&
+                           files::SettingFileText(sent) == files::SettingFileText(document_.Data());
+  document_.Adjust(
+      std::string(core::kProgramToRadio), [&](core::RadioData& data) { data = sent; }, still_saved);
+}
+
+void TransferCommands::CompareWithRadio() {
+  if (!host_.CheckPage()) return;
+  TransferDialog dialog = MakeDialog({.data = document_.Data(), .only_looks = true});
+  Exec(dialog);
+  if (dialog.Job().Programs() || !dialog.DataMoved()) return;
+  // What the radio would hold after programming: encoding leaves some fields out.
+  const auto ours = document::AfterProgramming(document_.Data(), services_.clock.Today());
+  ComparisonWindow(services_, document::Compare(*ours, dialog.Job().data),
+                   {QObject::tr("On the screen"), QObject::tr("In the radio")}, &host_.Widget())
+      .exec();
+}
+
+void TransferCommands::ProgramFromMark(const std::string& port, Take take) {
+  const std::optional<files::PartlyWritten> mark = marks_.At(port);
+  if (!mark || !host_.CheckPage()) return;
+  if (port.starts_with(link::kPortWord)) {
+    host_.ChoosePort(core::ParseInt16(port.substr(link::kPortWord.size())).value_or(0));
+  }
+  TransferDialog dialog = MakeDialog({.data = document_.Data()});
+  if ((dialog.*take)(*mark)) Exec(dialog);
+}
+
+void TransferCommands::ProgramAgain(const std::string& port) {
+  ProgramFromMark(port, &TransferDialog::TakeSent);
+}
+
+void TransferCommands::PutBack(const std::string& port) {
+  ProgramFromMark(port, &TransferDialog::TakeBefore);
+}
+
+void TransferCommands::Settle(const std::string& port) {
+  const core::Message question = core::MakeMessage(core::MessageId::kSettle, core::kProgramTitle);
+  if (services_.prompts.Show(question) == core::Answer::kYes) marks_.Settle(port);
+  host_.ShowPartlyWritten();
+}
+
+}  // namespace orvane::editor

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "editor/command_host.h"
+#include "editor/transfer_dialog.h"
+#include "editor/window_services.h"
+#include "files/partly_written.h"
+
+namespace orvane::editor {
+
+/// The commands that talk to a radio. Each runs its own page check first where it needs one, and
+/// tells the user itself what goes wrong.
+class TransferCommands {
+ public:
+  /// find_cable: opens the search for the cable.
+  TransferCommands(const WindowServices& services, CommandHost& host,
+                   std::function<void()> find_cable);
+
+  void Program();
+  void Read();
+  /// Reads into a copy and shows how the radio differs. Changes nothing.
+  void CompareWithRadio();
+
+  /// The ways on from a radio that was left partly written.
+  void ProgramAgain(const std::string& port);
+  void PutBack(const std::string& port);
+  void Settle(const std::string& port);
+  [[nodiscard]] const files::PartlyWrittenMarks& Marks() const { return marks_; }
+
+ private:
+  [[nodiscard]] TransferDialog MakeDialog(TransferJob job);
+  /// Runs the dialog and keeps the receipt of what it did.
+  void Exec(TransferDialog& dialog);
+  using Take = bool (TransferDialog::*)(const files::PartlyWritten&);
+  void ProgramFromMark(const std::string& port, Take take);
+  [[nodiscard]] TransferJob JobOfDocument();
+  void TakeAdjustments(const core::RadioData& sent);
+
+  const WindowServices services_;
+  document::Document& document_;
+  CommandHost& host_;
+  const std::function<void()> find_cable_;
+  files::PartlyWrittenMarks marks_;
+};
+
+}  // namespace orvane::editor

@@ -1,0 +1,372 @@
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QPlainTextEdit>
+#include <QTreeWidget>
+
+#include "command_desk.h"
+#include "files/backup_library.h"
+#include "files/settings_file.h"
+#include "link/transfer_plan.h"
+#include "support/row.h"
+
+using namespace orvane;
+using core::Answer;
+using link::ExchangeKind;
+using testing::CommandDesk;
+using testing::Row;
+using testing::WindowDesk;
+
+namespace {
+
+constexpr const char* kRead = "mnuTransferRead";
+constexpr const char* kProgram = "mnuTransferProgram";
+constexpr const char* kCompare = "mnuTransferCompare";
+
+template <class T>
+T* Child(const char* name) {
+  return QApplication::activeModalWidget()->findChild<T*>(QLatin1String(name));
+}
+
+void Click(const char* button) {
+  Child<QPushButton>(button)->click();
+}
+
+link::FaultPlan Fault(const char* text) {
+  return link::FaultPlan({*link::ParseFault(text).fault});
+}
+
+/// As it will be written: encoded for the radio.
+QStringList Origins(WindowDesk& desk) {
+  QStringList origins;
+  for (const auto& backup : files::BackupLibrary(desk.files, "/backups").Entries()) {
+    origins << QString::fromStdString(backup.heading.origin);
+  }
+  origins.sort();
+  return origins;
+}
+
+core::ChannelRecord& Channel16(core::RadioData& data) {
+  return data.Table(core::MarineGroup::kUsa)[32];
+}
+
+/// What of the radio's memory a program run of those data writes.
+std::vector<std::uint8_t> Written(CommandDesk& desk) {
+  std::vector<std::uint8_t> bytes;
+  const auto memory = std::as_const(desk.radio).Memory();
+  for (int block = 0; block < static_cast<int>(memory.size()); block += link::kBlockSize) {
+    for (const link::Piece& piece : link::PiecesToWrite(block, desk.sample)) {
+      for (int at = piece.address; at < piece.address + piece.length; ++at) {
+        bytes.push_back(memory[static_cast<std::size_t>(at)]);
+      }
+    }
+  }
+  return bytes;
+}
+
+/// Cancels at the n-th write.
+void BreakAt(CommandDesk& desk, int number) {
+  desk.on_exchange = [&desk, number](const link::Exchange& exchange) {
+    if (exchange.kind == ExchangeKind::kWrite && desk.Asked(exchange.kind) == number) {
+      desk.state.Cancel = true;
+    }
+  };
+}
+
+void Settled(const WindowDesk& desk) {
+  QVERIFY(QTest::qWaitFor([&] { return desk.window->AutosaveTimer() != nullptr; }));
+}
+
+}  // namespace
+
+class ProgrammingTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void TheDialogTellsTheFacts() {
+    CommandDesk desk;
+    desk.ports.Add(1, "Adapter");
+    desk.ports.Add(4, "Other");
+    desk.Start();
+    const std::tuple<const char*, QString, QString> rows[] = {
+        {kProgram, "To the radio: unsaved data, model KT740, destination KT740-usa",
+         "This replaces what the radio holds."},
+        {kRead, "", "This replaces what is on the screen; Undo brings it back."},
+        {kCompare, "", "Nothing is changed, neither here nor in the radio."}};
+    for (const auto& [item, subject, consequence] : rows) {
+      const Row row(item);
+      desk.InWindowOf(item, [&, subject = subject, consequence = consequence](QDialog&) {
+        QCOMPARE(Child<QLabel>("lblSubject")->text(), subject);
+        const auto* bold = Child<QLabel>("lblConsequence");
+        QCOMPARE(bold->text(), consequence);
+        QVERIFY(bold->font().bold());
+        QCOMPARE(Child<QCheckBox>("chkReadBack")->isVisible(), !subject.isEmpty());
+      });
+    }
+    desk.dialogs.paths = {"/out/boat.dat"};
+    desk.Item("mnuFileSaveAs").trigger();
+    desk.InWindowOf(kProgram, [](QDialog&) {
+      QVERIFY(Child<QLabel>("lblSubject")->text().startsWith("To the radio: boat.dat, model"));
+      auto* ports = Child<QComboBox>("lstPort");
+      QCOMPARE(ports->currentText(), "COM1 Adapter");
+      ports->setCurrentIndex(1);
+      emit ports->activated(1);
+      QCOMPARE(Child<QLabel>("lblState")->text(), "Port: COM4 Other");
+    });
+    QVERIFY(desk.Transfer(kRead));
+    QCOMPARE(desk.opened_ports, std::vector<int>({4}));
+  }
+
+  // New's power code 0 keeps every channel from transmitting.
+  void WhatSpeaksAgainstSendingIsShownAndMended() {
+    CommandDesk desk;
+    desk.Start();
+    core::FieldRef first{};
+    desk.InWindowOf(kProgram, [&](QDialog&) {
+      const auto found =
+          document::ProblemsForSending(desk.document.Data(), desk.clock.today);
+      QVERIFY(!found.empty() && found[0].kind == document::ProblemKind::kPowerCodeZero);
+      first = found[0].at.front();
+      QVERIFY(Child<QLabel>("lblProblem")->text().contains("carry power code 0"));
+      QVERIFY(Child<QPushButton>("cmdOK")->isEnabled());
+      const QString remedy = Child<QPushButton>("cmdMend")->text();
+      QVERIFY(remedy.startsWith("Let ") && remedy.endsWith(" channels transmit"));
+      Click("cmdMend");
+      QVERIFY(QTest::qWaitFor([] {
+        const auto* text = Child<QLabel>("lblProblem");
+        return text == nullptr || !text->text().contains("power code 0");
+      }));
+    });
+    QVERIFY(Channel16(desk.data).TXPower != 0);
+    QCOMPARE(desk.document.Steps().size(), 1U);
+    desk.Item("mnuEditUndo").trigger();
+    QCOMPARE(Channel16(desk.data).TXPower, 0);
+    desk.InWindowOf(kProgram, [](QDialog&) { Click("cmdShow"); });
+    QCOMPARE(desk.PageName(), "pictChannel");
+    QCOMPARE(desk.Asked(ExchangeKind::kHandshake), 0);
+  }
+
+  void ACopyIsKeptFirstUnlessOneWasKeptWithinTheHour() {
+    CommandDesk desk;
+    desk.Start();
+    Settled(desk);
+    const auto held = std::as_const(desk.sample.Image).Used();
+    const std::vector<std::uint8_t> before(held.begin(), held.end());
+    desk.InWindowOf(kProgram, [&](QDialog&) {
+      QVERIFY(Child<QCheckBox>("chkKeepCopy")->isChecked());
+      QVERIFY(Child<QCheckBox>("chkKeepCopy")->text().contains("(1:3"));
+      Click("cmdOK");
+    });
+    QCOMPARE(Origins(desk), QStringList({"before programming", "programmed"}));
+    for (const auto& backup : files::BackupLibrary(desk.files, "/backups").Entries()) {
+      if (backup.heading.origin != "before programming") continue;
+      const auto kept = files::BackupLibrary(desk.files, "/backups").Load(backup);
+      QVERIFY(kept.data->Image[100] == before[100] && kept.data->EXP == desk.sample.EXP);
+    }
+    desk.InWindowOf(kProgram, [](QDialog&) {
+      auto* copy = Child<QCheckBox>("chkKeepCopy");
+      QVERIFY(!copy->isChecked());
+      QVERIFY(copy->text().endsWith(": it was read and kept at 14:02"));
+      auto* back = Child<QCheckBox>("chkReadBack");
+      QVERIFY(back->isChecked());
+      back->click();
+    });
+    desk.clock.time_of_day = "15:03";
+    desk.InWindowOf(kProgram, [](QDialog&) {
+      QVERIFY(Child<QCheckBox>("chkKeepCopy")->isChecked());
+      QVERIFY(!Child<QCheckBox>("chkReadBack")->isChecked());  // remembered
+    });
+  }
+
+  void ACopyThatCannotBeKeptStopsTheRunBeforeItWrites() {
+    CommandDesk desk;
+    desk.Start();
+    Settled(desk);
+    desk.files.failing["/backups"] = {28, "No space left on device"};
+    desk.Transfer(kProgram);
+    QCOMPARE(desk.Asked(ExchangeKind::kWrite), 0);
+    QVERIFY(desk.Messages().last().contains("could not be kept"));
+    QVERIFY(!desk.Find<QWidget>("stripPartlyWritten")->isVisible());
+  }
+
+  void ARadioThatLiesIsCaughtAndItsFieldsNamed() {
+    CommandDesk desk;
+    desk.Start();
+    Settled(desk);
+    QVERIFY(desk.Transfer(kRead));
+    for (core::ChannelRecord& channel : desk.data.Table(core::MarineGroup::kUsa)) {
+      if (channel.Enable) channel.ChTag = "CHANGED";
+    }
+    desk.prompts.messages.clear();
+    desk.radio.SetFaults(Fault("other-stored@write:60"));
+    desk.prompts.answers = {Answer::kSaveReceipt, Answer::kProgramAgain};
+    desk.dialogs.paths = {"/out/receipt.txt"};
+    QVERIFY(desk.Transfer(kProgram));
+    QCOMPARE(desk.Messages(), QStringList({"The radio does not hold what was sent.",
+                                           "The radio does not hold what was sent.",
+                                           "Complete!!"}));
+    const std::string& details = desk.prompts.messages[0].details;
+    QVERIFY(details.find(": sent ") != std::string::npos);
+    QVERIFY(details.find(", the radio holds ") != std::string::npos);
+    const std::string& receipt = desk.files.files["/out/receipt.txt"];
+    QVERIFY(receipt.find(", the radio holds ") != std::string::npos);
+    QVERIFY(!desk.Find<QWidget>("stripPartlyWritten")->isVisible());
+
+    // Closed instead, it is one that does not hold what it was given.
+    Channel16(desk.data).ChTag = "ONCE MORE";
+    desk.radio.SetFaults(Fault("not-stored@write:60"));
+    desk.prompts.answers = {Answer::kClose};
+    QVERIFY(!desk.Transfer(kProgram));
+    QVERIFY(desk.Find<QWidget>("stripPartlyWritten")->isVisible());
+  }
+
+  void EachCompletedRunHasAReceipt() {
+    CommandDesk desk;
+    desk.Start();
+    Settled(desk);
+    QVERIFY(desk.Transfer(kProgram));
+    auto* window = desk.Find<QDialog>("frmReceipt");
+    QVERIFY(window != nullptr && window->isVisible() && !window->isModal());
+    const std::string text =
+        window->findChild<QPlainTextEdit*>("txtReceipt")->toPlainText().toStdString();
+    QVERIFY(text.find("KT740") != std::string::npos && text.find("none") != std::string::npos);
+    const std::string& kept = desk.files.files["/backups/2026-11-24-140212-receipt.txt"];
+    QVERIFY(!kept.empty());
+    desk.dialogs.paths = {"/out/receipt.txt"};
+    window->findChild<QPushButton*>("cmdSaveAs")->click();
+    QCOMPARE(desk.files.files["/out/receipt.txt"], kept);
+    window->findChild<QPushButton*>("cmdPrint")->click();
+    QCOMPARE(desk.printer.printed, std::vector<std::string>{kept});
+    desk.printer.has_printer = false;
+    window->findChild<QPushButton*>("cmdPrint")->click();
+    QVERIFY(desk.Messages().last().contains("no printer"));
+  }
+
+  // Whatever a broken-off run has left: the new contents after one way, the old after the other.
+  void ABrokenRunIsRememberedOverARestartAndCanBeMadeGood() {
+    const std::tuple<const char*, bool, bool> rows[] = {
+        {"cmdProgramAgain", false, false}, {"cmdPutBack", true, false}, {"cmdPutBack", true, true}};
+    for (const auto& [way, old, in_dialog] : rows) {
+      const Row row(std::string(way) + (in_dialog ? " in the dialog" : ""));
+      CommandDesk desk;
+      desk.Start();
+      Settled(desk);
+      const std::vector<std::uint8_t> before = Written(desk);
+      QVERIFY(!desk.Transfer(kProgram) || true);
+      const std::vector<std::uint8_t> fresh = Written(desk);  // what a whole run leaves
+      QVERIFY(fresh != before);
+      desk.radio = link::SimulatedRadio(
+          link::RadioMemory(core::ProfileOf(desk.sample), std::as_const(desk.sample.Image).Used()));
+      desk.radio.SetObserver([&desk](const link::Exchange& exchange) {
+        desk.asked.push_back(exchange);
+        if (desk.on_exchange) desk.on_exchange(exchange);
+      });
+      desk.asked.clear();
+      core::AppSettings(desk.settings).SetKeepsCopyFirst(true);
+      desk.clock.time_of_day = "16:00";
+      BreakAt(desk, 60);
+      QVERIFY(!desk.Transfer(kProgram));
+      desk.on_exchange = nullptr;
+      desk.TriggerAndWait("mnuFileNew");
+      // Another start finds it.
+      desk.window = nullptr;
+      desk.Start();
+      Settled(desk);
+      auto* strip = desk.Find<QWidget>("stripPartlyWritten");
+      QVERIFY(strip->isVisible());
+      QCOMPARE(strip->findChild<QLabel*>("lblPartlyWritten")->text(),
+               "The radio on COM1 was left partly written on 24 November at 16:00.");
+      const core::RadioData untouched = desk.document.Data();
+      if (in_dialog) {
+        desk.InWindowOf(kRead, [&, way = way](QDialog& dialog) {
+          QVERIFY(Child<QLabel>("lblConsequence")->text().contains("mixed"));
+          Click(way);
+          QVERIFY(!dialog.isVisible());
+        });
+      } else {
+        QTimer::singleShot(0, desk.window.get(), [] {
+          QVERIFY(Child<QLabel>("lblSubject")->text().startsWith("To the radio: what "));
+          Click("cmdOK");
+        });
+        strip->findChild<QPushButton*>(way)->click();
+      }
+      QVERIFY(Written(desk) == (old ? before : fresh));
+      QVERIFY(!strip->isVisible());
+      QVERIFY(desk.document.Data() == untouched);
+      QVERIFY(desk.files.ListFolder("/marks").empty());
+    }
+  }
+
+  void ARadioIsSettledOnlyAfterYes() {
+    CommandDesk desk;
+    desk.Start();
+    Settled(desk);
+    BreakAt(desk, 30);
+    desk.Transfer(kProgram);
+    auto* strip = desk.Find<QWidget>("stripPartlyWritten");
+    desk.prompts.answers = {Answer::kNo, Answer::kYes};
+    for (const bool stays : {true, false}) {
+      QVERIFY(strip->isVisible());
+      strip->findChild<QPushButton*>("cmdSettled")->click();
+      QCOMPARE(strip->isVisible(), stays);
+    }
+  }
+
+  void ComparingReadsIntoACopyAndNamesTheFields() {
+    CommandDesk desk;
+    desk.Start();
+    QVERIFY(desk.Transfer(kRead));
+    Channel16(desk.data).ChTag = "MINE";
+    const core::RadioData mine = desk.data;
+    const std::size_t steps = desk.document.Steps().size();
+    desk.prompts.messages.clear();
+    for (const bool differs : {true, false}) {
+      const Row row(differs);
+      if (!differs) Channel16(desk.data).ChTag = Channel16(desk.sample).ChTag;
+      QTimer::singleShot(0, desk.window.get(), [&] {
+        QTimer::singleShot(0, desk.window.get(), [&] {
+          auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+          QCOMPARE(window->objectName(), "frmComparison");
+          const QString verdict = Child<QLabel>("lblVerdict")->text();
+          QCOMPARE(verdict, differs ? "1 field differs."
+                                    : "No difference: on the screen and in the radio are the "
+                                      "same.");
+          Click("cmdCopy");
+          QCOMPARE(QApplication::clipboard()->text().contains("CH Name\tMINE\t"), differs);
+          desk.dialogs.paths = {"/out/differences.txt"};
+          Click("cmdSaveAs");
+          QCOMPARE(desk.files.files["/out/differences.txt"],
+                   QApplication::clipboard()->text().toStdString());
+          window->close();
+        });
+        Click("cmdOK");
+      });
+      desk.Item(kCompare).trigger();
+      QVERIFY(desk.prompts.messages.empty());
+      QCOMPARE(desk.document.Steps().size(), steps);
+    }
+    Channel16(desk.data).ChTag = "MINE";
+    QVERIFY(desk.data == mine);
+  }
+
+  // A settings file has no place for a radio's MMSI: programming it leaves the radio its own.
+  void ASettingsFileProgramsOnlyWhatItHolds() {
+    for (const bool from_file : {true, false}) {
+      const Row row(from_file);
+      CommandDesk desk;
+      desk.Start();
+      desk.TriggerAndWait("mnuFileNew");
+      const std::string mmsi = desk.sample.Dsc.UserMmsi;
+      QVERIFY(!mmsi.empty() && desk.data.Dsc.UserMmsi != mmsi);
+      desk.dialogs.paths = {"/out/boat.dat", "/out/boat.dat"};
+      desk.Item("mnuFileSaveAs").trigger();
+      if (from_file) desk.Item("mnuFileOpen").trigger();
+      QVERIFY(desk.Transfer(kProgram));
+      QVERIFY(desk.Transfer(kRead));
+      QCOMPARE(desk.data.Dsc.UserMmsi == mmsi, from_file);
+    }
+  }
+};
+
+QTEST_MAIN(ProgrammingTest)
+#include "programming_test.moc"
