@@ -138,12 +138,16 @@ void Transfer(std::span<const std::uint8_t> bytes) {
   Silence silence;
   Impatient prompts;
   link::TransferSession session(data, state, {port, clock, clock, silence, silence}, prompts);
-  const link::Ending ending =
-      session.Run(read ? link::SessionKind::kRead : link::SessionKind::kProgram).ending;
+  const int phases = choice / 14 % 3;
+  const link::TransferOutcome outcome = session.Run(
+      read ? link::SessionKind::kRead : link::SessionKind::kProgram,
+      {.keep_copy = phases == 1, .read_back = phases > 0, .fill_from_radio = phases == 2});
+  const link::Ending ending = outcome.ending;
   const bool done = ending == link::Ending::kDone;
 
   Require(!port.IsOpen() && !state.Busy);
-  Require(done == prompts.completed);
+  Require((done && !outcome.not_read_back) == prompts.completed);
+  Require(outcome.receipt.has_value() == ((done && !read) || ending == link::Ending::kDiffers));
   Require(ending != link::Ending::kFailed || state.Error);
   Require(done || state.Error || state.Cancel);
   if (read && !done) {

@@ -6,6 +6,7 @@
 
 #include "cli/documents.h"
 #include "cli/options.h"
+#include "cli/run.h"
 #include "cli/services.h"
 #include "cli/status_line.h"
 #include "cli/terminal_prompts.h"
@@ -46,5 +47,8 @@ bool Refuse(Workplace& place, const std::string& what, std::string sentence);
 [[nodiscard]] bool RunProgram(Workplace& place);
 [[nodiscard]] bool RunBackups(Workplace& place);
 [[nodiscard]] bool RunDoctor(Workplace& place);
+/// Whether nothing worse than a note was found.
+[[nodiscard]] bool RunCheck(Workplace& place);
+[[nodiscard]] ExitStatus RunDiff(Workplace& place);
 
 }  // namespace orvane::cli

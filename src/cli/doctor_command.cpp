@@ -9,21 +9,12 @@
 #include "core/text.h"
 #include "link/doctor.h"
 #include "link/port_check.h"
-#include "link/replug.h"
 
 namespace orvane::cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
 using link::PortHolder;
-
-std::vector<std::vector<PortHolder>> HoldersOf(Workplace& place,
-                                               const std::vector<link::PortEntry>& ports) {
-  std::vector<std::string> devices;
-  for (const link::PortEntry& port : ports) devices.push_back(port.device);
-  if (place.services.devices != nullptr) return place.services.devices->HoldersOf(devices);
-  return std::vector<std::vector<PortHolder>>(ports.size());
-}
 
 Json HoldersTree(const std::vector<PortHolder>& holders) {
   Json tree = Json::array();
@@ -35,7 +26,8 @@ Json HoldersTree(const std::vector<PortHolder>& holders) {
 
 bool ListPorts(Workplace& place) {
   const std::vector<link::PortEntry> ports = link::PortsNow(place.services.ports);
-  const std::vector<std::vector<PortHolder>> holders = HoldersOf(place, ports);
+  const std::vector<std::vector<PortHolder>> holders =
+      link::HoldersOf(place.services.devices, ports);
   Json list = Json::array();
   for (std::size_t i = 0; i < ports.size(); ++i) {
     const link::PortLabel label = link::LabelOf(ports[i]);

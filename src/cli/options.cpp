@@ -20,7 +20,7 @@ struct CommandInfo {
   std::string_view usage;  ///< behind the program's name
   std::string_view help;
 };
-constexpr std::array<CommandInfo, 12> kCommands = {{
+constexpr auto kCommands = std::to_array<CommandInfo>({
     {Command::kNew, "new", "[--yes] new --model M -o OUT", "a fresh data set, saved"},
     {Command::kConvert, "convert", "[--yes] convert IN OUT",
      "between .hex, .dat, .orvsnap and to .txt, .pdf, by extension"},
@@ -38,11 +38,15 @@ constexpr std::array<CommandInfo, 12> kCommands = {{
      "[--yes] program [--model M] --port P IN [--keep FILE] [--verify] [--receipt FILE] "
      "[--base FILE]",
      "a file's contents into the radio"},
+    {Command::kCheck, "check", "check IN [--json]",
+     "what is wrong with a data set; exit status 0: nothing worse than notes, 1: something is"},
+    {Command::kDiff, "diff", "diff A B [--json]",
+     "how two data sets differ; exit status 0: not at all, 1: they do, 2: trouble"},
     {Command::kBackups, "backups", "backups [list|show ID|restore ID -o OUT]",
      "data sets that were kept when they were read, programmed or replaced"},
     {Command::kDoctor, "doctor", "doctor [--port P] [--model M] [--json]",
      "the serial ports and who has them; with --port, what is wrong there up to the radio"},
-}};
+});
 
 // The words as they stand, before their values are looked at.
 struct RawOptions {
@@ -138,6 +142,15 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
                      "take what a .dat file has no place for (MMSI, DSC, call signs) from this "
                      ".dat, .hex, .orvsnap or template .ini file, not from the radio");
       break;
+    case Command::kCheck:
+      input(kDocument)->required();
+      json();
+      break;
+    case Command::kDiff:
+      app.add_option("A", raw.options.input, kDocument)->required();
+      app.add_option("B", raw.options.other, kDocument)->required();
+      json();
+      break;
     case Command::kBackups:
       app.add_option("ACTION", raw.options.action, "list, show or restore; list when left out");
       app.add_option("ID", raw.options.id, "which one, as the list names it");
@@ -170,6 +183,10 @@ std::optional<std::string> WrongExtension(const std::string& path, std::string_v
   return std::string(what) + " \"" + path + "\" must end in " + OneOf(extensions) + ".";
 }
 
+std::optional<std::string> WrongDocument(const std::string& path) {
+  return WrongExtension(path, "The file to read", {".dat", ".hex", files::kSnapshotEnding});
+}
+
 std::optional<std::string> WrongInput(const Options& options) {
   if (options.command == Command::kMap) {
     if (options.input.empty()) return std::nullopt;
@@ -180,8 +197,7 @@ std::optional<std::string> WrongInput(const Options& options) {
       options.command == Command::kDoctor) {
     return std::nullopt;
   }
-  return WrongExtension(options.input, "The file to read",
-                        {".dat", ".hex", files::kSnapshotEnding});
+  return WrongDocument(options.input);
 }
 
 std::optional<std::string> WrongOutput(const Options& options) {
@@ -252,6 +268,7 @@ std::optional<std::string> FindMistake(RawOptions& raw) {
   if (raw.options.command == Command::kProgram) {
     if (std::optional<std::string> wrong = WrongFiles(raw.options)) return wrong;
   }
+  if (raw.options.command == Command::kDiff) return WrongDocument(raw.options.other);
   if (raw.options.base.empty()) return std::nullopt;
   return WrongExtension(raw.options.base, "The --base file",
                         {".dat", ".hex", files::kSnapshotEnding, ".ini"});
@@ -296,7 +313,7 @@ Parsed ParseWords(const std::vector<std::string>& words) {
   app.add_flag("--yes", raw.options.yes, "answer every question with Yes or OK");
   app.add_flag("--debug", raw.options.debug, "show each step of a transfer and write err.log");
   app.footer("Models: " + ModelNumbers() +
-             ".\nExit status: 0 done, 1 refused or failed, 2 wrong usage.");
+             ".\nExit status: 0 done, 1 refused or failed, 2 wrong usage, unless said otherwise.");
   for (const CommandInfo& info : kCommands) {
     CLI::App* const command = app.add_subcommand(std::string(info.name), std::string(info.help));
     AddOptions(*command, info, raw);

@@ -21,7 +21,9 @@ enum class Command {
   kRead,
   kProgram,
   kBackups,
-  kDoctor
+  kDoctor,
+  kCheck,
+  kDiff
 };
 
 /// A port number 1..16, or the path of a device.
@@ -36,6 +38,7 @@ struct Options {
   std::optional<std::int16_t> model;
   PortChoice port = 0;  ///< 0: none was named
   std::string input;
+  std::string other;  ///< diff: the second file
   std::string output;
   std::string base;
   std::string keep;                 ///< program: file for what the radio held before

@@ -19,34 +19,42 @@ class NoLog : public core::ErrorLog {
   void Write(std::string_view /*routine*/, std::string_view /*message*/) override {}
 };
 
-bool Execute(Workplace& place) {
+ExitStatus StatusOf(bool done) {
+  return done ? kDone : kFailed;
+}
+
+ExitStatus Execute(Workplace& place) {
   switch (place.options.command) {
     case Command::kNew:
-      return RunNew(place);
+      return StatusOf(RunNew(place));
     case Command::kConvert:
-      return RunConvert(place);
+      return StatusOf(RunConvert(place));
     case Command::kReport:
-      return RunReport(place);
+      return StatusOf(RunReport(place));
     case Command::kMap:
-      return RunMap(place);
+      return StatusOf(RunMap(place));
     case Command::kShow:
-      return RunShow(place);
+      return StatusOf(RunShow(place));
     case Command::kGet:
-      return RunGet(place);
+      return StatusOf(RunGet(place));
     case Command::kSet:
-      return RunSet(place);
+      return StatusOf(RunSet(place));
     case Command::kPorts:
-      return RunPorts(place);
+      return StatusOf(RunPorts(place));
     case Command::kRead:
-      return RunRead(place);
+      return StatusOf(RunRead(place));
     case Command::kProgram:
-      return RunProgram(place);
+      return StatusOf(RunProgram(place));
     case Command::kBackups:
-      return RunBackups(place);
+      return StatusOf(RunBackups(place));
     case Command::kDoctor:
-      return RunDoctor(place);
+      return StatusOf(RunDoctor(place));
+    case Command::kCheck:
+      return StatusOf(RunCheck(place));
+    case Command::kDiff:
+      return RunDiff(place);
   }
-  return false;
+  return kFailed;
 }
 
 /// Says why when the output has not been taken whole: the disk is full, the reader is gone.
@@ -89,9 +97,9 @@ int Run(const std::vector<std::string>& words, std::istream& in, std::ostream& o
   Documents documents(services, prompts, log, state);
   Workplace place{options, services, out, lines, prompts, log, state, documents};
   errno = 0;
-  const bool done = Execute(place);
-  const bool written = FlushOutput(out, err);
-  return done && written ? kDone : kFailed;
+  const ExitStatus status = Execute(place);
+  if (FlushOutput(out, err)) return status;
+  return options.command == Command::kDiff ? kTrouble : kFailed;
 }
 
 }  // namespace orvane::cli

@@ -146,6 +146,14 @@ Comparison Compare(const RadioData& ours, const RadioData& theirs) {
   return comparison;
 }
 
+std::unique_ptr<RadioData> AfterProgramming(const RadioData& data, core::Date today) {
+  auto after = std::make_unique<RadioData>(data);
+  image::EncodeAll(*after, today);
+  image::ConsistencyPass(*after);
+  image::DecodeAll(*after);
+  return after;
+}
+
 std::vector<TakeOverRefusal> TakeOver(RadioData& data, const RadioData& theirs,
                                       std::span<const Difference> chosen, core::Date today) {
   const bool sel1 = image::Sel1(data.Image);

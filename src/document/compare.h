@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -36,6 +37,12 @@ struct Comparison {
 /// memory that a record tells of or that radio and program write by themselves (checksum, model
 /// code, product). So data sets that compare equal may still differ in bytes that no user set.
 [[nodiscard]] Comparison Compare(const core::RadioData& ours, const core::RadioData& theirs);
+
+/// The data set as a radio holds and gives it back after programming: encoded, repaired, decoded.
+/// To tell whether a radio holds what a data set says, compare this one with what was read: a data
+/// set may say more than a radio can hold (Tx Enable of a channel with power code 0).
+[[nodiscard]] std::unique_ptr<core::RadioData> AfterProgramming(const core::RadioData& data,
+                                                                core::Date today);
 
 /// A field that could not become what the other data set has there.
 struct TakeOverRefusal {

@@ -9,10 +9,10 @@
 #include "core/field_rules.h"
 #include "core/model_profile.h"
 #include "core/text.h"
+#include "document/compare.h"
 #include "document/edits.h"
 #include "document/in_use.h"
 #include "document/problem_rules.h"
-#include "image/codec.h"
 
 namespace orvane::document {
 namespace {
@@ -23,15 +23,6 @@ using core::RadioData;
 
 // What a name may have to come back from a radio: what may be typed, but for the point.
 constexpr std::string_view kEnding = ".";
-
-/// As a radio would hold it and give it back.
-std::unique_ptr<RadioData> AfterProgramming(const RadioData& data, core::Date today) {
-  auto after = std::make_unique<RadioData>(data);
-  image::EncodeAll(*after, today);
-  image::ConsistencyPass(*after);
-  image::DecodeAll(*after);
-  return after;
-}
 
 // Of a channel that nobody comes to, nobody asks.
 bool IsAskedFor(const RadioData& data, FieldRef at) {

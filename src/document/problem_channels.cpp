@@ -45,10 +45,9 @@ void AddChannel16(const RadioData& data, Kind kind, Problems& problems) {
   const auto group = static_cast<std::size_t>(kind);
   if (!data.Usable[group].Enable || FirstChoice(data, group) == core::kNoChannel) return;
   if (!channel.Enable) {
-    problems.push_back(
-        Warning(ProblemKind::kChannel16, FieldOfChannel<&ChannelRecord::Enable>(place),
-                "Channel 16, for distress and calling, is off. It belongs into each group.",
-                "Switch it on"));
+    problems.push_back(Warning(
+        ProblemKind::kChannel16, FieldOfChannel<&ChannelRecord::Enable>(place),
+        "Channel 16, for distress and calling, is off. It belongs in each group.", "Switch it on"));
   } else if (!channel.TxEnable) {
     problems.push_back(
         Warning(ProblemKind::kChannel16, FieldOfChannel<&ChannelRecord::TxEnable>(place),

@@ -138,12 +138,9 @@ void FindCableDialog::LookAtPorts() {
     const Stage before = search_->Where();
     if (search_->Look(ports_) != before) FollowSearch();
   }
-  if (services_.devices != nullptr && (changed || looks_++ % kLooksToHolders == 0)) {
-    std::vector<std::string> devices;
-    for (const link::PortEntry& port : ports_) devices.push_back(port.device);
-    holders_ = services_.devices->HoldersOf(devices);
+  if (changed || looks_++ % kLooksToHolders == 0) {
+    holders_ = link::HoldersOf(services_.devices, ports_);
   }
-  holders_.resize(ports_.size());
   ShowPorts();
 }
 

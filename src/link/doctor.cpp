@@ -115,6 +115,15 @@ std::string UseText(const std::vector<PortHolder>& holders) {
   return text;
 }
 
+std::vector<std::vector<PortHolder>> HoldersOf(DeviceFacts* devices,
+                                               const std::vector<PortEntry>& ports) {
+  std::vector<std::string> paths(ports.size());
+  std::transform(ports.begin(), ports.end(), paths.begin(),
+                 [](const PortEntry& port) { return port.device; });
+  if (devices != nullptr) return devices->HoldersOf(paths);
+  return std::vector<std::vector<PortHolder>>(ports.size());
+}
+
 std::vector<PortHolder> TakersAmong(DeviceFacts& devices) {
   std::vector<PortHolder> takers;
   for (const auto& [program, verdict] : kTakers) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/model_profile.h"
+#include "link/port_list.h"
 
 /// What is wrong between the program and a radio, told from what was observed at its port. Pure:
 /// the observations come from PortCheck and from DeviceFacts.
@@ -43,6 +44,10 @@ class DeviceFacts {
   [[nodiscard]] virtual std::vector<PortHolder> Running(std::string_view program) = 0;
   [[nodiscard]] virtual DeviceGroup GroupOf(const std::string& device) = 0;
 };
+
+/// Of each port those that have it open; none where devices is null.
+[[nodiscard]] std::vector<std::vector<PortHolder>> HoldersOf(DeviceFacts* devices,
+                                                             const std::vector<PortEntry>& ports);
 
 /// Programs that are known to take ports by themselves.
 inline constexpr std::string_view kModemManagerProgram = "ModemManager";

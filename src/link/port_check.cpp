@@ -68,11 +68,9 @@ class NotedPrompts : public core::Prompts {
  public:
   core::Answer Show(const core::Message& message) override {
     said = message.details.substr(0, message.details.find('\r'));
-    refused = message.buttons == core::Buttons::kOkCancel;
     return core::Answer::kCancel;
   }
-  std::string said;      ///< the meaning of the last message
-  bool refused = false;  ///< it was about a command that the radio refused
+  std::string said;  ///< the meaning of the last message
 };
 
 /// An echo comes at once or never: a line that stays silent is given up.
@@ -93,22 +91,18 @@ class GivingUp : public TransferView {
 /// Asks a radio which model it is. Models keep the two copies of their code in different places.
 class ModelQuestion {
  public:
-  ModelQuestion(CloneProtocol& protocol, NotedPrompts& prompts)
-      : protocol_(protocol), prompts_(prompts) {}
+  explicit ModelQuestion(CloneProtocol& protocol) : protocol_(protocol) {}
 
   void Ask(const core::ModelProfile& first_guess, Observations& seen) {
     const core::ModelProfile* model = Names(first_guess) ? &first_guess : nullptr;
     for (const core::ModelProfile& profile : core::ModelProfiles()) {
       if (model == nullptr && Names(profile)) model = &profile;
     }
-    if (model == nullptr) model = &first_guess;
-    const std::optional<std::uint16_t> first = CodeAt(model->radio_code_address);
-    const std::optional<std::uint16_t> second = CodeAt(model->image_size - kCodeLength);
-    if (!first || !second) return;
+    if (model == nullptr) return AskStranger(seen);
+    seen.codes = core::CodePair{model->code, model->code};
     if (model->product_byte && protocol_.ReadBlock(memory_.All(), image::kProductOffset, 1)) {
       seen.product = std::as_const(memory_)[image::kProductOffset];
     }
-    seen.codes = core::CodePair{*first, *second};
   }
 
  private:
@@ -119,24 +113,34 @@ class ModelQuestion {
            CodeAt(profile.image_size - kCodeLength) == profile.code;
   }
 
-  /// Each place is asked for once. A radio refuses what its memory does not have and can be asked
-  /// on; after any other failure it is not.
+  /// A code that no model has is all that is known of its radio; a known one that is not confirmed
+  /// is told with what stands in place of the other copy.
+  void AskStranger(Observations& seen) {
+    std::optional<std::uint16_t> first = CodeAt(image::kModelCodeOffset);
+    if (!first) return;
+    std::optional<std::uint16_t> second = first;
+    if (const core::ModelProfile* const claimed = core::FindProfileByCode(*first)) {
+      first = CodeAt(claimed->radio_code_address);
+      second = CodeAt(claimed->image_size - kCodeLength);
+    }
+    if (first && second) seen.codes = core::CodePair{*first, *second};
+  }
+
+  /// Each place is asked for once, and nothing after a failure.
   std::optional<std::uint16_t> CodeAt(int address) {
     const auto known = codes_.find(address);
     if (known != codes_.end() || lost_) return known == codes_.end() ? std::nullopt : known->second;
-    prompts_.refused = false;
     std::optional<std::uint16_t>& code = codes_[address];
     if (protocol_.ReadBlock(memory_.All(), address, kCodeLength)) {
       const core::MemoryImage& read = memory_;
       code = static_cast<std::uint16_t>(read[address] << 8 | read[address + 1]);
     } else {
-      lost_ = !prompts_.refused;
+      lost_ = true;
     }
     return code;
   }
 
   CloneProtocol& protocol_;
-  NotedPrompts& prompts_;
   core::MemoryImage memory_;
   std::map<int, std::optional<std::uint16_t>> codes_;
   bool lost_ = false;
@@ -167,8 +171,8 @@ void PortCheck::TryPort(SerialPort& port, const core::ModelProfile* wanted, Obse
   try {
     if (protocol.Connect()) {
       if (protocol.StatusCheck()) {
-        ModelQuestion(protocol, prompts)
-            .Ask(wanted != nullptr ? *wanted : core::ProfileOf(core::kDefaultModelType), seen);
+        ModelQuestion(protocol).Ask(
+            wanted != nullptr ? *wanted : core::ProfileOf(core::kDefaultModelType), seen);
       }
       protocol.AbortTransfer();
     }

@@ -89,6 +89,15 @@ std::int16_t CComList::FindPortIndex(int number) const {
   return -1;
 }
 
+std::vector<PortEntry> PortsNow(PortFinder& finder) {
+  CComList list(finder);
+  std::vector<PortEntry> ports;
+  for (int index = 0, count = list.Create(); index < count; ++index) {
+    ports.push_back(list.PortItem(index));
+  }
+  return ports;
+}
+
 std::string PortLabel::Text() const {
   return description.empty() ? name : name + " " + description;
 }

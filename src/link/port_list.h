@@ -52,6 +52,9 @@ class CComList {
   std::int16_t count_ = 0;
 };
 
+/// The ports that are offered now, in ascending order.
+[[nodiscard]] std::vector<PortEntry> PortsNow(PortFinder& finder);
+
 /// A port as the user knows it.
 struct PortLabel {
   std::string name;         ///< "COM" and a number, or the device that was asked for

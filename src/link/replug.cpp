@@ -20,15 +20,6 @@ bool SameDevices(const std::vector<PortEntry>& a, const std::vector<PortEntry>& 
 
 }  // namespace
 
-std::vector<PortEntry> PortsNow(PortFinder& finder) {
-  CComList list(finder);
-  std::vector<PortEntry> ports;
-  for (int index = 0, count = list.Create(); index < count; ++index) {
-    ports.push_back(list.PortItem(index));
-  }
-  return ports;
-}
-
 Replug::Replug(std::vector<PortEntry> ports) : there_(std::move(ports)), last_(there_) {}
 
 Replug::Stage Replug::Look(const std::vector<PortEntry>& ports) {

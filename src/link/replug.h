@@ -1,14 +1,10 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "link/port_list.h"
 
 namespace orvane::link {
-
-/// The ports that are offered now, in ascending order.
-[[nodiscard]] std::vector<PortEntry> PortsNow(PortFinder& finder);
 
 /// Finds the cable by unplugging it and plugging it in again: its port is the one that goes and
 /// comes back, whatever number it comes back with, or the one that is new when the cable was not

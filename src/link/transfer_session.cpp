@@ -66,13 +66,13 @@ TransferOutcome TransferSession::Run(SessionKind kind, const TransferOptions& op
   }
   link_.PortClose();
   services_.view.ShowProgress(0);
-  state_.Busy = false;
   const bool differs = receipt_ && !receipt_->mismatches.empty();
   if (transfer_done_) outcome.ending = differs ? Ending::kDiffers : Ending::kDone;
   outcome.partly_written = writing_begun_ && (!transfer_done_ || differs);
   if (outcome.ending == Ending::kCancelled && HasSeveralPhases() && !writing_begun_) {
     prompts_.Show(core::MakeMessage(MessageId::kNothingWritten, ModeTitle(kind_)));
   }
+  state_.Busy = false;
   outcome.said = prompts_.told;
   outcome.block = block_;
   outcome.not_read_back = not_read_back_;

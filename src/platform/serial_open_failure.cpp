@@ -16,8 +16,6 @@
 namespace orvane::platform {
 namespace {
 
-namespace fs = std::filesystem;
-
 #ifdef Q_OS_UNIX
 
 // The number the system gives for the failure. Qt folds several of them into one, so the device
@@ -38,7 +36,7 @@ std::string SystemPath(const std::string& device) {
 
 // Windows answers with "access denied" when another program has the port.
 int OpenErrorNumber(const std::string& device) {
-  return fs::exists(device) ? EBUSY : ENOENT;
+  return std::filesystem::exists(device) ? EBUSY : ENOENT;
 }
 
 std::string SystemPath(const std::string& device) {

@@ -95,6 +95,22 @@ TEST(Compare, DataSetsOfDifferentModelsAreNotCompared) {
   EXPECT_TRUE(comparison.rows.empty());
 }
 
+TEST(Compare, ARadioHoldsWhatIsLeftOfTheDataAfterProgramming) {
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    SCOPED_TRACE(profile.model);
+    const RadioData data = NewData(profile.model_type);
+    RadioData radio = data;
+    image::EncodeAll(radio, kAfterCutOver);
+    image::ConsistencyPass(radio);
+    image::DecodeAll(radio);
+    EXPECT_FALSE(Compare(data, radio).AreEqual()) << "power code 0 takes Tx Enable along";
+    EXPECT_TRUE(Compare(*AfterProgramming(data, kAfterCutOver), radio).AreEqual());
+    radio.Marine[0][32].Enable = false;
+    EXPECT_EQ(Lines(Compare(*AfterProgramming(data, kAfterCutOver), radio)),
+              "USA 16 CH Enable: On | Off\n");
+  }
+}
+
 TEST(TakeOver, OfEverythingLeavesOnlyWhatIsRefused) {
   for (int seed = 0; seed < 14; ++seed) {
     SCOPED_TRACE(seed);

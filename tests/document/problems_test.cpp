@@ -108,7 +108,7 @@ const ProblemRow kRows[] = {
        data.Marine[1][32].Enable = false;
        data.Usable[1].Priority_CH = core::kNoChannel;
      },
-     "warning: intl/16/enable: Channel 16, for distress and calling, is off. It belongs into each "
+     "warning: intl/16/enable: Channel 16, for distress and calling, is off. It belongs in each "
      "group. [Switch it on]"},
     {Kind::kNoGroup, 5,
      [](RadioData& data) {
@@ -166,8 +166,7 @@ TEST(FindProblems, EachKindIsFoundAloneAndItsRemedyLeavesNothing) {
   }
 }
 
-// Nobody comes to these, or the model has none of it.
-TEST(FindProblems, WhatIsNotInUseIsNotComplainedAbout) {
+TEST(FindProblems, WhatIsNotInUseOrOnlyAlikeIsNotComplainedAbout) {
   RadioData data = Sample(5);
   data.Usable[1].Enable = false;
   data.Usable[1].Priority_CH = 1;
@@ -178,6 +177,7 @@ TEST(FindProblems, WhatIsNotInUseIsNotComplainedAbout) {
   data.Marine[0][5].ChTag = "a.b";
   data.EXP[30].Rxfreq = 12;
   data.EXP[30].RxCTCSS = 60;
+  data.EXP[10].Rxfreq = data.EXP[9].Rxfreq;  // for transmitting another one
   data.WX[4].Enable = false;
   data.WX[4].ChTag = "162.450MHZ";
   data.Stations[1] = {true, "no+number", "12345678901"};

@@ -139,9 +139,8 @@ class MenusTest : public QObject {
     desk.ports.Add(12, "USB & Serial");
     desk.ports.Add(2, "Communications Port");
     emit desk.Find<QMenu>(kPorts)->aboutToShow();
-    QCOMPARE(Captions(desk, kPorts),
-             QStringList(
-                 {"COM2 Communications Port ", "COM12 USB && Serial ", "&Find my Cable..."}));
+    QCOMPARE(Captions(desk, kPorts), QStringList({"COM2 Communications Port ",
+                                                  "COM12 USB && Serial ", "&Find my Cable..."}));
     desk.Item("mnuOptionsSerialPort1_1").trigger();
     QCOMPARE(Captions(desk, kPorts, true), QStringList({"COM12 USB && Serial "}));
     QCOMPARE(core::AppSettings(desk.settings).PortNumber(), 12);

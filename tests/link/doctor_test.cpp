@@ -23,59 +23,35 @@ namespace {
 
 constexpr std::int16_t kModel = 5;
 
-Observations CannotOpen(int number, std::vector<PortHolder> takers = {}) {
-  return {.device = "/dev/ttyUSB3",
+Observations CannotOpen(const char* device, int number) {
+  return {.device = device,
           .open_failure = number,
           .reason = "Words of the system",
-          .takers = std::move(takers),
-          .permission = {"dialout", "anna"}};
+          .takers = {{"ModemManager", 612}, {"brltty", 613}}};
 }
 
-Observations Held(const char* program) {
-  return {.device = "/dev/ttyUSB3", .holders = {{program, 4711}, {"other", 4712}}};
-}
-
-TEST(Doctor, EachObservationHasItsVerdictWithTheFactsInIt) {
-  const PortHolder manager{"ModemManager", 612};
-  const PortHolder brltty{"brltty", 613};
-  Observations no_group = CannotOpen(EPERM);
-  no_group.permission.group.clear();
-  Observations windows = CannotOpen(EBUSY);
-  windows.device = "COM3";
-  Observations spaced = CannotOpen(EBUSY);
-  spaced.device = "/tmp/my port";
+// The other causes are tested at a real device.
+TEST(Doctor, OpeningThatFailsIsToldByItsNumberAndByWhatRuns) {
+  Observations alone = CannotOpen("/tmp/my port", EBUSY);
+  alone.takers.clear();
+  Observations no_file = alone;
+  no_file.device = "COM3";
   const struct {
     Observations seen;
-    Verdict verdict;
     const char* told;
     const char* command = "";
   } cases[] = {
-      {CannotOpen(ENOENT, {manager}), Verdict::kNoDevice, "no such device. Connect"},
-      {CannotOpen(ENXIO, {manager, brltty}), Verdict::kNoDeviceBrltty, "brltty (process 613) runs",
-       "sudo apt remove brltty"},
-      {CannotOpen(ENOTTY), Verdict::kNotSerial, "not a serial port"},
-      {Held("minicom"), Verdict::kBusy, "in use by minicom (process 4711). Close"},
-      {CannotOpen(EBUSY), Verdict::kBusyUnknown, "Another program", "sudo fuser -v /dev/ttyUSB3"},
-      {spaced, Verdict::kBusyUnknown, "Another program", "sudo fuser -v '/tmp/my port'"},
-      {windows, Verdict::kBusyUnknown, "Another program"},
-      {CannotOpen(EBUSY, {manager, brltty}), Verdict::kModemManager,
-       "in use, most likely by ModemManager (process 612), which",
+      {CannotOpen("COM3", ENXIO), "brltty (process 613) runs", "sudo apt remove brltty"},
+      {CannotOpen("/dev/ttyS0", EBUSY), "most likely by ModemManager (process 612), which",
        "sudo systemctl stop ModemManager"},
-      {Held("ModemManager"), Verdict::kModemManager, "in use by ModemManager (process 4711), which",
-       "sudo systemctl stop ModemManager"},
-      {Held("brltty"), Verdict::kBrltty, "by brltty (process 4711), which",
-       "sudo apt remove brltty"},
-      {CannotOpen(EACCES), Verdict::kNoPermission, "Join the group \"dialout\", then log in",
-       "sudo usermod -aG dialout anna"},
-      {no_group, Verdict::kNoGroup, "permission to use /dev/ttyUSB3."},
-      {CannotOpen(EIO), Verdict::kCannotOpen, "cannot be opened: Words of the system"},
+      {CannotOpen("/dev/ttyS0", EIO), "cannot be opened: Words of the system"},
+      {alone, "Another program", "sudo fuser -v '/tmp/my port'"},
+      {no_file, "Another program"},
   };
   for (const auto& expected : cases) {
     const Diagnosis found = Diagnose(expected.seen, nullptr);
     SCOPED_TRACE(expected.told);
-    EXPECT_EQ(RowOf(found.verdict).name, RowOf(expected.verdict).name);
-    EXPECT_NE((found.text + " " + found.remedy).find(expected.told), std::string::npos)
-        << OneLine(found);
+    EXPECT_NE(found.text.find(expected.told), std::string::npos) << found.text;
     EXPECT_EQ(found.command, expected.command);
   }
 }
@@ -174,15 +150,22 @@ TEST(PortCheck, ARadioThatIsNoneOfTheModelsIsNamedByItsCode) {
   EXPECT_EQ(other.verdict, Verdict::kOtherProduct);
   EXPECT_NE(other.text.find("product byte is 7, not 2"), std::string::npos) << other.text;
 
-  CheckBench unknown(kModel);
-  for (const int code : {ours.radio_code_address, ours.image_size - 2}) {
-    const auto at = static_cast<std::size_t>(code);
-    unknown.radio.Memory()[at] = 3;
-    unknown.radio.Memory()[at + 1] = 8;
+  for (const core::ModelProfile* like : {&ours, &core::ProfileOf(1)}) {
+    SCOPED_TRACE(like->image_size);
+    CheckBench unknown(like->model_type);
+    for (const int code : {0, image::kModelCodeOffset, like->image_size - 2}) {
+      const auto at = static_cast<std::size_t>(code);
+      unknown.radio.Memory()[at] = 3;
+      unknown.radio.Memory()[at + 1] = 8;
+    }
+    const Diagnosis found = unknown.Run(&ours);
+    EXPECT_EQ(RowOf(found.verdict).name, RowOf(Verdict::kUnknownModel).name);
+    EXPECT_NE(found.text.find("code 776"), std::string::npos) << found.text;
   }
-  const Diagnosis found = unknown.Run(&ours);
-  EXPECT_EQ(found.verdict, Verdict::kUnknownModel);
-  EXPECT_NE(found.text.find("code 776"), std::string::npos) << found.text;
+
+  CheckBench damaged(kModel);
+  damaged.radio.Memory().back() ^= 1;
+  EXPECT_EQ(damaged.Run(&ours).verdict, Verdict::kUnknownModel);
 }
 
 TEST(PortCheck, ATransferCanFollow) {

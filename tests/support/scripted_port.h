@@ -105,7 +105,10 @@ class ScriptedPort : public link::SerialPort {
 class RecordingView : public link::TransferView {
  public:
   void Monitor(std::string_view text) override { monitor.emplace_back(text); }
-  void Phase(std::string_view name) override { phases.emplace_back(name); }
+  void Phase(std::string_view name) override {
+    phases.emplace_back(name);
+    if (on_phase) on_phase();
+  }
   void ShowProgress(int percent) override { percents.push_back(percent); }
   void BlockDone(int /*address*/, std::size_t so_far, std::size_t total) override {
     bytes_so_far = so_far;
@@ -117,6 +120,7 @@ class RecordingView : public link::TransferView {
   int silences = 0;
   std::vector<std::string> monitor;
   std::vector<std::string> phases;
+  std::function<void()> on_phase;
   std::vector<int> percents;
   std::size_t bytes_so_far = 0;
   std::size_t bytes_total = 0;
