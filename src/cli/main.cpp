@@ -81,6 +81,7 @@ int main(int argc, char** argv) {
       },
       {IsTerminal(0), IsTerminal(1), IsTerminal(2)},
       platform::BackupsFolder(),
-      &devices};
+      &devices,
+      platform::MarksFolder()};
   return cli::Run(words, std::cin, std::cout, std::cerr, services);
 }

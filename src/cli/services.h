@@ -34,6 +34,7 @@ struct Services {
   Terminals terminals;
   std::string backups_folder;            ///< of the backup library
   link::DeviceFacts* devices = nullptr;  ///< null: the system tells nothing about them
+  std::string marks_folder{};            ///< of partly written radios
 };
 
 }  // namespace orvane::cli

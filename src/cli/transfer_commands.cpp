@@ -10,6 +10,7 @@
 #include "core/app_settings.h"
 #include "core/messages.h"
 #include "core/product.h"
+#include "files/partly_written.h"
 #include "files/receipt_text.h"
 #include "link/fill_from_radio.h"
 #include "link/transfer_session.h"
@@ -33,22 +34,59 @@ link::PortLabel LabelOf(const PortChoice& choice, link::PortFinder& finder) {
 
 namespace {
 
-/// Writes the file of --keep.
+/// The name by which the window knows the port as well: a device that the system lists has its
+/// number.
+std::string NameOf(const PortChoice& choice, link::PortFinder& finder) {
+  const link::PortLabel label = LabelOf(choice, finder);
+  for (const link::FoundPort& port : finder.FindPorts()) {
+    if (port.device == label.name) return port.name;
+  }
+  return label.name;
+}
+
+files::PartlyWrittenMarks MarksOf(Workplace& place) {
+  return {place.services.files, place.services.marks_folder};
+}
+
+/// A radio that an earlier run left partly written.
+void TellMark(Workplace& place, link::SessionKind kind) {
+  const auto mark = MarksOf(place).At(NameOf(place.options.port, place.services.ports));
+  if (!mark) return;
+  core::Message message{std::string(link::ModeTitle(kind)), mark->Text()};
+  if (kind == link::SessionKind::kRead) {
+    message.details = "What comes in is mixed, partly of before and partly new.";
+  }
+  place.prompts.Show(message);
+}
+
+/// Writes the file of --keep, and marks the radio as partly written from the first byte on.
 class CopyKeeper : public link::ProgramWitness {
  public:
   CopyKeeper(Workplace& place, files::SnapshotHeading heading)
       : place_(place), heading_(std::move(heading)) {}
   std::optional<core::SystemError> RadioWasRead(const core::RadioData& radio) override {
+    before_ = std::make_unique<core::RadioData>(radio);
     const std::string& path = place_.options.keep;
     std::optional<core::SystemError> error = place_.documents.SaveCopy(path, radio, heading_);
     if (error) error->description = path + ": " + error->description;
     return error;
   }
-  void WritingBegins(const core::RadioData& /*sent*/) override {}
+  void WritingBegins(const core::RadioData& sent) override {
+    const std::string port = NameOf(place_.options.port, place_.services.ports);
+    const std::optional<core::SystemError> failure = MarksOf(place_).Begin(
+        port, {heading_.made, "programmed", heading_.port, place_.options.input}, sent,
+        before_.get());
+    // Programming goes on: what it writes is what was asked for.
+    if (failure) {
+      place_.err.Lines() << "Should it break off, this will not be remembered: "
+                         << failure->description << '\n';
+    }
+  }
 
  private:
   Workplace& place_;
   files::SnapshotHeading heading_;
+  std::unique_ptr<core::RadioData> before_;
 };
 
 void TellDifferences(Workplace& place, const link::Receipt& receipt) {
@@ -134,6 +172,7 @@ bool RunRead(Workplace& place) {
   if (!options.base.empty() && !place.documents.Load(options.base, options.model, data)) {
     return false;
   }
+  TellMark(place, link::SessionKind::kRead);
   if (Transfer(place, data, link::SessionKind::kRead).ending != link::Ending::kDone) return false;
   if (Extension(options.output) == files::kSnapshotEnding) {
     return place.documents.SaveSnapshot(options.output, data,
@@ -151,6 +190,7 @@ bool RunProgram(Workplace& place) {
   for (const std::string& path : {options.keep, options.receipt}) {
     if (!path.empty() && !place.documents.CheckOutput(path, data)) return false;
   }
+  TellMark(place, link::SessionKind::kProgram);
   CopyKeeper keeper(place, {place.services.clock.Timestamp(), "before programming",
                             LabelOf(options.port, place.services.ports).Text()});
   const link::TransferOutcome outcome =
@@ -159,6 +199,9 @@ bool RunProgram(Workplace& place) {
                 .read_back = options.verify,
                 .fill_from_radio = Extension(options.input) == ".dat" && options.base.empty()},
                &keeper);
+  if (outcome.ending == link::Ending::kDone) {
+    MarksOf(place).Settle(NameOf(options.port, place.services.ports));
+  }
   const bool told =
       !outcome.receipt || options.receipt.empty() || SaveReceipt(place, *outcome.receipt);
   // Who asked for proof and got none is not done.

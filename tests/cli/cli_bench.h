@@ -76,7 +76,8 @@ class CliBench : public ::testing::Test {
                     [this](const core::RadioData&) { return pdf; },
                     {},
                     "/backups",
-                    &devices};
+                    &devices,
+                    "/marks"};
   std::string out_;
   std::string err_;
 };

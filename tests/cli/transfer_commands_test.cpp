@@ -102,6 +102,24 @@ TEST_F(TransferCommands, CtrlCDuringAReadSendsCancelAndWritesNothing) {
   EXPECT_FALSE(interrupts.press) << "afterwards Ctrl-C ends the program as usual";
 }
 
+TEST_F(TransferCommands, ARadioLeftPartlyWrittenIsTold) {
+  const std::string note = "The radio on COM16 was left partly written on 24 November at 14:02.\n";
+  const std::string mixed = "What comes in is mixed, partly of before and partly new.\n";
+  files.files["boat.dat"] = files::SettingFileText(sample, bench.pump);
+  bench.radio.SetObserver([this](const link::Exchange& exchange) {
+    bench.asked.push_back(exchange);
+    if (exchange.kind == ExchangeKind::kWrite && Count(exchange.kind) == 20) interrupts.press();
+  });
+  EXPECT_EQ(Run({"--yes", "program", "--port", "/dev/radio", "boat.dat"}), kFailed);
+  EXPECT_FALSE(ErrHas(note));
+  ASSERT_EQ(Run(read_), kDone) << err_;
+  EXPECT_TRUE(err_.starts_with("Read from Radio: " + note + mixed)) << err_;
+  ASSERT_EQ(Run({"--yes", "program", "--port", "16", "boat.dat"}), kDone) << err_;
+  EXPECT_TRUE(err_.starts_with("Program to Radio: " + note)) << err_;
+  ASSERT_EQ(Run(read_), kDone);
+  EXPECT_FALSE(ErrHas(note));
+}
+
 TEST_F(TransferCommands, ProgramWritesTheFileIntoTheRadio) {
   sample.Table(core::MarineGroup::kUsa)[32].ChTag = "HARBOUR";
   files.files["boat.dat"] = files::SettingFileText(sample, bench.pump);

@@ -247,7 +247,7 @@ class ProgrammingTest : public QObject {
     const std::tuple<const char*, bool, bool> rows[] = {
         {"cmdProgramAgain", false, false}, {"cmdPutBack", true, false}, {"cmdPutBack", true, true}};
     for (const auto& [way, old, in_dialog] : rows) {
-      const Row row(std::string(way) + (in_dialog ? " in the dialog" : ""));
+      const Row row(QLatin1String(way) + QLatin1String(in_dialog ? " in the dialog" : ""));
       CommandDesk desk;
       desk.Start();
       Settled(desk);
