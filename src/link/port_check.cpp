@@ -1,5 +1,6 @@
 #include "link/port_check.h"
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <optional>
@@ -18,7 +19,10 @@ namespace {
 /// A port that notes what comes back through it.
 class NotedPort : public SerialPort {
  public:
-  NotedPort(SerialPort& port, Observations& seen) : port_(port), seen_(seen) {}
+  NotedPort(SerialPort& port, const core::Clock& clock, Observations& seen)
+      : port_(port), clock_(clock), seen_(seen) {}
+
+  [[nodiscard]] double LastSent() const { return last_sent_; }
 
   [[nodiscard]] std::optional<core::SystemError> Open() override { return port_.Open(); }
   void Close() override { port_.Close(); }
@@ -34,6 +38,7 @@ class NotedPort : public SerialPort {
       std::span<const std::uint8_t> bytes) override {
     due_.assign(bytes.begin(), bytes.end());
     echoed_ = false;
+    last_sent_ = clock_.Now();
     return port_.Write(bytes);
   }
   void SetDtr(bool on) override { port_.SetDtr(on); }
@@ -58,7 +63,9 @@ class NotedPort : public SerialPort {
   }
 
   SerialPort& port_;
+  const core::Clock& clock_;
   Observations& seen_;
+  double last_sent_ = clock_.Now();
   std::deque<std::uint8_t> due_;  ///< of the echo
   bool echoed_ = false;           ///< what was sent last has come back whole
 };
@@ -86,6 +93,28 @@ class GivingUp : public TransferView {
 
  private:
   core::RunState& state_;
+};
+
+/// A line that falls silent within an echo would be waited for much longer than any answer takes.
+class ShortPatience : public core::EventPump {
+ public:
+  ShortPatience(core::EventPump& pump, const core::Clock& clock, const NotedPort& port,
+                GivingUp& view)
+      : pump_(pump), clock_(clock), port_(port), view_(view) {}
+
+  void WaitForEvents(double deadline) override {
+    constexpr double kLongestAnswer = 12;  // seconds
+    const double end = port_.LastSent() + kLongestAnswer;
+    pump_.WaitForEvents(std::min(deadline, end));
+    if (deadline > end && clock_.Now() > end) view_.NothingComesBack();
+  }
+  void ProcessEvents() override { pump_.ProcessEvents(); }
+
+ private:
+  core::EventPump& pump_;
+  const core::Clock& clock_;
+  const NotedPort& port_;
+  GivingUp& view_;
 };
 
 /// Asks a radio which model it is. Models keep the two copies of their code in different places.
@@ -163,10 +192,11 @@ Diagnosis PortCheck::Run(SerialPort& port, const std::string& device,
 }
 
 void PortCheck::TryPort(SerialPort& port, const core::ModelProfile* wanted, Observations& seen) {
-  NotedPort noted(port, seen);
+  NotedPort noted(port, services_.clock, seen);
   NotedPrompts prompts;
   GivingUp view(state_);
-  SerialLink link(state_, {noted, services_.clock, services_.pump, services_.log, view});
+  ShortPatience pump(services_.pump, services_.clock, noted, view);
+  SerialLink link(state_, {noted, services_.clock, pump, services_.log, view});
   CloneProtocol protocol(link, prompts, {});
   try {
     if (protocol.Connect()) {

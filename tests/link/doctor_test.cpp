@@ -113,6 +113,7 @@ TEST(PortCheck, TellsWhatTheLineAndTheRadioDo) {
       {{"garbled-reply@read:1"}, Verdict::kNotReady, "cannot be asked for its model"},
       {{"unplug@read:1"}, Verdict::kBrokeOff, "broke off"},
       {{"missing-echo@3", "missing-reply@3"}, Verdict::kBrokeOff, "broke off", 4},
+      {{"missing-echo@status", "missing-reply@status"}, Verdict::kBrokeOff, "broke off", 30},
       {{"missing-reply@cancel"}, Verdict::kReady, "a KT740 answers", 13},
       {{"wrong-echo@1"}, Verdict::kReady, "a KT740 answers"},
   };
