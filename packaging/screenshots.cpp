@@ -1,5 +1,6 @@
 // screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of each page of the real
-// window, over the contents of a radio in use. packaging/screenshots.sh runs it; QT_SCALE_FACTOR
+// window, over the contents of a radio in use, and of the transfer dialog before, while and after a
+// radio is programmed. packaging/screenshots.sh runs it; QT_SCALE_FACTOR
 // scales it.
 
 #include <QApplication>
@@ -9,10 +10,11 @@
 #include <QStyleFactory>
 #include <QTextStream>
 #include <array>
+#include <functional>
 #include <optional>
 
 #include "core/model_profile.h"
-#include "editor/window_desk.h"
+#include "editor/command_desk.h"
 #include "image/sample_radio.h"
 
 namespace {
@@ -54,6 +56,31 @@ std::optional<QSize> ToSize(const QString& text) {
   return size.isEmpty() ? std::nullopt : std::optional(size);
 }
 
+using Picture = std::function<void(QWidget&, const char*)>;
+
+/// Programs new data, whose channels cannot transmit: once broken off, once to the end.
+void TransferPictures(testing::CommandDesk& desk, const Picture& picture) {
+  constexpr const char* kProgram = "mnuTransferProgram";
+  constexpr int kInTheMiddle = 100;
+  desk.TriggerAndWait("mnuFileNew");
+  const auto press_ok = [](QDialog& dialog) { dialog.findChild<QPushButton*>("cmdOK")->click(); };
+  const auto count = [&desk] { return desk.Asked(link::ExchangeKind::kWrite); };
+  desk.on_exchange = [&](const link::Exchange& exchange) {
+    if (exchange.kind != link::ExchangeKind::kWrite || count() != kInTheMiddle) return;
+    picture(*QApplication::activeModalWidget(), "program-running");
+    desk.state.Cancel = true;
+  };
+  desk.InWindowOf(kProgram, [&](QDialog& dialog) {
+    picture(dialog, "program-before");
+    press_ok(dialog);
+    picture(dialog, "program-broken-off");
+  });
+  picture(*desk.window, "partly-written");
+  desk.on_exchange = nullptr;
+  desk.InWindowOf(kProgram, press_ok);
+  picture(*desk.Find<QDialog>("frmReceipt"), "receipt");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -73,7 +100,8 @@ int main(int argc, char** argv) {
   QFont font = QApplication::font();
   font.setPointSizeF(font.pointSizeF() * words.value("font").toDouble() / 100);
   QApplication::setFont(font);
-  orvane::testing::WindowDesk desk;
+  orvane::testing::CommandDesk desk;
+  desk.ports.Add(1, "USB serial adapter");
   editor::WindowServices services = desk.Services();
   services.data_folder = platform::ToUtf8(QApplication::applicationDirPath());  // the logo
   desk.window = std::make_unique<editor::MainWindow>(services);
@@ -82,15 +110,17 @@ int main(int argc, char** argv) {
   desk.data = image::MakeSampleRadio(core::kDefaultModelType, desk.clock.Today());
   desk.ShowArranged();
   desk.window->resize(*size);
+  bool saved = true;
+  const QDir folder(words.positionalArguments().front());
+  const auto picture = [&](QWidget& widget, const char* file) {
+    QTest::qWait(0);
+    saved = widget.grab().save(folder.filePath(QLatin1String(file) + ".png")) && saved;
+  };
   for (const Shot& shot : kShots) {
     desk.window->SelectNode(QLatin1String(shot.key));
-    QTest::qWait(0);
-    const QString path =
-        QDir(words.positionalArguments().front()).filePath(QLatin1String(shot.file) + ".png");
-    if (!desk.window->grab().save(path)) {
-      QTextStream(stderr) << "cannot write " << path << "\n";
-      return 1;
-    }
+    picture(*desk.window, shot.file);
   }
-  return 0;
+  TransferPictures(desk, picture);
+  if (!saved) QTextStream(stderr) << "cannot write into " << folder.path() << "\n";
+  return saved ? 0 : 1;
 }

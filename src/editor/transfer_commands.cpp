@@ -56,7 +56,9 @@ void TransferCommands::Exec(TransferDialog& dialog) {
   if (dialog.Receipt()) {
     const link::Receipt& receipt = *dialog.Receipt();
     host_.KeepReceipt(receipt.began, files::ReceiptText(receipt, files::DifferingFields(receipt)));
-    (new ReceiptWindow(services_, receipt, &host_.Widget()))->show();
+    delete receipt_;
+    receipt_ = new ReceiptWindow(services_, receipt, &host_.Widget());
+    receipt_->show();
   }
   if (dialog.FieldToShow()) host_.ShowField(*dialog.FieldToShow());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <functional>
 #include <string>
 
@@ -43,6 +44,7 @@ class TransferCommands {
   CommandHost& host_;
   const std::function<void()> find_cable_;
   files::PartlyWrittenMarks marks_;
+  QPointer<QWidget> receipt_;  ///< of the last run, while it is on show
 };
 
 }  // namespace orvane::editor

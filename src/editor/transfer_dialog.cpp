@@ -73,6 +73,7 @@ TransferDialog::TransferDialog(const WindowServices& services, CommandHost& host
   ShowFacts();
   FollowPort();
   resize(sizeHint().expandedTo(kFirstSize));
+  FitHeight();
 
   if (run_state_.Debug) {
     TransferDialog::Monitor("starting at debug mode..");
@@ -173,6 +174,7 @@ void TransferDialog::ShowOptions() {
 void TransferDialog::Mend(document::ProblemKind kind) {
   job_.data = job_.mend(kind);
   ShowFacts();
+  FitHeight();
 }
 
 bool TransferDialog::Take(const files::PartlyWritten& mark, files::Snapshot snapshot,
@@ -272,7 +274,9 @@ void TransferDialog::Monitor(std::string_view text) {
   monitor_->repaint();
 }
 
+// A read is one phase, which the title names.
 void TransferDialog::Phase(std::string_view name) {
+  if (!job_.Programs()) return;
   phase_ = platform::FromUtf8(name);
   pace_ = {};
   ShowState(phase_ + QStringLiteral("..."));
@@ -286,6 +290,12 @@ void TransferDialog::BlockDone(int address, std::size_t bytes_so_far, std::size_
   }
   if (!phase_.isEmpty()) text += QStringLiteral("     ") + phase_;
   state_->setText(text);  // several times a second: nobody could listen to it
+}
+
+void TransferDialog::FitHeight() {
+  layout()->activate();
+  const int needed = layout()->totalHeightForWidth(width());
+  if (needed > height()) resize(width(), needed);
 }
 
 void TransferDialog::ShowState(const QString& text) {
@@ -306,6 +316,7 @@ void TransferDialog::ShowNote() {
   } else {
     strip_->HideMark();
   }
+  FitHeight();
   if (!shown) return;
   QAccessibleEvent alert(note_, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);

@@ -95,6 +95,8 @@ class TransferDialog : public QDialog, private link::TransferView {
   void ShowFacts();
   void ShowSubject();
   void ShowOptions();
+  /// Texts that have grown over several lines push nothing out of sight.
+  void FitHeight();
   void ShowState(const QString& text);
   void ShowNote();
   void SetRunning(bool running);

@@ -83,7 +83,8 @@ TransferOutcome TransferSession::Run(SessionKind kind, const TransferOptions& op
 void TransferSession::Start(SessionKind kind, const TransferOptions& options,
                             ProgramWitness* witness) {
   kind_ = kind;
-  options_ = kind == SessionKind::kProgram ? options : TransferOptions{};
+  options_ =
+      kind == SessionKind::kProgram ? options : TransferOptions{.only_look = options.only_look};
   witness_ = witness;
   channels_ = options_.put_back ? Channels::kOfAllGroups : Channels::kOfAvailableGroups;
   fills_ =

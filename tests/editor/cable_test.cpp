@@ -62,6 +62,7 @@ class CableTest : public QObject {
     QFETCH(QString, fault);
     StartRadio({"--fault", fault, "--replug", "3600"});
     testing::RealTimeDesk desk = Desk();
+    core::AppSettings(desk.settings).SetKeepsCopyFirst(false);
     desk.Start();
     desk.data.Table(core::MarineGroup::kUsa)[32].ChTag = "MINE";
     desk.document.MarkSaved("/out/boat.dat", {});

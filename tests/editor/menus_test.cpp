@@ -45,7 +45,8 @@ class MenusTest : public QObject {
              QStringList({"&New", "&Open", "&Save", "Save &As...", "&Print", "P&rint to File",
                           "Recent &Files", "&Backups...", "E&xit"}));
     QCOMPARE(Captions(desk, "mnuEditModel"), QStringList({"&KT740 Series"}));
-    QCOMPARE(Captions(desk, "mnuTransfer"), QStringList({"&Program to Radio", "&Read from Radio"}));
+    QCOMPARE(Captions(desk, "mnuTransfer"),
+             QStringList({"&Program to Radio", "&Read from Radio", "&Compare with Radio..."}));
     QCOMPARE(Captions(desk, "mnuHelp"),
              QStringList({"&Contents", "&About KIV Version", "&Find my Cable..."}));
     for (const char* hidden : {"mnuEditModel_1", "mnuEditModel_2", "mnuEditModel_3"}) {

@@ -133,6 +133,7 @@ struct WindowDesk : ArrangedDocument {
   MemorySettings settings;
   MemoryFiles files;
   core::FileStore* used_files;
+  std::string user_folder;  ///< of what the program keeps by itself
   RecordingLog log;
   ListedPorts ports;
   ScriptedDialogs dialogs;
