@@ -72,7 +72,11 @@ bool Document::Adjust(std::string name, const Body& edit, bool saved) {
   typing_.reset();
   const std::vector<core::Change> changes = TakeOver(edit);
   if (changes.empty()) return false;
-  Record({.name = std::move(name), .changes = changes, .other = nullptr, .saved_after = saved});
+  Record({.name = std::move(name),
+          .changes = changes,
+          .other = nullptr,
+          .by_program = true,
+          .saved_after = saved});
   TellChanged(changes);
   return true;
 }
@@ -170,6 +174,20 @@ const Contents* Document::ReplacedUnsaved() const {
   if (before == nullptr || IsSavedAt(done_ - 1)) return nullptr;
   const bool can_be_had_again = IsAsItCameAt(done_ - 1) && before->origin != Origin::kRecovered;
   return can_be_had_again ? nullptr : before;
+}
+
+std::vector<core::FieldRef> Document::EditedFields() const {
+  std::vector<core::FieldRef> fields;
+  for (std::size_t place = done_; place > 0 && steps_[place - 1].other == nullptr; --place) {
+    const Step& step = steps_[place - 1];
+    if (step.by_program) continue;
+    for (const core::Change& change : step.changes) {
+      if (std::find(fields.begin(), fields.end(), change.at) == fields.end()) {
+        fields.push_back(change.at);
+      }
+    }
+  }
+  return fields;
 }
 
 // Every place of the history whose file was this one no longer holds what the file holds.

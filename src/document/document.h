@@ -45,6 +45,7 @@ struct Step {
   /// A replacement (New, Open, Read from Radio and the like): the data set on the other side of
   /// the step. So no command that replaces the data loses work, although none of them asks.
   std::unique_ptr<Contents> other;
+  bool by_program = false;   ///< an adjustment
   bool saved_after = false;  ///< with this step done, and none after it, the file holds the data
 };
 
@@ -120,6 +121,9 @@ class Document {
   /// The data set that the last step replaced, when it was in no file and can be had from nowhere
   /// else; null otherwise.
   [[nodiscard]] const Contents* ReplacedUnsaved() const;
+  /// The fields that edits changed since the data set came, those of adjustments left out; as far
+  /// back as the history reaches.
+  [[nodiscard]] std::vector<core::FieldRef> EditedFields() const;
   void MarkSaved(std::string file_name, std::string time, std::size_t file_print = 0);
 
   /// What the question on exit asks about: set by every edit, undo and redo and by input not yet

@@ -84,6 +84,7 @@ TransferJob TransferCommands::JobOfDocument() {
           .what = WhatOf(document_),
           .file = document_.FileName(),
           .fill_from_radio = CameFromSettingsFile(document_),
+          .edited = document_.EditedFields(),
           .mend = [this](document::ProblemKind kind) {
             const core::Date today = services_.clock.Today();
             document_.Edit(std::string("Mend before programming"),

@@ -358,6 +358,7 @@ void TransferDialog::RunOnce() {
   const link::TransferOptions options{.keep_copy = facts_->KeepsCopy(),
                                       .read_back = facts_->ReadsBack(),
                                       .fill_from_radio = job_.fill_from_radio,
+                                      .edited = job_.edited,
                                       .put_back = job_.put_back,
                                       .only_look = job_.only_looks};
   ProgramKeeper keeper(host_, marks_, services_.clock, port_, job_.file);

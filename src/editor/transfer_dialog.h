@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/radio_data.h"
 #include "document/problems.h"
@@ -34,6 +35,7 @@ struct TransferJob {
   std::string what{};       ///< "boat.dat", "unsaved data"
   std::string file{};       ///< full path, "" for none
   bool fill_from_radio = false;
+  std::vector<core::FieldRef> edited{};  ///< by the user: not to be filled from the radio
   bool put_back = false;
   std::string settles{};  ///< port of the mark that this makes good
   /// Applies a remedy to the document and returns its data. Null: the data are not the document's.

@@ -63,6 +63,7 @@ class LongLifeTest : public QObject {
     const QTemporaryDir folder;
     platform::QtFileStore disk;
     testing::CommandDesk desk(&disk, kHistoryBytes);
+    desk.user_folder = folder.path().toStdString();
     desk.on_exchange = [&](const link::Exchange& /*exchange*/) {
       if (desk.asked.size() % kExchangesBetweenPaints == 0) QCoreApplication::processEvents();
     };

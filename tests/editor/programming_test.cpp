@@ -7,6 +7,7 @@
 #include "command_desk.h"
 #include "files/backup_library.h"
 #include "files/settings_file.h"
+#include "image/codec.h"
 #include "link/transfer_plan.h"
 #include "support/row.h"
 
@@ -361,14 +362,27 @@ class ProgrammingTest : public QObject {
       core::AppSettings(desk.settings).SetModelType(0);
       PutRadio(desk, 0);
       desk.Start();
-      const std::string mmsi = desk.sample.Dsc.UserMmsi;
-      QVERIFY(!mmsi.empty() && desk.data.Dsc.UserMmsi != mmsi);
+      desk.data = desk.sample;
+      desk.data.Dsc.UserMmsi.clear();
+      image::EncodeAll(desk.data, desk.clock.today);
       desk.dialogs.paths = {"/out/boat.dat", "/out/boat.dat"};
       desk.Item("mnuFileSaveAs").trigger();
       if (from_file) desk.Item("mnuFileOpen").trigger();
+      const core::RadioData& held = desk.document.Data();
+      const auto at = core::RefTo<&core::ChannelRecord::ChTag>(held, held.EXP[1]);
+      desk.document.Edit(
+          at, [&](core::RadioData& data) { core::Set(data, at, std::string("EDITED")); });
+      QVERIFY(desk.Transfer(kProgram));
+      // What came from this radio must not go into the next one.
+      PutRadio(desk, 0);
+      desk.sample.Dsc.UserMmsi = "366123456";
+      image::EncodeAll(desk.sample, desk.clock.today);
+      desk.radio = link::SimulatedRadio(
+          link::RadioMemory(core::ProfileOf(0), std::as_const(desk.sample.Image).Used()));
       QVERIFY(desk.Transfer(kProgram));
       QVERIFY(desk.Transfer(kRead));
-      QCOMPARE(desk.data.Dsc.UserMmsi == mmsi, from_file);
+      QCOMPARE(desk.data.Dsc.UserMmsi == "366123456", from_file);
+      QCOMPARE(desk.data.EXP[1].ChTag, "EDITED");
     }
   }
 };

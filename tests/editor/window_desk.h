@@ -148,9 +148,27 @@ struct WindowDesk : ArrangedDocument {
   std::unique_ptr<editor::MainWindow> window;
 
   [[nodiscard]] editor::WindowServices Services() {
-    return {document,   state,      prompts,    *used_clock, *used_pump, settings, *used_files,
-            log,        ports,      dialogs,    make_port,   printer,    &help,    &recovery,
-            interrupts, "/program", "/backups", "/previous", "/marks",   "/share", &devices};
+    return {document,
+            state,
+            prompts,
+            *used_clock,
+            *used_pump,
+            settings,
+            *used_files,
+            log,
+            ports,
+            dialogs,
+            make_port,
+            printer,
+            &help,
+            &recovery,
+            interrupts,
+            "/program",
+            user_folder + "/backups",
+            user_folder + "/previous",
+            user_folder + "/marks",
+            "/share",
+            &devices};
   }
 
   /// Shows the window and lets its start come to an end.
