@@ -6,7 +6,7 @@ namespace orvane::editor {
 
 std::optional<core::SystemError> ProgramKeeper::RadioWasRead(const core::RadioData& radio) {
   before_ = std::make_unique<core::RadioData>(radio);
-  return host_.KeepBackup(radio, kBeforeProgramming);
+  return host_.KeepBackup(radio, marks_.At(port_.name) ? "partly written" : kBeforeProgramming);
 }
 
 // Kept before it goes out: a PC that dies in the middle has it too.

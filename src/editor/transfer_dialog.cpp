@@ -192,6 +192,7 @@ bool TransferDialog::Take(const files::PartlyWritten& mark, files::Snapshot snap
           .put_back = put_back,
           .settles = mark.port};
   setWindowTitle(platform::FromUtf8(link::ModeTitle(job_.kind)));
+  TurnPictures();
   ShowFacts();
   return true;
 }
@@ -233,17 +234,20 @@ void TransferDialog::AddPictures() {
   arrow_->setSizePolicy(keeps_room);
   arrow_->hide();
 
+  pictures_ = new QHBoxLayout;
+  pictures_->addStretch();
+  for (Picture* picture : {computer_, arrow_, handheld_}) pictures_->addWidget(picture);
+  pictures_->addStretch();
+  Column().addLayout(pictures_);
+  TurnPictures();
+}
+
+// Drawn with the cable on the computer's right and its socket on the radio's left.
+void TransferDialog::TurnPictures() {
   const bool reading = !job_.Programs();
-  // Drawn with the cable on the computer's right and its socket on the radio's left.
   computer_->SetMirrored(reading);
   handheld_->SetMirrored(reading);
-  auto* row = new QHBoxLayout;
-  row->addStretch();
-  row->addWidget(reading ? handheld_ : computer_);
-  row->addWidget(arrow_);
-  row->addWidget(reading ? computer_ : handheld_);
-  row->addStretch();
-  Column().addLayout(row);
+  pictures_->setDirection(reading ? QBoxLayout::RightToLeft : QBoxLayout::LeftToRight);
 }
 
 void TransferDialog::AddButtons() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <functional>
@@ -90,6 +91,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   LiveLabel* AddLabel(const char* name, const char* description);
   void AddFacts();
   void AddPictures();
+  void TurnPictures();
   void AddNote();
   void AddButtons();
 
@@ -130,6 +132,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   bool data_moved_ = false;
 
   TransferFacts* facts_ = nullptr;
+  QHBoxLayout* pictures_ = nullptr;
   Picture* handheld_;
   Picture* arrow_;
   Picture* computer_;

@@ -101,11 +101,13 @@ void TransferFacts::ShowProblems(const std::vector<document::SendingProblem>& pr
 }
 
 void TransferFacts::AddProblem(const document::SendingProblem& problem) {
-  auto* row = new QHBoxLayout;
-  static_cast<QVBoxLayout*>(problems_->layout())->addLayout(row);
+  auto& column = *static_cast<QVBoxLayout*>(problems_->layout());
   QLabel* const text = MakeLabel("lblProblem", problems_);
   text->setText(QChar(0x26A0) + QLatin1Char(' ') + platform::FromAnsi(problem.text));
-  row->addWidget(text, 1);
+  column.addWidget(text);
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  column.addLayout(row);
   const auto add = [&](const char* name, const QString& caption) {
     auto* button = new QPushButton(caption, problems_);
     button->setObjectName(QLatin1String(name));
