@@ -10,7 +10,7 @@
 
 #include "core/message_facts.h"
 #include "core/product.h"
-#include "core/text.h"
+#include "editor/save_as.h"
 #include "files/image_file.h"
 #include "files/settings_file.h"
 #include "platform/ansi_text.h"
@@ -198,15 +198,9 @@ void BackupsDialog::SaveAs() {
   if (!backup) return;
   files::Snapshot snapshot = Load(*backup);
   if (snapshot.data == nullptr) return;
-  const std::string path =
-      services_.dialogs.AskSave({.filter = kFilter, .folder = services_.program_folder})
-          .value_or(std::string());
-  if (path.empty()) return;
-  const std::string bytes = BytesFor(path, snapshot, services_.clock.Today());
-  if (const auto failure = services_.files.WriteFile(path, bytes)) {
-    services_.prompts.Show(core::MakeMessage(core::MessageId::kFileSave, core::kProgramTitle,
-                                             core::FileFacts(path, *failure)));
-  }
+  editor::SaveAs(services_, kFilter, [&](const std::string& path) {
+    return BytesFor(path, snapshot, services_.clock.Today());
+  });
 }
 
 void BackupsDialog::Delete() {

@@ -10,14 +10,12 @@
 #include <utility>
 
 #include "core/catalogue.h"
-#include "core/message_facts.h"
-#include "core/product.h"
+#include "editor/save_as.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
 namespace {
 
-constexpr const char* kFilter = "text files(*.txt)|*.txt|All files(*.*)|*.*";
 constexpr QSize kFirstSize(640, 420);
 constexpr int kNameShare = 2;  ///< of the names' width against a value's, in halves
 
@@ -63,7 +61,10 @@ ComparisonWindow::ComparisonWindow(const WindowServices& services, document::Com
     row->addWidget(button);
     return button;
   };
-  add("cmdSaveAs", tr("Save &As..."), [this] { SaveAs(); });
+  add("cmdSaveAs", tr("Save &As..."), [this] {
+    SaveAs(services_, kTextFilter,
+           [this](const std::string& /*path*/) { return platform::ToUtf8(Text()); });
+  });
   add("cmdCopy", tr("C&opy"), [this] { QApplication::clipboard()->setText(Text()); });
   add("cmdClose", tr("&Close"), [this] { close(); })->setDefault(true);
   resize(kFirstSize);
@@ -95,17 +96,6 @@ QString ComparisonWindow::Text() const {
             '\t' + platform::FromAnsi(difference.theirs) + '\n';
   }
   return text;
-}
-
-void ComparisonWindow::SaveAs() {
-  const std::string path =
-      services_.dialogs.AskSave({.filter = kFilter, .folder = services_.program_folder})
-          .value_or(std::string());
-  if (path.empty()) return;
-  if (const auto failure = services_.files.WriteFile(path, platform::ToUtf8(Text()))) {
-    services_.prompts.Show(core::MakeMessage(core::MessageId::kFileSave, core::kProgramTitle,
-                                             core::FileFacts(path, *failure)));
-  }
 }
 
 }  // namespace orvane::editor

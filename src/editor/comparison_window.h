@@ -27,7 +27,6 @@ class ComparisonWindow : public QDialog {
   void AddRows();
   /// Tab-separated lines, headings first.
   [[nodiscard]] QString Text() const;
-  void SaveAs();
 
   const WindowServices services_;
   const document::Comparison comparison_;

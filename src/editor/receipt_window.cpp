@@ -7,15 +7,15 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "core/message_facts.h"
+#include "core/messages.h"
 #include "core/product.h"
+#include "editor/save_as.h"
 #include "files/receipt_text.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
 namespace {
 
-constexpr const char* kFilter = "text files(*.txt)|*.txt|All files(*.*)|*.*";
 constexpr QSize kFirstSize(520, 360);
 
 std::string TextOf(const link::Receipt& receipt) {
@@ -25,14 +25,7 @@ std::string TextOf(const link::Receipt& receipt) {
 }  // namespace
 
 void SaveReceipt(const WindowServices& services, const link::Receipt& receipt) {
-  const std::string path =
-      services.dialogs.AskSave({.filter = kFilter, .folder = services.program_folder})
-          .value_or(std::string());
-  if (path.empty()) return;
-  if (const auto failure = services.files.WriteFile(path, TextOf(receipt))) {
-    services.prompts.Show(core::MakeMessage(core::MessageId::kFileSave, core::kProgramTitle,
-                                            core::FileFacts(path, *failure)));
-  }
+  SaveAs(services, kTextFilter, [&](const std::string& /*path*/) { return TextOf(receipt); });
 }
 
 ReceiptWindow::ReceiptWindow(const WindowServices& services, link::Receipt receipt, QWidget* parent)

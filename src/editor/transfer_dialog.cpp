@@ -124,12 +124,7 @@ void TransferDialog::AddNote() {
 // Another port is another radio.
 void TransferDialog::FollowPort() {
   port_ = link::LabelOfPort(services_.ports, host_.PortNumber());
-  link::CComList list(services_.ports);
-  std::vector<link::PortEntry> ports;
-  for (int index = 0, count = list.Create(); index < count; ++index) {
-    if (list.PortItem(index).port_number > 0) ports.push_back(list.PortItem(index));
-  }
-  facts_->ShowPorts(ports, host_.PortNumber(), port_);
+  facts_->ShowPorts(link::PortsNow(services_.ports), host_.PortNumber(), port_);
   ShowState(tr("Port: %1").arg(platform::FromUtf8(port_.Text())));
   ShowSubject();
   ShowOptions();

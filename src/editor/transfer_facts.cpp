@@ -73,9 +73,7 @@ void TransferFacts::ShowPorts(const std::vector<link::PortEntry>& ports, int cho
                               const link::PortLabel& label) {
   ports_->clear();
   for (const link::PortEntry& port : ports) {
-    const std::string name = "COM" + std::to_string(port.port_number);
-    const std::string text = link::PortLabel{name, port.description}.Text();
-    ports_->addItem(platform::FromUtf8(text).trimmed(), port.port_number);
+    ports_->addItem(platform::FromUtf8(link::LabelOf(port).Text()).trimmed(), port.port_number);
   }
   if (ports_->findData(chosen) < 0) {
     ports_->addItem(tr("%1 (not connected)").arg(platform::FromUtf8(label.name)), chosen);
