@@ -129,6 +129,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   link::TransferOutcome outcome_;  ///< of the last run
   std::optional<link::Receipt> receipt_;
   std::optional<core::FieldRef> field_to_show_;
+  std::optional<bool> keeps_copy_;  ///< as the user chose in this dialog
   bool data_moved_ = false;
 
   TransferFacts* facts_ = nullptr;

@@ -178,6 +178,9 @@ class ProgrammingTest : public QObject {
       auto* copy = Child<QCheckBox>("chkKeepCopy");
       QVERIFY(!copy->isChecked());
       QVERIFY(copy->text().endsWith(": it was read and kept at 14:02"));
+      copy->click();
+      emit Child<QComboBox>("lstPort")->activated(0);
+      QVERIFY(copy->isChecked());  // what the user chose stays
       auto* back = Child<QCheckBox>("chkReadBack");
       QVERIFY(back->isChecked());
       back->click();
