@@ -10,6 +10,8 @@
 
 #include "core/message_facts.h"
 #include "core/product.h"
+#include "document/compare.h"
+#include "editor/comparison_window.h"
 #include "editor/save_as.h"
 #include "files/image_file.h"
 #include "files/settings_file.h"
@@ -133,6 +135,8 @@ void BackupsDialog::AddButtons() {
   open_->setToolTip(
       tr("Puts the backup in the place of the data on the screen; Undo takes it back"));
   save_as_ = add("cmdSaveAs", tr("Save &As..."), &BackupsDialog::SaveAs);
+  compare_ = add("cmdCompare", tr("Co&mpare"), &BackupsDialog::Compare);
+  compare_->setToolTip(tr("How the data on the screen and the backup differ, field by field"));
   delete_ = add("cmdDelete", tr("De&lete"), &BackupsDialog::Delete);
   row->addStretch();
   add("cmdFolder", tr("Show Fol&der"), &BackupsDialog::ShowFolder);
@@ -158,7 +162,7 @@ void BackupsDialog::ShowState() {
     view_->setCurrentIndex(shown_->index(0, 0));
   }
   const bool chosen = Chosen().has_value();
-  for (QPushButton* button : {open_, save_as_, delete_}) {
+  for (QPushButton* button : {open_, save_as_, compare_, delete_}) {
     if (button != nullptr) button->setEnabled(chosen);
   }
   const int all = list_->rowCount();
@@ -201,6 +205,16 @@ void BackupsDialog::SaveAs() {
   editor::SaveAs(services_, kFilter, [&](const std::string& path) {
     return BytesFor(path, snapshot, services_.clock.Today());
   });
+}
+
+void BackupsDialog::Compare() {
+  const std::optional<files::Backup> backup = Chosen();
+  if (!backup) return;
+  const files::Snapshot snapshot = Load(*backup);
+  if (snapshot.data == nullptr) return;
+  ComparisonWindow(services_, document::Compare(services_.document.Data(), *snapshot.data),
+                   {tr("On the screen"), tr("In the backup")}, this)
+      .exec();
 }
 
 void BackupsDialog::Delete() {

@@ -38,6 +38,7 @@ class BackupsDialog : public QDialog {
   [[nodiscard]] std::optional<files::Backup> Chosen() const;
   void Open();
   void SaveAs();
+  void Compare();
   void Delete();
   void ShowFolder();
   /// With its data; a damaged one has been told.
@@ -52,6 +53,7 @@ class BackupsDialog : public QDialog {
   QLabel* state_ = nullptr;
   QPushButton* open_ = nullptr;
   QPushButton* save_as_ = nullptr;
+  QPushButton* compare_ = nullptr;
   QPushButton* delete_ = nullptr;
   QTimer names_timer_;
   std::string path_to_open_;

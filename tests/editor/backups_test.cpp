@@ -118,6 +118,23 @@ class BackupsTest : public QObject {
             desk.prompts.messages[0].text.find("No space left") != std::string::npos);
   }
 
+  void OneIsComparedWithTheDataOnTheScreen() {
+    WindowDesk desk;
+    desk.Start();
+    desk.data = Keep(desk, 5, "HARBOUR", "2026-11-24 11:12:13", "read");
+    desk.data.Marine[0][32].ChTag = "MINE";
+    QString verdict;
+    desk.InWindowOf("mnuFileBackups", [&](QDialog& dialog) {
+      QTimer::singleShot(0, &dialog, [&] {
+        auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        verdict = window->findChild<QLabel*>("lblVerdict")->text();
+        window->close();
+      });
+      Click(dialog, "cmdCompare");
+    });
+    QCOMPARE(verdict, "1 field differs.");
+  }
+
   void OneIsDeletedOnlyAfterYes() {
     WindowDesk desk;
     desk.Start();
