@@ -68,7 +68,7 @@ void SideLists::Add(QDockWidget& dock, QAction& item, int lines) {
   connect(&dock, &QDockWidget::visibilityChanged, &item, &QAction::setChecked);
 }
 
-void SideLists::Show(QDockWidget& dock, bool shown) const {
+void SideLists::Show(QDockWidget& dock, bool shown) {
   dock.setVisible(shown);
   if (shown) dock.raise();
 }

@@ -37,7 +37,7 @@ class SideLists : public QObject {
   void ShowProblems(bool shown);
   void ShowHistory(bool shown);
   void Add(QDockWidget& dock, QAction& item, int lines);
-  void Show(QDockWidget& dock, bool shown) const;
+  static void Show(QDockWidget& dock, bool shown);
   void Mend(const document::Problem& problem);
   void MendAll(const document::Problem& like, int count);
 

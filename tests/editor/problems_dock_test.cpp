@@ -18,7 +18,7 @@ namespace {
 
 /// A radio in use with one note, one error that has no remedy and three channels of power code 0.
 void Spoil(core::RadioData& data) {
-  for (const std::size_t channel : {3, 11, 13}) {
+  for (const std::size_t channel : {3U, 11U, 13U}) {
     ChannelRecord& record = data.Marine[0][channel];
     record.Enable = record.TxEnable = true;
     record.TXPower = 0;
@@ -86,7 +86,7 @@ class ProblemsDockTest : public QObject {
     watch.Begin();
     watch.CatchUp();
     connect(&watch, &editor::ProblemWatch::Found, this, [&] { ++passes; });
-    for (const std::size_t channel : {3, 11}) {
+    for (const std::size_t channel : {3U, 11U}) {
       desk.document.Edit("spoil", [channel](core::RadioData& data) {
         data.Marine[0][channel].Enable = data.Marine[0][channel].TxEnable = true;
         data.Marine[0][channel].TXPower = 0;
@@ -185,8 +185,9 @@ class ProblemsDockTest : public QObject {
           first.isValid() ? std::optional(*model.At(0)) : std::nullopt;
       model.Take(some);
       QCOMPARE(model.rowCount(), static_cast<int>(some.size()));
-      for (int i = 0; i < model.rowCount(); ++i) {
-        QVERIFY(model.At(i)->at == some[i].at && model.At(i)->text == some[i].text);
+      for (std::size_t i = 0; i < some.size(); ++i) {
+        const Problem& problem = *model.At(static_cast<int>(i));
+        QVERIFY(problem.at == some[i].at && problem.text == some[i].text);
       }
       if (first.isValid()) QCOMPARE(model.RowOf(*was), std::optional(first.row()));
       if (was && some.front().at == was->at) QVERIFY(first.isValid());

@@ -222,8 +222,8 @@ struct WindowDesk : ArrangedDocument {
   [[nodiscard]] QString Model() const { return Find<QLabel>("sbStatusBar_3")->text(); }
   /// Second panel, without the count of problems.
   [[nodiscard]] QString Saved() const {
-    static const QRegularExpression count("; \\d+ problems?");
-    return Find<QLabel>("sbStatusBar_2")->text().remove(count);
+    static const QRegularExpression kCount("; \\d+ problems?");
+    return Find<QLabel>("sbStatusBar_2")->text().remove(kCount);
   }
   /// Object name of the page on show.
   [[nodiscard]] QString PageName() const {
