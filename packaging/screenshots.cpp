@@ -1,7 +1,7 @@
 // screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of each page of the real
-// window, over the contents of a radio in use, and of the transfer dialog before, while and after a
-// radio is programmed. packaging/screenshots.sh runs it; QT_SCALE_FACTOR
-// scales it.
+// window, over the contents of a radio in use, of the transfer dialog before, while and after a
+// radio is programmed, and of the list of problems. packaging/screenshots.sh runs it;
+// QT_SCALE_FACTOR scales it.
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -121,6 +121,9 @@ int main(int argc, char** argv) {
     picture(*desk.window, shot.file);
   }
   TransferPictures(desk, picture);
+  desk.Item("mnuEditProblems").trigger();
+  desk.window->SelectNode("PU32");
+  picture(*desk.window, "problems");
   if (!saved) QTextStream(stderr) << "cannot write into " << folder.path() << "\n";
   return saved ? 0 : 1;
 }

@@ -68,9 +68,9 @@ std::optional<core::FieldRef> Follower::FieldOf(const document::Step& step) cons
   return std::nullopt;
 }
 
-void Follower::ShowField(core::FieldRef at) {
+QString Follower::KeyOfField(core::FieldRef at) const {
   const std::optional<NodeRef> node = NodeOfField(document_.Data(), at);
-  if (!node) return ShowCurrentPage();
+  if (!node) return {};
   QString key = KeyOf(*node);
   // The forty places stand under two headings.
   NodeRef other = *node;
@@ -79,9 +79,19 @@ void Follower::ShowField(core::FieldRef at) {
   if (KeyOf(other) == views_.navigator.CurrentKey() || !views_.tree.Contains(key)) {
     key = KeyOf(other);
   }
-  if (!views_.tree.Contains(key)) return ShowCurrentPage();
+  return views_.tree.Contains(key) ? key : QString();
+}
+
+void Follower::ShowField(core::FieldRef at) {
+  const QString key = KeyOfField(at);
+  if (key.isEmpty()) return ShowCurrentPage();
   views_.navigator.Show(key);
   if (!views_.area.FocusField(at) && !views_.area.HasFocusInside()) views_.tree.setFocus();
+}
+
+void Follower::VisitField(core::FieldRef at) {
+  const bool leaves = KeyOfField(at) != views_.navigator.CurrentKey();
+  if (!leaves || views_.navigator.CheckPage()) ShowField(at);
 }
 
 void Follower::ShowCurrentPage() {
@@ -120,6 +130,7 @@ void Follower::Changed(std::span<const core::Change> /*changes*/) {
 
 void Follower::Replaced() {
   replaced_ = true;
+  problem_count_ = 0;
   if (quiet_) return;
   views_.destinations.ForgetSource();
   if (document_.Data().MODELTYPE != model_type_) {
@@ -174,11 +185,25 @@ void Follower::ShowBackupFailure(const QString& reason) {
   if (!notice_shown_) ShowSaved();
 }
 
-// That something changed is said by whoever changed it.
-void Follower::ShowSaved() {
+// The count follows each edit: nobody wants to listen to that.
+void Follower::ShowProblemCount(int count) {
+  if (count == problem_count_) return;
+  problem_count_ = count;
+  if (!notice_shown_) views_.notice.setText(StatusText());
+}
+
+QString Follower::StatusText() const {
   QString text = platform::FromUtf8(document::SavedText(document_));
+  if (problem_count_ == 1) text += tr("; 1 problem");
+  if (problem_count_ > 1) text += tr("; %1 problems").arg(problem_count_);
   if (!copy_failure_.isEmpty()) text += tr("; no copies are being kept: ") + copy_failure_;
   if (!backup_failure_.isEmpty()) text += tr("; no backup was kept: ") + backup_failure_;
+  return text;
+}
+
+// That something changed is said by whoever changed it.
+void Follower::ShowSaved() {
+  const QString text = StatusText();
   if (document_.IsSaved()) {
     views_.notice.Tell(text);
   } else {

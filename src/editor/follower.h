@@ -53,6 +53,8 @@ class Follower : public QObject, private document::Watcher {
 
   /// The page with that field, and the focus in it.
   void ShowField(core::FieldRef at);
+  /// The same for a user who leaves the page on show: not while it holds what must not be left.
+  void VisitField(core::FieldRef at);
 
   /// The second panel tells whether the data is saved, but for a notice, which stays until the
   /// next hint.
@@ -61,6 +63,8 @@ class Follower : public QObject, private document::Watcher {
   /// Why no copies of unsaved data, or no backups, are being kept; "" when they are.
   void ShowCopyFailure(const QString& reason);
   void ShowBackupFailure(const QString& reason);
+  /// How many problems the data has.
+  void ShowProblemCount(int count);
 
   /// What has no page: title, model, commands. For the window's start.
   void Begin();
@@ -77,7 +81,10 @@ class Follower : public QObject, private document::Watcher {
 
   /// Where a step happened: its field, as far as a page shows it.
   [[nodiscard]] std::optional<core::FieldRef> FieldOf(const document::Step& step) const;
+  [[nodiscard]] QString StatusText() const;
   void ShowSaved();
+  /// The node that ShowField goes to; "" where no page shows the field.
+  [[nodiscard]] QString KeyOfField(core::FieldRef at) const;
   void ShowCurrentPage();
   void FollowDestination();
   void FollowModel();
@@ -92,6 +99,7 @@ class Follower : public QObject, private document::Watcher {
   bool notice_shown_ = false;
   QString copy_failure_;
   QString backup_failure_;
+  int problem_count_ = 0;  ///< as last told; none are told of a data set that just came
 };
 
 }  // namespace orvane::editor

@@ -6,23 +6,6 @@
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
-namespace {
-
-/// The list follows the history while the user works elsewhere. QListView would then tell assistive
-/// technologies that its row has the focus.
-class StepView : public QListView {
- public:
-  using QListView::QListView;
-
- protected:
-  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
-    if (hasFocus()) return QListView::currentChanged(current, previous);
-    QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
-  }
-};
-
-}  // namespace
-
 void HistoryModel::Refresh() {
   beginResetModel();
   endResetModel();
@@ -52,7 +35,7 @@ HistoryList::HistoryList(const document::Document& document, QWidget* parent)
     : QDockWidget(tr("History"), parent),
       document_(document),
       model_(new HistoryModel(document, this)),
-      view_(new StepView(this)) {
+      view_(new QuietListView(this)) {
   setObjectName(QStringLiteral("dockHistory"));
   setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea);
   view_->setObjectName(QStringLiteral("lstHistory"));

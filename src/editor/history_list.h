@@ -2,10 +2,10 @@
 
 #include <QAbstractListModel>
 #include <QDockWidget>
-#include <QListView>
 #include <cstddef>
 
 #include "document/document.h"
+#include "editor/quiet_list_view.h"
 
 namespace orvane::editor {
 
@@ -47,7 +47,7 @@ class HistoryList : public QDockWidget {
  private:
   const document::Document& document_;
   HistoryModel* model_;
-  QListView* view_;
+  QuietListView* view_;
 };
 
 }  // namespace orvane::editor

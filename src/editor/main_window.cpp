@@ -21,7 +21,6 @@ constexpr int kMinimumWidth = 9105 / 15;
 constexpr int kMinimumHeight = 6660 / 15;
 constexpr int kSplitterMinimum = 2500 / 15;
 constexpr double kTreeShare = 0.3;
-constexpr int kHistoryLines = 7;  // at first, its title included
 
 constexpr const char* kBorderHint = "[Left]/[Right]:Move the border.  [Esc]:Back.";
 
@@ -77,6 +76,8 @@ MainWindow::MainWindow(const WindowServices& services)
                            {*this, *tree_, *navigator_, *area_, *heading_, destination_menu_,
                             *notice_, *model_name_, menus_});
   follower_->setParent(this);
+  side_lists_ = std::make_unique<SideLists>(document_, services_.clock,
+                                            SideLists::Place{*this, *this, *follower_, menus_});
   ConnectCommands();
   qApp->installEventFilter(this);
   Load();
@@ -85,7 +86,6 @@ MainWindow::MainWindow(const WindowServices& services)
 // Focus and visibility still change while the widgets are taken down.
 MainWindow::~MainWindow() {
   disconnect(qApp, nullptr, this, nullptr);
-  if (history_ != nullptr) disconnect(history_, nullptr, this, nullptr);
 }
 
 void MainWindow::BuildStatusBar() {
@@ -163,26 +163,11 @@ void MainWindow::ConnectCommands() {
   run(menus_.undo, *follower_, &Follower::Undo);
   run(menus_.redo, *follower_, &Follower::Redo);
   connect(&recent_menu_, &RecentMenu::Picked, &file_commands_, &FileCommands::OpenFile);
-  connect(menus_.history, &QAction::toggled, this, &MainWindow::ShowHistory);
   connect(menus_.file_exit, &QAction::triggered, this, [this] {
     if (CheckPage()) close();
   });
   // What is typed into a box after a while elsewhere is another step.
   connect(qApp, &QApplication::focusChanged, this, [this] { document_.EndTyping(); });
-}
-
-void MainWindow::ShowHistory(bool shown) {
-  if (history_ == nullptr) {
-    if (!shown) return;
-    history_ = new HistoryList(document_, this);
-    addDockWidget(Qt::BottomDockWidgetArea, history_);
-    resizeDocks({history_}, {kHistoryLines * fontMetrics().lineSpacing()}, Qt::Vertical);
-    connect(history_, &HistoryList::StepAsked, follower_, &Follower::GoTo);
-    connect(follower_, &Follower::HistoryChanged, history_, &HistoryList::Refresh);
-    connect(history_, &QDockWidget::visibilityChanged, this,
-            [this] { menus_.history->setChecked(!history_->isHidden()); });
-  }
-  history_->setVisible(shown);
 }
 
 void MainWindow::Edit(core::FieldRef at, const document::Document::Body& edit,

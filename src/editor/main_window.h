@@ -10,7 +10,6 @@
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
 #include "editor/follower.h"
-#include "editor/history_list.h"
 #include "editor/live_label.h"
 #include "editor/menus.h"
 #include "editor/model_commands.h"
@@ -22,6 +21,7 @@
 #include "editor/plain_pages.h"
 #include "editor/recent_menu.h"
 #include "editor/serial_port_menu.h"
+#include "editor/side_lists.h"
 #include "editor/splitter.h"
 #include "editor/transfer_commands.h"
 #include "editor/tree_model.h"
@@ -93,7 +93,6 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void BuildHeading();
   [[nodiscard]] QWidget* BuildCentre();
   void ConnectCommands();
-  void ShowHistory(bool shown);
 
   void Load();
   void PlaceWindow();
@@ -131,7 +130,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   Follower* follower_ = nullptr;
   std::unique_ptr<Autosave> autosave_;     ///< null: unsaved data are not kept
   std::unique_ptr<BackupKeeper> backups_;  ///< null: none are kept
-  HistoryList* history_ = nullptr;         ///< null until it is first shown
+  std::unique_ptr<SideLists> side_lists_;
   QTimer* start_timer_;
   std::string file_at_start_;
   QPoint frame_;  ///< left and upper width of the frame that the window manager draws

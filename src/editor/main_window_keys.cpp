@@ -6,12 +6,12 @@
 namespace orvane::editor {
 namespace {
 
-// The controls that act on Enter: the grid jumps to a channel, the history to a step, the menu bar
-// opens a menu.
+// The controls that act on Enter: the grid jumps to a channel, the history to a step, a problem to
+// its field, the menu bar opens a menu.
 bool UsesEnter(const QWidget& target) {
   const QString name = target.objectName();
   return name == QLatin1String("MSFlexGrid1") || name == QLatin1String("lstHistory") ||
-         qobject_cast<const QMenuBar*>(&target) != nullptr;
+         name == QLatin1String("lstProblems") || qobject_cast<const QMenuBar*>(&target) != nullptr;
 }
 
 }  // namespace

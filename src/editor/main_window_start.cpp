@@ -77,6 +77,7 @@ void MainWindow::FinishStart() {
 
 void MainWindow::BeginWork() {
   if (!file_at_start_.empty()) file_commands_.OpenFile(file_at_start_);
+  side_lists_->BeginWork();
   if (!services_.backups_folder.empty()) {
     backups_ = std::make_unique<BackupKeeper>(document_, services_.files, services_.clock,
                                               services_.backups_folder);

@@ -82,6 +82,10 @@ void AddEditMenu(QMenuBar& bar, Menus& menus) {
   menus.redo = AddItem(edit, QStringLiteral("mnuEditRedo"), QStringLiteral("&Redo"));
   menus.redo->setShortcuts({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z});
   edit.addSeparator();
+  menus.problems = AddItem(edit, QStringLiteral("mnuEditProblems"), QStringLiteral("&Problems"));
+  menus.problems->setCheckable(true);
+  menus.problems->setToolTip(
+      QStringLiteral("The list of what is wrong with the data, with the remedies"));
   menus.history = AddItem(edit, QStringLiteral("mnuEditHistory"), QStringLiteral("&History"));
   menus.history->setCheckable(true);
   menus.history->setToolTip(QStringLiteral("The list of the steps, to go to any of them"));

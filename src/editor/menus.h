@@ -29,7 +29,8 @@ struct Menus {
   std::array<QAction*, kModels> models;
   QAction* undo;
   QAction* redo;
-  QAction* history;  ///< shows and hides the list of steps
+  QAction* problems;  ///< shows and hides the list of problems
+  QAction* history;   ///< shows and hides the list of steps
   QAction* program;
   QAction* read;
   QAction* compare_radio;

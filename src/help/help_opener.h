@@ -30,5 +30,6 @@ inline constexpr int kChannelPageContext = 1004;
 inline constexpr int kWeatherPageContext = 1005;
 inline constexpr int kTransferContext = 1012;
 inline constexpr int kFindCableContext = 3000;
+inline constexpr int kProblemsContext = 3001;
 
 }  // namespace orvane::help

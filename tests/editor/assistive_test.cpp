@@ -279,7 +279,7 @@ class AssistiveTest : public QObject {
     QCOMPARE(name(notice), "no");
     QCOMPARE(notices.count(), 2);
     desk.window->ShowHint("two");
-    QCOMPARE(notice->text(), "New");
+    QCOMPARE(desk.Saved(), "New");
     QCOMPARE(hints.count(), 2);
   }
 

@@ -106,13 +106,11 @@ class AutosaveTest : public QObject {
     Rename(desk, "MINE");
     desk.recovery.failure = core::SystemError{28, "No space left on device"};
     Timer(desk).setInterval(0);
-    const auto* panel = desk.Find<QLabel>("sbStatusBar_2");
-    QVERIFY(QTest::qWaitFor([&] { return panel->text().contains("No space left"); }));
-    QCOMPARE(panel->text(),
-             "Changed, not saved; no copies are being kept: No space left on device");
+    QVERIFY(QTest::qWaitFor([&] { return desk.Saved().contains("No space left"); }));
+    QCOMPARE(desk.Saved(), "Changed, not saved; no copies are being kept: No space left on device");
     QVERIFY(desk.prompts.messages.empty());
     desk.recovery.failure.reset();
-    QVERIFY(QTest::qWaitFor([&] { return panel->text() == "Changed, not saved"; }));
+    QVERIFY(QTest::qWaitFor([&] { return desk.Saved() == "Changed, not saved"; }));
   }
 
   void WhatWasLeftBehindIsOffered() {
@@ -142,7 +140,7 @@ class AutosaveTest : public QObject {
       QCOMPARE(desk.recovery.discarded, discarded);
       QCOMPARE(desk.document.CanUndo(), restored);
       QCOMPARE(!desk.recovery.kept.empty(), restored);
-      if (restored) QCOMPARE(desk.Find<QLabel>("sbStatusBar_2")->text(), "Recovered, not saved");
+      if (restored) QCOMPARE(desk.Saved(), "Recovered, not saved");
     }
   }
 };

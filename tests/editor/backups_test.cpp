@@ -91,8 +91,7 @@ class BackupsTest : public QObject {
     QVERIFY(desk.document.Data() == kept);
     QCOMPARE(desk.Model(), "KT310");
     QCOMPARE(desk.document.FileName(), "");
-    const auto* panel = desk.Find<QLabel>("sbStatusBar_2");
-    QCOMPARE(panel->text(), "Backup of 2026-11-24 11:12, not saved");
+    QCOMPARE(desk.Saved(), "Backup of 2026-11-24 11:12, not saved");
     desk.Item("mnuFileSave").trigger();
     QCOMPARE(desk.dialogs.requests.size(), 1U);  // asks where
     desk.Item("mnuEditUndo").trigger();

@@ -102,10 +102,6 @@ void Rename(WindowDesk& desk, const char* key, const char* name) {
   QTest::keyClicks(box, name);
 }
 
-QString Saved(const WindowDesk& desk) {
-  return desk.Find<QLabel>("sbStatusBar_2")->text();
-}
-
 }  // namespace
 
 class HistoryTest : public QObject {
@@ -200,7 +196,7 @@ class HistoryTest : public QObject {
     Rename(desk, "PU32", "mine");
     desk.dialogs.paths = {"/boat.dat", item == "F2" ? "/other.hex" : "/other.dat"};
     desk.Item("mnuFileSaveAs").trigger();
-    QCOMPARE(Saved(desk), "Saved 14:02");
+    QCOMPARE(desk.Saved(), "Saved 14:02");
     desk.clock.time_of_day = "13:58";
     const core::RadioData before = desk.data;
     const QString title = desk.window->windowTitle();
@@ -217,7 +213,7 @@ class HistoryTest : public QObject {
     QCOMPARE(filled.count(), 1);
     const core::RadioData after = desk.data;
     QVERIFY(after != before);
-    QCOMPARE(Saved(desk), saved);
+    QCOMPARE(desk.Saved(), saved);
     QVERIFY(!desk.window->windowTitle().contains("boat"));
     QCOMPARE(desk.Item("mnuEditUndo").text(), "&Undo " + step);
 
@@ -225,13 +221,13 @@ class HistoryTest : public QObject {
     QCOMPARE(filled.count(), 2);
     QVERIFY(desk.data == before);
     QCOMPARE(desk.window->windowTitle(), title);
-    QCOMPARE(Saved(desk), "Saved 14:02");
+    QCOMPARE(desk.Saved(), "Saved 14:02");
     QCOMPARE(desk.Model(), "KT740");
     QCOMPARE(core::AppSettings(desk.settings).ModelType(), 5);
     QVERIFY(desk.document.HasChanged());
     desk.Item("mnuEditRedo").trigger();
     QVERIFY(desk.data == after);
-    QCOMPARE(Saved(desk), saved);
+    QCOMPARE(desk.Saved(), saved);
     QCOMPARE(core::AppSettings(desk.settings).ModelType(), after.MODELTYPE);
   }
 
@@ -248,16 +244,16 @@ class HistoryTest : public QObject {
     QVERIFY(desk.Transfer("mnuTransferProgram"));
     QCOMPARE(desk.data.Marine[0][32].ChTag, "SMALL");
     QVERIFY(!desk.document.HasChanged());
-    QCOMPARE(Saved(desk), "Changed, not saved");
+    QCOMPARE(desk.Saved(), "Changed, not saved");
     QCOMPARE(desk.Item("mnuEditUndo").text(), "&Undo Program to Radio");
     desk.Item("mnuEditUndo").trigger();
     QVERIFY(desk.data == before);
-    QCOMPARE(Saved(desk), "Saved 14:02");
+    QCOMPARE(desk.Saved(), "Saved 14:02");
     // What the file would not tell apart keeps its mark.
     desk.data.Marine[0][32].ChTag = "LARGE";
     QVERIFY(desk.Transfer("mnuTransferProgram"));
     QVERIFY(desk.document.CanUndo());
-    QCOMPARE(Saved(desk), "Saved 14:02");
+    QCOMPARE(desk.Saved(), "Saved 14:02");
   }
 
   void HistoryListGoesToAnyStep() {

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 #include <deque>
@@ -219,6 +220,11 @@ struct WindowDesk : ArrangedDocument {
   [[nodiscard]] editor::NavTree& Tree() const { return *Find<editor::NavTree>("tvTreeView"); }
   [[nodiscard]] QString Hint() const { return Find<QLabel>("sbStatusBar_1")->text(); }
   [[nodiscard]] QString Model() const { return Find<QLabel>("sbStatusBar_3")->text(); }
+  /// Second panel, without the count of problems.
+  [[nodiscard]] QString Saved() const {
+    static const QRegularExpression kCount("; \\d+ problems?");
+    return Find<QLabel>("sbStatusBar_2")->text().remove(kCount);
+  }
   /// Object name of the page on show.
   [[nodiscard]] QString PageName() const {
     const auto* area = window->findChild<editor::PageArea*>();
