@@ -1,6 +1,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "cli/commands.h"
@@ -82,7 +83,8 @@ bool TestPort(Workplace& place) {
 }  // namespace
 
 bool RunDoctor(Workplace& place) {
-  return place.options.port == PortChoice(0) ? ListPorts(place) : TestPort(place);
+  const int* const number = std::get_if<int>(&place.options.port);
+  return number != nullptr && *number == 0 ? ListPorts(place) : TestPort(place);
 }
 
 }  // namespace orvane::cli

@@ -110,7 +110,7 @@ void BackupsDialog::AddList() {
     view_->resizeColumnToContents(column);
   view_->header()->resizeSection(BackupList::kNames, kNamesWidth);
   layout()->addWidget(view_);
-  connect(view_, &QTreeView::activated, this, &BackupsDialog::Open);
+  connect(view_, &QTreeView::activated, this, &BackupsDialog::OpenChosen);
   connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           &BackupsDialog::ShowState);
   state_ = new QLabel(this);
@@ -130,7 +130,7 @@ void BackupsDialog::AddButtons() {
     row->addWidget(button);
     return button;
   };
-  open_ = add("cmdOpen", tr("&Open"), &BackupsDialog::Open);
+  open_ = add("cmdOpen", tr("&Open"), &BackupsDialog::OpenChosen);
   open_->setDefault(true);
   open_->setToolTip(
       tr("Puts the backup in the place of the data on the screen; Undo takes it back"));
@@ -190,7 +190,7 @@ files::Snapshot BackupsDialog::Load(const files::Backup& backup) {
   return snapshot;
 }
 
-void BackupsDialog::Open() {
+void BackupsDialog::OpenChosen() {
   const std::optional<files::Backup> backup = Chosen();
   if (!backup || Load(*backup).data == nullptr) return;
   path_to_open_ = backup->path;

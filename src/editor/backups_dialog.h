@@ -36,7 +36,7 @@ class BackupsDialog : public QDialog {
   void Filter(const QString& words);
   void ShowState();
   [[nodiscard]] std::optional<files::Backup> Chosen() const;
-  void Open();
+  void OpenChosen();
   void SaveAs();
   void Compare();
   void Delete();

@@ -31,7 +31,7 @@ QString VerdictText(const document::Comparison& comparison, const ComparisonWind
 }  // namespace
 
 ComparisonWindow::ComparisonWindow(const WindowServices& services, document::Comparison comparison,
-                                   Names names, QWidget* parent)
+                                   const Names& names, QWidget* parent)
     : QDialog(parent),
       services_(services),
       comparison_(std::move(comparison)),

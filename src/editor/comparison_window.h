@@ -20,8 +20,8 @@ class ComparisonWindow : public QDialog {
     QString ours;
     QString theirs;
   };
-  ComparisonWindow(const WindowServices& services, document::Comparison comparison, Names names,
-                   QWidget* parent);
+  ComparisonWindow(const WindowServices& services, document::Comparison comparison,
+                   const Names& names, QWidget* parent);
 
  private:
   void AddRows();

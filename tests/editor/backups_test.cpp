@@ -10,7 +10,6 @@
 
 using namespace orvane;
 using core::Answer;
-using testing::CommandDesk;
 using testing::Row;
 using testing::WindowDesk;
 

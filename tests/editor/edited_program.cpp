@@ -47,7 +47,7 @@ int LastEdit(const core::RadioData& data, int first) {
   }
   for (int edit = std::max(first + 1, last - kTraced + 1); edit <= last; ++edit) {
     const std::string name = "E" + std::to_string(edit);
-    for (const std::size_t table : {0, 1}) {
+    for (const std::size_t table : {0U, 1U}) {
       if (data.Marine[table][PlaceOf(edit)].ChTag != name) return -1;
     }
   }
@@ -163,7 +163,7 @@ int main(int argc, char** argv) {
     Tell("edit", ++edit);
     Tell("at", static_cast<int>(running.elapsed()));
     desk.document.Edit("Edit", [&](core::RadioData& data) {
-      for (const std::size_t table : {0, 1}) {
+      for (const std::size_t table : {0U, 1U}) {
         data.Marine[table][PlaceOf(edit)].ChTag = "E" + std::to_string(edit);
       }
     });

@@ -58,7 +58,7 @@ TEST_F(Transfers, AProgramRunThatIsStoppedOrKilledCanBeRepeated) {
   // Of the model with the least memory, so that a whole run is short.
   ASSERT_EQ(Cli({"new", "--model", "1", "-o", Path("boat.hex")}), 0) << said_;
   const Words program = {"program", "--port", "COM16", Path("boat.hex")};
-  const std::string kNote = "Program to Radio: The radio on COM16 was left partly written on ";
+  const std::string note = "Program to Radio: The radio on COM16 was left partly written on ";
   for (const int signal : {SIGINT, SIGKILL}) {
     StartRadio({"--model", "1"}, "9600");
     const auto stopped = StartCli(program);
@@ -73,13 +73,13 @@ TEST_F(Transfers, AProgramRunThatIsStoppedOrKilledCanBeRepeated) {
     };
     const std::string said = stopped->Err();
     EXPECT_TRUE(signal == SIGINT ? said == told("0040") || said == told("0050")
-                                 : said.starts_with(kNote))
+                                 : said.starts_with(note))
         << said;
     StopRadio(SIGTERM);
   }
   StartRadio({"--model", "1"});
   EXPECT_EQ(Cli(program), 0) << said_;
-  EXPECT_TRUE(said_.starts_with(kNote)) << said_;
+  EXPECT_TRUE(said_.starts_with(note)) << said_;
   EXPECT_EQ(Cli(program), 0);
   EXPECT_TRUE(said_.starts_with("Program to Radio: Complete!!")) << said_;
   StopRadio(SIGTERM);
