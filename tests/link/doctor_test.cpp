@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <set>
 #include <string>
 #include <utility>
@@ -88,7 +89,7 @@ struct CheckBench : testing::SimulatedBench {
     EXPECT_EQ(Asked(ExchangeKind::kWrite), 0);
     return found;
   }
-  [[nodiscard]] long Asked(ExchangeKind kind) const {
+  [[nodiscard]] std::ptrdiff_t Asked(ExchangeKind kind) const {
     return std::count_if(asked.begin(), asked.end(),
                          [=](const Exchange& exchange) { return exchange.kind == kind; });
   }

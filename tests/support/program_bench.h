@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <utility>
@@ -29,7 +30,7 @@ class RecordingWitness : public link::ProgramWitness {
     sent = data;
     writes_before += Writes();
   }
-  [[nodiscard]] long Writes() const {
+  [[nodiscard]] std::ptrdiff_t Writes() const {
     return std::count_if(asked_.begin(), asked_.end(), [](const link::Exchange& exchange) {
       return exchange.kind == link::ExchangeKind::kWrite;
     });
@@ -38,7 +39,7 @@ class RecordingWitness : public link::ProgramWitness {
   std::optional<core::SystemError> failure;
   std::optional<core::RadioData> kept;
   std::optional<core::RadioData> sent;
-  long writes_before = 0;  ///< of both calls together
+  std::ptrdiff_t writes_before = 0;  ///< of both calls together
 
  private:
   const std::vector<link::Exchange>& asked_;
