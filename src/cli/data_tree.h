@@ -13,6 +13,7 @@ namespace orvane::cli {
 /// texts are UTF-8, frequencies MHz, channel references combined channel numbers (-1 none).
 [[nodiscard]] nlohmann::ordered_json DataTree(const core::RadioData& data);
 
+[[nodiscard]] std::string JsonText(const nlohmann::ordered_json& tree);
 void PrintJson(std::ostream& out, const nlohmann::ordered_json& tree);
 
 /// The tree as indented lines, one for each record. Of channels and directories only the enabled

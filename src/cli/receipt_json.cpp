@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "cli/data_tree.h"
 #include "files/snapshot.h"
 
 namespace orvane::cli {
@@ -9,7 +10,6 @@ namespace orvane::cli {
 std::string ReceiptJson(const link::Receipt& receipt,
                         const std::vector<files::DifferingField>& fields) {
   using Json = nlohmann::ordered_json;
-  constexpr int kIndent = 2;
   Json json = {{"began", receipt.began},
                {"ended", receipt.ended},
                {"port", receipt.port},
@@ -35,8 +35,7 @@ std::string ReceiptJson(const link::Receipt& receipt,
     json["bytes"].push_back(
         {{"address", byte.address}, {"written", byte.written}, {"found", byte.found}});
   }
-  // A file name may hold bytes that are no UTF-8.
-  return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
+  return JsonText(json);
 }
 
 }  // namespace orvane::cli

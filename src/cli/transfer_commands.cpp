@@ -74,7 +74,7 @@ class CopyKeeper : public link::ProgramWitness {
   void WritingBegins(const core::RadioData& sent) override {
     const std::string port = NameOf(place_.options.port, place_.services.ports);
     const std::optional<core::SystemError> failure = MarksOf(place_).Begin(
-        port, {heading_.made, "programmed", heading_.port, place_.options.input}, sent,
+        port, {heading_.made, files::kOriginProgrammed, heading_.port, place_.options.input}, sent,
         before_.get());
     // Programming goes on: what it writes is what was asked for.
     if (failure) {
@@ -176,7 +176,7 @@ bool RunRead(Workplace& place) {
   if (Transfer(place, data, link::SessionKind::kRead).ending != link::Ending::kDone) return false;
   if (Extension(options.output) == files::kSnapshotEnding) {
     return place.documents.SaveSnapshot(options.output, data,
-                                        {place.services.clock.Timestamp(), "read",
+                                        {place.services.clock.Timestamp(), files::kOriginRead,
                                          LabelOf(options.port, place.services.ports).Text()});
   }
   return options.raw ? place.documents.SaveImage(options.output, data)
@@ -191,7 +191,7 @@ bool RunProgram(Workplace& place) {
     if (!path.empty() && !place.documents.CheckOutput(path, data)) return false;
   }
   TellMark(place, link::SessionKind::kProgram);
-  CopyKeeper keeper(place, {place.services.clock.Timestamp(), "before programming",
+  CopyKeeper keeper(place, {place.services.clock.Timestamp(), files::kOriginBefore,
                             LabelOf(options.port, place.services.ports).Text()});
   const link::TransferOutcome outcome =
       Transfer(place, data, link::SessionKind::kProgram,

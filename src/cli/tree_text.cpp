@@ -88,9 +88,13 @@ void AddLines(const std::string& name, const Json& node, int depth, std::string&
 
 }  // namespace
 
-void PrintJson(std::ostream& out, const Json& tree) {
+std::string JsonText(const Json& tree) {
   // Paths and descriptions of the system may hold bytes that are no UTF-8.
-  out << tree.dump(kIndent, ' ', false, Json::error_handler_t::replace) << '\n';
+  return tree.dump(kIndent, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+void PrintJson(std::ostream& out, const Json& tree) {
+  out << JsonText(tree);
 }
 
 std::string TreeText(const Json& tree) {

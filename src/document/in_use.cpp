@@ -60,12 +60,16 @@ core::FieldRef FieldOfChannel(ChannelPlace place, const char* member) {
               place.IsMarine() ? place.number : place.number - core::ExtraTable::kFirst)};
 }
 
+std::string_view GroupWord(std::size_t group) {
+  static constexpr std::array<std::string_view, 3> kWords = {"USA", "INTL", "CANADA"};
+  return kWords[group];
+}
+
 std::string ChannelName(const core::RadioData& data, ChannelPlace place) {
-  static constexpr std::array<std::string_view, 3> kGroups = {"USA", "INTL", "CANADA"};
   if (!place.IsMarine()) {
     return core::ExtraChannelName(core::ProfileOf(data), place.number, place.IsLmr());
   }
-  return std::string(kGroups[static_cast<std::size_t>(place.kind)]) + " " +
+  return std::string(GroupWord(static_cast<std::size_t>(place.kind))) + " " +
          std::string(core::PlanLabel(place.number));
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/field_ref.h"
 #include "core/radio_data.h"
@@ -44,6 +45,8 @@ template <auto kMember>
   return FieldOfChannel(place, &core::kMemberTag<kMember>);
 }
 
+/// A marine group as the window calls it: "CANADA".
+[[nodiscard]] std::string_view GroupWord(std::size_t group);
 /// "USA 22A", "LMR7".
 [[nodiscard]] std::string ChannelName(const core::RadioData& data, ChannelPlace place);
 

@@ -19,8 +19,6 @@ void AddChannelProblems(const core::RadioData& data, core::Date today, Problems&
 /// What programming would change, where none of the problems tells of it. Runs after the others.
 void AddSilentChanges(const core::RadioData& data, core::Date today, Problems& problems);
 
-/// A marine group as the window calls it.
-[[nodiscard]] std::string_view GroupWord(std::size_t group);
 /// The group that the radio comes up with: the last one, else the first in use, else kMarineGroups'
 /// size.
 [[nodiscard]] std::size_t LastGroup(const core::RadioData& data);

@@ -170,11 +170,6 @@ bool AnyEnabled(const RadioData& data, bool lmr) {
 
 }  // namespace
 
-std::string_view GroupWord(std::size_t group) {
-  static constexpr std::array<std::string_view, 3> kWords = {"USA", "INTL", "CANADA"};
-  return kWords[group];
-}
-
 std::size_t LastGroup(const RadioData& data) {
   const auto last = static_cast<std::size_t>(data.Common.Last_CH_Group);
   if (last < core::kMarineGroups.size() && data.Usable[last].Enable) return last;

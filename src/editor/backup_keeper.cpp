@@ -40,7 +40,8 @@ std::string BackupKeeper::CopyWithinTheHour(const std::string& port,
   constexpr std::size_t kMinutes = 5;
   for (const files::Backup& backup : library_.Since(core::HourBefore(clock_.Timestamp()))) {
     const files::SnapshotHeading& heading = backup.heading;
-    const bool of_radio = heading.origin == "read" || heading.origin == kBeforeProgramming;
+    const bool of_radio =
+        heading.origin == files::kOriginRead || heading.origin == files::kOriginBefore;
     if (of_radio && heading.port == port && heading.model_type == model_type) {
       return heading.made.substr(kTimeOfDay, kMinutes);
     }
@@ -60,7 +61,8 @@ void BackupKeeper::KeepReceipt(const std::string& began, const std::string& text
 // A step that was taken back and is made again has been seen before: equal data are kept once.
 void BackupKeeper::Replaced() {
   const document::Contents* const before = document_.ReplacedUnsaved();
-  if (before != nullptr) Keep(before->data, {.origin = "replaced", .file = before->file_name});
+  if (before != nullptr)
+    Keep(before->data, {.origin = files::kOriginReplaced, .file = before->file_name});
 }
 
 }  // namespace orvane::editor

@@ -12,9 +12,6 @@
 
 namespace orvane::editor {
 
-/// Origin of what a radio held when it was about to be programmed.
-inline constexpr const char* kBeforeProgramming = "before programming";
-
 /// Puts data into the backup library: by itself unsaved ones that another data set replaced, and
 /// what it is given. The user's work goes on whatever becomes of it.
 class BackupKeeper : public QObject, private document::Watcher {

@@ -12,6 +12,7 @@
 #include "core/product.h"
 #include "document/compare.h"
 #include "editor/comparison_window.h"
+#include "editor/dialog_parts.h"
 #include "editor/save_as.h"
 #include "files/image_file.h"
 #include "files/settings_file.h"
@@ -123,11 +124,8 @@ void BackupsDialog::AddList() {
 void BackupsDialog::AddButtons() {
   auto* row = new QHBoxLayout;
   const auto add = [&](const char* name, const QString& caption, auto command) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(QLatin1String(name));
-    button->setAutoDefault(false);
+    QPushButton* const button = AddButton(*this, *row, name, caption);
     connect(button, &QPushButton::clicked, this, command);
-    row->addWidget(button);
     return button;
   };
   open_ = add("cmdOpen", tr("&Open"), &BackupsDialog::OpenChosen);

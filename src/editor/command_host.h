@@ -32,9 +32,10 @@ class CommandHost {
   /// Checks the Destination entry that the image's SEL1 bit stands for.
   virtual void CheckDestinationOfImage() = 0;
   /// Puts the data into the backup library as what stood at the radio; origin says how they came
-  /// there. Why they were not kept, if they were not.
+  /// there, file where they are saved, "" for nowhere. Why they were not kept, if they were not.
   virtual std::optional<core::SystemError> KeepBackup(const core::RadioData& data,
-                                                      const std::string& origin) = 0;
+                                                      const std::string& origin,
+                                                      const std::string& file) = 0;
   /// See BackupKeeper. "" where no backups are kept.
   [[nodiscard]] virtual std::string CopyWithinTheHour(std::int16_t model_type) const = 0;
   virtual void KeepReceipt(const std::string& began, const std::string& text) = 0;

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "editor/dialog_parts.h"
 #include "editor/save_as.h"
 #include "platform/ansi_text.h"
 
@@ -49,16 +50,16 @@ ComparisonWindow::ComparisonWindow(const WindowServices& services, document::Com
   rows_->setAccessibleName(tr("Differences"));
   rows_->setUniformRowHeights(true);
   rows_->setHeaderLabels({tr("Field"), names.ours, names.theirs});
+  rows_->headerItem()->setToolTip(1, names.about_ours);
   AddRows();
   column->addWidget(rows_);
   auto* row = new QHBoxLayout;
   column->addLayout(row);
   row->addStretch();
   const auto add = [&](const char* name, const QString& caption, auto command) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(QLatin1String(name));
+    QPushButton* const button = AddButton(*this, *row, name, caption);
+    button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, command);
-    row->addWidget(button);
     return button;
   };
   add("cmdSaveAs", tr("Save &As..."), [this] {

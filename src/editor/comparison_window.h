@@ -19,6 +19,7 @@ class ComparisonWindow : public QDialog {
   struct Names {
     QString ours;
     QString theirs;
+    QString about_ours{};  ///< what the column holds exactly, as its tooltip
   };
   ComparisonWindow(const WindowServices& services, document::Comparison comparison,
                    const Names& names, QWidget* parent);

@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <string>
 
-#include "core/messages.h"
+#include "editor/dialog_parts.h"
 #include "link/port_name.h"
 #include "platform/ansi_text.h"
 
@@ -94,7 +94,7 @@ void FindCableDialog::BuildCommand() {
   command_->setReadOnly(true);
   command_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   row->addWidget(command_);
-  copy_ = AddButton("cmdCopy", tr("&Copy"), *row);
+  copy_ = AddButton(*this, *row, "cmdCopy", tr("&Copy"));
   copy_->setToolTip(tr("The command, to be pasted into a terminal"));
   connect(copy_, &QPushButton::clicked, this,
           [this] { QGuiApplication::clipboard()->setText(command_->text()); });
@@ -102,29 +102,22 @@ void FindCableDialog::BuildCommand() {
   command_row_->hide();
 }
 
-QPushButton* FindCableDialog::AddButton(const char* name, const QString& caption, QLayout& row) {
-  auto* button = new QPushButton(caption, this);
-  button->setObjectName(QLatin1String(name));
-  button->setAutoDefault(false);
-  row.addWidget(button);
-  return button;
-}
-
 void FindCableDialog::BuildButtons() {
   auto* row = new QHBoxLayout;
-  find_ = AddButton("cmdFind", tr("&Find by Unplugging"), *row);
-  test_ = AddButton("cmdTest", tr("&Test"), *row);
-  use_ = AddButton("cmdUse", tr("&Use This Port"), *row);
+  find_ = AddButton(*this, *row, "cmdFind", tr("&Find by Unplugging"));
+  test_ = AddButton(*this, *row, "cmdTest", tr("&Test"));
+  use_ = AddButton(*this, *row, "cmdUse", tr("&Use This Port"));
   row->addStretch();
-  help_ = AddButton("cmdHelp", tr("Help"), *row);
+  help_ = AddButton(*this, *row, "cmdHelp", tr("Help"));
   help_->setShortcut(Qt::Key_F1);
-  close_ = AddButton("cmdClose", tr("Close"), *row);
+  close_ = AddButton(*this, *row, "cmdClose", tr("Close"));
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
   connect(find_, &QPushButton::clicked, this,
           [this] { search_ ? EndSearch(tr(kAtFirst)) : BeginSearch(); });
   connect(test_, &QPushButton::clicked, this, &FindCableDialog::Test);
   connect(use_, &QPushButton::clicked, this, &FindCableDialog::UseSelected);
-  connect(help_, &QPushButton::clicked, this, &FindCableDialog::OpenHelp);
+  connect(help_, &QPushButton::clicked, this,
+          [this] { OpenTopic(*this, services_.help, services_.prompts, help::kFindCableContext); });
   connect(close_, &QPushButton::clicked, this, &FindCableDialog::reject);
   setTabOrder(list_, command_);
   find_->setFocus();
@@ -318,19 +311,6 @@ void FindCableDialog::closeEvent(QCloseEvent* event) {
   }
   check_->Cancel();
   event->ignore();
-}
-
-void FindCableDialog::OpenHelp() {
-  const std::string title = platform::ToUtf8(windowTitle());
-  if (services_.help == nullptr || !services_.help->HasHelp()) {
-    services_.prompts.Show(core::MakeMessage(core::MessageId::kNoHelp, title));
-    return;
-  }
-  if (const std::optional<std::string> failure =
-          services_.help->Open(*this, help::kFindCableContext)) {
-    services_.prompts.Show(
-        core::MakeMessage(core::MessageId::kHelpFailed, title, {{"failure", *failure}}));
-  }
 }
 
 }  // namespace orvane::editor

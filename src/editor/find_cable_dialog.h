@@ -56,7 +56,6 @@ class FindCableDialog : public QDialog {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  QPushButton* AddButton(const char* name, const QString& caption, QLayout& row);
   void BuildList();
   void BuildCommand();
   void BuildButtons();
@@ -75,7 +74,6 @@ class FindCableDialog : public QDialog {
   void FollowSearch();
   void UseSelected();
   void Test();
-  void OpenHelp();
 
   const FindCableServices services_;
   std::vector<link::PortEntry> ports_;  ///< on show

@@ -217,12 +217,13 @@ void MainWindow::CheckDestinationOfImage() {
 }
 
 std::optional<core::SystemError> MainWindow::KeepBackup(const core::RadioData& radio,
-                                                        const std::string& origin) {
+                                                        const std::string& origin,
+                                                        const std::string& file) {
   if (backups_ == nullptr) return std::nullopt;
   return backups_
       ->Keep(radio, {.origin = origin,
                      .port = link::LabelOfPort(services_.ports, PortNumber()).Text(),
-                     .file = document_.FileName()})
+                     .file = file})
       .error;
 }
 

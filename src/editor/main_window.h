@@ -64,7 +64,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void RebuildDestinations() override;
   void CheckDestinationOfImage() override;
   std::optional<core::SystemError> KeepBackup(const core::RadioData& radio,
-                                              const std::string& origin) override;
+                                              const std::string& origin,
+                                              const std::string& file) override;
   [[nodiscard]] std::string CopyWithinTheHour(std::int16_t model_type) const override;
   void KeepReceipt(const std::string& began, const std::string& text) override;
   void ShowField(core::FieldRef at) override;

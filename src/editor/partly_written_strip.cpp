@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QVBoxLayout>
 
+#include "editor/dialog_parts.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -30,30 +31,21 @@ PartlyWrittenStrip::PartlyWrittenStrip(QWidget* parent)
   column->addWidget(text_);
   auto* row = new QHBoxLayout;
   column->addLayout(row);
-  row->addWidget(AddButton("cmdProgramAgain", tr("Program A&gain"),
-                           tr("Writes once more what was being written")));
-  put_back_ = AddButton("cmdPutBack", tr("Put Back &What Was There"), {});
-  row->addWidget(put_back_);
-  row->addWidget(AddButton("cmdSettled", tr("It &Is Settled"),
-                           tr("Takes this warning away; the radio stays as it is")));
+  const auto add = [&](const char* name, const QString& caption, const QString& tip, auto asked) {
+    QPushButton* const button = AddButton(*this, *row, name, caption);
+    button->setToolTip(tip);
+    button->setPalette(QPalette());  // the desktop's own colours
+    connect(button, &QPushButton::clicked, this, asked);
+    return button;
+  };
+  add("cmdProgramAgain", tr("Program A&gain"), tr("Writes once more what was being written"),
+      &PartlyWrittenStrip::ProgramAgainAsked);
+  put_back_ =
+      add("cmdPutBack", tr("Put Back &What Was There"), {}, &PartlyWrittenStrip::PutBackAsked);
+  add("cmdSettled", tr("It &Is Settled"), tr("Takes this warning away; the radio stays as it is"),
+      &PartlyWrittenStrip::SettledAsked);
   row->addStretch();
-  connect(findChild<QPushButton*>("cmdProgramAgain"), &QPushButton::clicked, this,
-          &PartlyWrittenStrip::ProgramAgainAsked);
-  connect(put_back_, &QPushButton::clicked, this, &PartlyWrittenStrip::PutBackAsked);
-  connect(findChild<QPushButton*>("cmdSettled"), &QPushButton::clicked, this,
-          &PartlyWrittenStrip::SettledAsked);
   hide();
-}
-
-QPushButton* PartlyWrittenStrip::AddButton(const char* name, const QString& caption,
-                                           const QString& tip) {
-  auto* button = new QPushButton(caption, this);
-  button->setObjectName(QLatin1String(name));
-  button->setToolTip(tip);
-  button->setAutoDefault(false);
-  // A button of the desktop's own colours.
-  button->setPalette(QPalette());
-  return button;
 }
 
 void PartlyWrittenStrip::ShowMark(const files::PartlyWritten& mark) {
@@ -61,7 +53,8 @@ void PartlyWrittenStrip::ShowMark(const files::PartlyWritten& mark) {
   put_back_->setEnabled(mark.has_before);
   put_back_->setToolTip(mark.has_before
                             ? tr("Writes what the radio held before, as it was kept then")
-                            : tr("What the radio held before was not kept"));
+                            : tr("What the radio held before was not kept in that run; File, "
+                                 "Backups has what was read earlier"));
   show();
   text_->Tell(platform::FromUtf8(mark.Text()));
 }

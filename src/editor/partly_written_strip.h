@@ -27,8 +27,6 @@ class PartlyWrittenStrip : public QFrame {
   void SettledAsked();
 
  private:
-  QPushButton* AddButton(const char* name, const QString& caption, const QString& tip);
-
   std::string port_;  ///< of the mark on show
   LiveLabel* text_;
   QPushButton* put_back_;

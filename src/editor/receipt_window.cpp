@@ -9,6 +9,7 @@
 
 #include "core/messages.h"
 #include "core/product.h"
+#include "editor/dialog_parts.h"
 #include "editor/save_as.h"
 #include "files/receipt_text.h"
 #include "platform/ansi_text.h"
@@ -45,10 +46,9 @@ ReceiptWindow::ReceiptWindow(const WindowServices& services, link::Receipt recei
   column->addLayout(row);
   row->addStretch();
   const auto add = [&](const char* name, const QString& caption, auto command) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(QLatin1String(name));
+    QPushButton* const button = AddButton(*this, *row, name, caption);
+    button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, command);
-    row->addWidget(button);
     return button;
   };
   add("cmdSaveAs", tr("Save &As..."), [this] { SaveReceipt(services_, receipt_); });

@@ -74,7 +74,7 @@ void TransferCommands::Read() {
                      .origin = document::Origin::kRead,
                      .time = services_.clock.TimeOfDay()},
                     false);
-  host_.KeepBackup(document_.Data(), "read");
+  host_.KeepBackup(document_.Data(), files::kOriginRead, {});
   document_.ForgetChange();
 }
 
@@ -116,7 +116,9 @@ void TransferCommands::CompareWithRadio() {
   // What the radio would hold after programming: encoding leaves some fields out.
   const auto ours = document::AfterProgramming(document_.Data(), services_.clock.Today());
   ComparisonWindow(services_, document::Compare(*ours, dialog.Job().data),
-                   {QObject::tr("On the screen"), QObject::tr("In the radio")}, &host_.Widget())
+                   {QObject::tr("On the screen"), QObject::tr("In the radio"),
+                    QObject::tr("As the radio would hold it after programming")},
+                   &host_.Widget())
       .exec();
 }
 

@@ -8,6 +8,7 @@
 
 #include "core/messages.h"
 #include "core/number_text.h"
+#include "editor/dialog_parts.h"
 #include "editor/receipt_window.h"
 #include "files/receipt_text.h"
 #include "platform/ansi_text.h"
@@ -131,22 +132,16 @@ void TransferDialog::TurnPictures() {
 void TransferDialog::AddButtons() {
   auto* row = new QHBoxLayout;
   row->addStretch();
-  const auto add = [&](const char* name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(QLatin1String(name));
-    button->setAutoDefault(false);
-    row->addWidget(button);
-    return button;
-  };
-  ok_ = add("cmdOK", tr("OK"));
+  ok_ = AddButton(*this, *row, "cmdOK", tr("OK"));
   ok_->setDefault(true);
-  QPushButton* const cancel = add("cmdCancel", tr("Cancel"));
-  help_ = add("cmdHelp", tr("Help"));
+  QPushButton* const cancel = AddButton(*this, *row, "cmdCancel", tr("Cancel"));
+  help_ = AddButton(*this, *row, "cmdHelp", tr("Help"));
   help_->setShortcut(Qt::Key_F1);
   Column().addLayout(row);
   connect(ok_, &QPushButton::clicked, this, &TransferDialog::Run);
   connect(cancel, &QPushButton::clicked, this, &TransferDialog::reject);
-  connect(help_, &QPushButton::clicked, this, &TransferDialog::OpenHelp);
+  connect(help_, &QPushButton::clicked, this,
+          [this] { OpenTopic(*this, services_.help, services_.prompts, help::kTransferContext); });
   ok_->setFocus();
 }
 
@@ -251,6 +246,7 @@ void TransferDialog::RunOnce() {
     outcome_ = session.Run(job_.kind, options, &keeper);
   }
   SetRunning(false);
+  mark_failure_ = keeper.MarkFailure();
   if (outcome_.receipt) {
     receipt_ = outcome_.receipt;
     receipt_->file = job_.file;
@@ -269,7 +265,12 @@ void TransferDialog::TakeOutcome() {
     accept();
     return;
   }
-  ShowState(platform::FromUtf8(link::EndingText(outcome_, port_)));
+  QString ending = platform::FromUtf8(link::EndingText(outcome_, port_));
+  if (outcome_.partly_written && !mark_failure_.empty()) {
+    ending += tr("\nThis is not remembered once the program ends: %1")
+                  .arg(platform::FromUtf8(mark_failure_));
+  }
+  ShowState(ending);
   ShowNote();
 }
 
@@ -302,19 +303,6 @@ void TransferDialog::closeEvent(QCloseEvent* event) {
     return;
   }
   QDialog::closeEvent(event);
-}
-
-void TransferDialog::OpenHelp() {
-  const std::string title = platform::ToUtf8(windowTitle());
-  if (services_.help == nullptr || !services_.help->HasHelp()) {
-    services_.prompts.Show(core::MakeMessage(core::MessageId::kNoHelp, title));
-    return;
-  }
-  if (const std::optional<std::string> failure =
-          services_.help->Open(*this, help::kTransferContext)) {
-    services_.prompts.Show(
-        core::MakeMessage(core::MessageId::kHelpFailed, title, {{"failure", *failure}}));
-  }
 }
 
 }  // namespace orvane::editor

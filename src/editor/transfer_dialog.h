@@ -115,7 +115,6 @@ class TransferDialog : public QDialog, private link::TransferView {
   void TakeOutcome();
   /// Names the fields that the radio does not hold as sent. True: once more.
   [[nodiscard]] bool TellDifferences();
-  void OpenHelp();
 
   const WindowServices services_;
   CommandHost& host_;
@@ -130,6 +129,7 @@ class TransferDialog : public QDialog, private link::TransferView {
   std::optional<link::Receipt> receipt_;
   std::optional<core::FieldRef> field_to_show_;
   std::optional<bool> keeps_copy_;  ///< as the user chose in this dialog
+  std::string mark_failure_;        ///< why a broken run would not be remembered
   bool data_moved_ = false;
 
   TransferFacts* facts_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 
+#include "editor/dialog_parts.h"
 #include "link/transfer_pace.h"
 #include "platform/ansi_text.h"
 
@@ -57,12 +58,9 @@ void TransferFacts::AddPortRow() {
   caption->setBuddy(ports_);
   ports_->setObjectName(QStringLiteral("lstPort"));
   ports_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  auto* find = new QPushButton(tr("&Find my Cable..."), this);
-  find->setObjectName(QStringLiteral("cmdFindCable"));
-  find->setAutoDefault(false);
   row->addWidget(caption);
   row->addWidget(ports_);
-  row->addWidget(find);
+  QPushButton* const find = AddButton(*this, *row, "cmdFindCable", tr("&Find my Cable..."));
   column_->addLayout(row);
   connect(ports_, &QComboBox::activated, this,
           [this](int index) { emit PortChosen(ports_->itemData(index).toInt()); });
@@ -106,22 +104,16 @@ void TransferFacts::AddProblem(const document::SendingProblem& problem) {
   auto* row = new QHBoxLayout;
   row->addStretch();
   column.addLayout(row);
-  const auto add = [&](const char* name, const QString& caption) {
-    auto* button = new QPushButton(caption, problems_);
-    button->setObjectName(QLatin1String(name));
-    button->setAutoDefault(false);
-    row->addWidget(button);
-    return button;
-  };
   if (!problem.at.empty()) {
-    connect(add("cmdShow", tr("Show")), &QPushButton::clicked, this,
+    connect(AddButton(*problems_, *row, "cmdShow", tr("Show")), &QPushButton::clicked, this,
             [this, at = problem.at.front()] { emit ShowAsked(at); });
   }
   if (!problem.remedy.empty()) {
     // The list is made anew when it is mended: not while its own button is at work.
     connect(
-        add("cmdMend", platform::FromAnsi(problem.remedy)), &QPushButton::clicked, this,
-        [this, kind = problem.kind] { emit MendAsked(kind); }, Qt::QueuedConnection);
+        AddButton(*problems_, *row, "cmdMend", platform::FromAnsi(problem.remedy)),
+        &QPushButton::clicked, this, [this, kind = problem.kind] { emit MendAsked(kind); },
+        Qt::QueuedConnection);
   }
 }
 

@@ -95,8 +95,7 @@ void LoadTestedFile(core::RadioData& data, core::RunState& state, const std::str
 }  // namespace
 
 void PrepareImageForSaving(core::RadioData& data, core::Date today) {
-  image::EncodeAll(data, today);
-  image::ConsistencyPass(data);
+  image::EncodeForRadio(data, today);
   image::StoreCommonChecksum(data.Image);
 }
 

@@ -17,9 +17,16 @@ namespace orvane::files {
 /// Ending of a snapshot's file name.
 inline constexpr std::string_view kSnapshotEnding = ".orvsnap";
 
+/// How the data of a snapshot came to where it was made.
+inline constexpr const char* kOriginRead = "read";
+inline constexpr const char* kOriginBefore = "before programming";  ///< what the radio held
+inline constexpr const char* kOriginMixed = "partly written";       ///< the same, of a broken run
+inline constexpr const char* kOriginProgrammed = "programmed";
+inline constexpr const char* kOriginReplaced = "replaced";  ///< on the screen, and in no file
+
 struct SnapshotHeading {
   std::string made{};    ///< local time, "2026-11-24 23:40:12"
-  std::string origin{};  ///< "read", "before programming", "autosave"
+  std::string origin{};  ///< one of those above, "saved" or "autosave"
   std::string port{};    ///< where the radio was; "" when none was involved
   std::string file{};    ///< full path of the document, UTF-8; "" for one without a file
   std::int16_t model_type = 0;

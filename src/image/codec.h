@@ -34,6 +34,9 @@ void EncodeAll(core::RadioData& data, core::Date today);
 /// usable groups.
 void ConsistencyPass(core::RadioData& data);
 
+/// Both: data and image are then as a radio takes them.
+void EncodeForRadio(core::RadioData& data, core::Date today);
+
 /// Sum of bytes 66..94 modulo 256; stands at byte 95 of a saved image file.
 [[nodiscard]] std::uint8_t CommonChecksum(const core::MemoryImage& image);
 void StoreCommonChecksum(core::MemoryImage& image);

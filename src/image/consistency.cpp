@@ -166,4 +166,9 @@ void ConsistencyPass(core::RadioData& data) {
   }
 }
 
+void EncodeForRadio(core::RadioData& data, core::Date today) {
+  EncodeAll(data, today);
+  ConsistencyPass(data);
+}
+
 }  // namespace orvane::image

@@ -160,9 +160,7 @@ bool TransferSession::RadioIsReady(CloneProtocol& protocol) {
 }
 
 void TransferSession::EncodeForRadio() {
-  if (options_.put_back) return;
-  image::EncodeAll(data_, services_.clock.Today());
-  image::ConsistencyPass(data_);
+  if (!options_.put_back) image::EncodeForRadio(data_, services_.clock.Today());
 }
 
 void TransferSession::ReadFromRadio(CloneProtocol& protocol) {

@@ -27,10 +27,15 @@ struct CommandDesk : WindowDesk {
       if (waiting) waiting();
       return plugged_ == nullptr ? std::nullopt : plugged_->NextWake(deadline);
     };
-    radio.SetObserver([this](const link::Exchange& exchange) {
-      asked.push_back(exchange);
-      if (on_exchange) on_exchange(exchange);
-    });
+    Listen();
+  }
+  /// Another radio on the cable, with these contents and nothing asked of it.
+  void PutRadio(core::RadioData contents) {
+    sample = std::move(contents);
+    radio = link::SimulatedRadio(
+        link::RadioMemory(core::ProfileOf(sample), std::as_const(sample.Image).Used()));
+    asked.clear();
+    Listen();
   }
 
   [[nodiscard]] int Asked(link::ExchangeKind kind) const {
@@ -48,6 +53,13 @@ struct CommandDesk : WindowDesk {
   std::vector<int> opened_ports;
 
  private:
+  void Listen() {
+    radio.SetObserver([this](const link::Exchange& exchange) {
+      asked.push_back(exchange);
+      if (on_exchange) on_exchange(exchange);
+    });
+  }
+
   /// Lets the pump know which port lives.
   class PluggedPort : public link::SimulatedPort {
    public:

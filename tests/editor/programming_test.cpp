@@ -64,18 +64,6 @@ std::vector<std::uint8_t> Written(CommandDesk& desk) {
   return bytes;
 }
 
-/// A fresh radio of the model on the cable.
-void PutRadio(CommandDesk& desk, std::int16_t model) {
-  desk.sample = image::MakeSampleRadio(model, desk.clock.today);
-  desk.radio = link::SimulatedRadio(
-      link::RadioMemory(core::ProfileOf(model), std::as_const(desk.sample.Image).Used()));
-  desk.radio.SetObserver([&desk](const link::Exchange& exchange) {
-    desk.asked.push_back(exchange);
-    if (desk.on_exchange) desk.on_exchange(exchange);
-  });
-  desk.asked.clear();
-}
-
 /// Cancels at the n-th write.
 void BreakAt(CommandDesk& desk, int number) {
   desk.on_exchange = [&desk, number](const link::Exchange& exchange) {
@@ -269,7 +257,7 @@ class ProgrammingTest : public QObject {
       QVERIFY(desk.Transfer(kProgram));
       const std::vector<std::uint8_t> fresh = Written(desk);  // what a whole run leaves
       QVERIFY(fresh != before);
-      PutRadio(desk, 5);
+      desk.PutRadio(image::MakeSampleRadio(5, desk.clock.today));
       core::AppSettings(desk.settings).SetKeepsCopyFirst(true);
       desk.clock.time_of_day = "16:00";
       BreakAt(desk, 60);
@@ -363,7 +351,7 @@ class ProgrammingTest : public QObject {
       const Row row(from_file);
       CommandDesk desk;
       core::AppSettings(desk.settings).SetModelType(0);
-      PutRadio(desk, 0);
+      desk.PutRadio(image::MakeSampleRadio(0, desk.clock.today));
       desk.Start();
       desk.data = desk.sample;
       desk.data.Dsc.UserMmsi.clear();
@@ -377,11 +365,10 @@ class ProgrammingTest : public QObject {
           at, [&](core::RadioData& data) { core::Set(data, at, std::string("EDITED")); });
       QVERIFY(desk.Transfer(kProgram));
       // What came from this radio must not go into the next one.
-      PutRadio(desk, 0);
-      desk.sample.Dsc.UserMmsi = "366123456";
-      image::EncodeAll(desk.sample, desk.clock.today);
-      desk.radio = link::SimulatedRadio(
-          link::RadioMemory(core::ProfileOf(0), std::as_const(desk.sample.Image).Used()));
+      core::RadioData next = image::MakeSampleRadio(0, desk.clock.today);
+      next.Dsc.UserMmsi = "366123456";
+      image::EncodeAll(next, desk.clock.today);
+      desk.PutRadio(std::move(next));
       QVERIFY(desk.Transfer(kProgram));
       QVERIFY(desk.Transfer(kRead));
       QCOMPARE(desk.data.Dsc.UserMmsi == "366123456", from_file);

@@ -33,7 +33,7 @@ Observations CannotOpen(const char* device, int number) {
 
 // The other causes are tested at a real device.
 TEST(Doctor, OpeningThatFailsIsToldByItsNumberAndByWhatRuns) {
-  Observations alone = CannotOpen("/tmp/my port", EBUSY);
+  Observations alone = CannotOpen("/dev/my port", EBUSY);
   alone.takers.clear();
   Observations no_file = alone;
   no_file.device = "COM3";
@@ -46,7 +46,7 @@ TEST(Doctor, OpeningThatFailsIsToldByItsNumberAndByWhatRuns) {
       {CannotOpen("/dev/ttyS0", EBUSY), "most likely by ModemManager (process 612), which",
        "sudo systemctl stop ModemManager"},
       {CannotOpen("/dev/ttyS0", EIO), "cannot be opened: Words of the system"},
-      {alone, "Another program", "sudo fuser -v '/tmp/my port'"},
+      {alone, "Another program", "sudo fuser -v '/dev/my port'"},
       {no_file, "Another program"},
   };
   for (const auto& expected : cases) {
