@@ -113,6 +113,11 @@ void ResetWxTable(WxTable& table) {
   }
 }
 
+const ChannelPlanEntry* PlanOf(const ChannelRecord& marine) {
+  if (marine.Position < 0 || marine.Position >= kMarineChannels) return nullptr;
+  return &ChannelPlan()[static_cast<std::size_t>(marine.Position)];
+}
+
 std::string_view PlanLabel(int position) {
   if (position < 0 || position >= kMarineChannels) return {};
   return ChannelPlan()[static_cast<std::size_t>(position)].text;

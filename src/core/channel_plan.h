@@ -19,6 +19,9 @@ struct ChannelPlanEntry {
   Flag duplex_allowed;
   Flag second_flag;
   std::string display;  ///< WX: "WX01[162.550MHz]"
+
+  /// Where a channel listens that works duplex, or does not.
+  [[nodiscard]] double Receive(bool duplex) const { return duplex ? rx_duplex : rx_simplex; }
 };
 
 /// The 240 marine positions: index 2k is channel k, index 2k + 1 channel k "A".
@@ -36,6 +39,8 @@ void ResetMarineTable(MarineGroup group, MarineTable& table);
 /// Resets the weather table to its ten defaults.
 void ResetWxTable(WxTable& table);
 
+/// What the plan has for a marine channel; null for a position outside 0..239.
+[[nodiscard]] const ChannelPlanEntry* PlanOf(const ChannelRecord& marine);
 /// Label of a position ("16", "22A"); "" outside 0..239.
 [[nodiscard]] std::string_view PlanLabel(int position);
 /// Text of a combined channel number: "Off", a plan label, or the extra-channel word and number.

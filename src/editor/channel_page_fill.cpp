@@ -107,8 +107,7 @@ bool ChannelPage::OfShownKind() const {
 }
 
 void ChannelPage::ShowPlanReceiveFrequency() {
-  const core::ChannelPlanEntry& plan = Plan();
-  const double mhz = Channel().Duplex ? plan.rx_duplex : plan.rx_simplex;
+  const double mhz = Plan().Receive(Channel().Duplex);
   frequencies_[kReceive].box->ShowText(platform::FromAnsi(core::PlanFrequencyText(mhz)));
 }
 

@@ -38,11 +38,10 @@ QString MarineText(const RadioData& data, const NodeRef& node) {
       data.Table(node.group)[static_cast<std::size_t>(node.number)];
   QString text = QLatin1String("CH ") + FromAnsi(core::PlanLabel(channel.Position));
   text = WithName(std::move(text), channel, data);
-  if (channel.Position < 0 || channel.Position >= core::kMarineChannels) return text;
-  const core::ChannelPlanEntry& plan =
-      core::ChannelPlan()[static_cast<std::size_t>(channel.Position)];
-  const double mhz = channel.Duplex ? plan.rx_duplex : plan.rx_simplex;
-  return text + QLatin1Char(' ') + FromAnsi(core::PlanFrequencyText(mhz)).trimmed();
+  const core::ChannelPlanEntry* const plan = core::PlanOf(channel);
+  if (plan == nullptr) return text;
+  const std::string frequency = core::PlanFrequencyText(plan->Receive(channel.Duplex));
+  return text + QLatin1Char(' ') + FromAnsi(frequency).trimmed();
 }
 
 QString ExtraText(const RadioData& data, int number, bool lmr) {

@@ -18,20 +18,13 @@ using core::ModelProfile;
 constexpr std::size_t kNameWidth = 12;
 constexpr std::size_t kMmsiWidth = 9;
 
-/// Null for a record whose position names no channel of the plan.
-const core::ChannelPlanEntry* PlanOf(const ChannelRecord& channel) {
-  if (channel.Position < 0 || channel.Position >= core::kMarineChannels) return nullptr;
-  return &core::ChannelPlan()[static_cast<std::size_t>(channel.Position)];
-}
-
 std::string PlanReceiveText(const ChannelRow& row) {
-  const core::ChannelPlanEntry* plan = PlanOf(row.channel);
-  if (plan == nullptr) return core::PlanFrequencyText(0);
-  return core::PlanFrequencyText(row.channel.Duplex ? plan->rx_duplex : plan->rx_simplex);
+  const core::ChannelPlanEntry* plan = core::PlanOf(row.channel);
+  return core::PlanFrequencyText(plan == nullptr ? 0 : plan->Receive(row.channel.Duplex));
 }
 
 std::string PlanTransmitText(const ChannelRow& row) {
-  const core::ChannelPlanEntry* plan = PlanOf(row.channel);
+  const core::ChannelPlanEntry* plan = core::PlanOf(row.channel);
   const bool transmits = plan != nullptr && !row.channel.RxOnly;
   return core::PlanFrequencyText(transmits ? plan->tx_frequency : 0);
 }
