@@ -7,6 +7,7 @@
 #include "core/field_ref.h"
 #include "document/compare.h"
 #include "document/document.h"
+#include "document/find.h"
 #include "document/problems.h"
 
 namespace orvane::bench {
@@ -116,6 +117,19 @@ void ProblemsOfAllChannels(benchmark::State& state) {
   ProblemsOf(state, data);
 }
 BENCHMARK(ProblemsOfAllChannels)->Unit(benchmark::kMicrosecond);
+
+/// The whole search for what has been typed, by as many kinds of pieces as there are.
+void FindTyped(benchmark::State& state, const char* typed) {
+  const core::RadioData data = UsedRadio();
+  for (auto _ : state) {
+    state.counters["hits"] =
+        static_cast<double>(document::Find(data, document::ParseQuery(typed)).size());
+  }
+}
+BENCHMARK_CAPTURE(FindTyped, Number, "16")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(FindTyped, AllTransmit, "tx:yes")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(FindTyped, ManyPieces, "usa 156,8 distress scan:yes tx:yes")
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace orvane::bench
