@@ -74,7 +74,7 @@ void CompareWithNew(benchmark::State& state) {
 BENCHMARK(CompareWithNew)->Unit(benchmark::kMicrosecond);
 
 /// Three fields of every marine channel differ, and a byte of each run of the memory.
-void CompareAllChannels(benchmark::State& state) {
+core::RadioData AllChannelsChanged() {
   core::RadioData theirs = UsedRadio();
   for (core::MarineTable& table : theirs.Marine) {
     for (core::ChannelRecord& channel : table) {
@@ -84,9 +84,31 @@ void CompareAllChannels(benchmark::State& state) {
     }
   }
   for (int at = 0; at < core::MemoryImage::kSize; at += core::kRunLength) theirs.Image[at] ^= 1;
-  CompareWith(state, theirs);
+  return theirs;
+}
+void CompareAllChannels(benchmark::State& state) {
+  CompareWith(state, AllChannelsChanged());
 }
 BENCHMARK(CompareAllChannels)->Unit(benchmark::kMicrosecond);
+
+/// Every field is listed, equal or not, as the window does it: by place, without the texts.
+void ListAllFields(benchmark::State& state, const core::RadioData& theirs) {
+  const core::RadioData ours = UsedRadio();
+  for (auto _ : state) {
+    const auto fields = document::CompareFields(ours, theirs, document::Listed::kAll);
+    const auto memory = document::CompareMemory(ours, theirs);
+    state.counters["rows"] = static_cast<double>(fields.size() + memory.size());
+  }
+}
+void ListAllOfEqual(benchmark::State& state) {
+  ListAllFields(state, UsedRadio());
+}
+BENCHMARK(ListAllOfEqual)->Unit(benchmark::kMicrosecond);
+
+void ListAllOfAllChannelsChanged(benchmark::State& state) {
+  ListAllFields(state, AllChannelsChanged());
+}
+BENCHMARK(ListAllOfAllChannelsChanged)->Unit(benchmark::kMicrosecond);
 
 void ProblemsOf(benchmark::State& state, const core::RadioData& data) {
   for (auto _ : state) {

@@ -57,8 +57,7 @@ struct Found {
   Backup backup;
   files::Snapshot snapshot;
 };
-Found FindBackup(Workplace& place, const files::BackupLibrary& library) {
-  const std::string& id = place.options.id;
+Found FindBackup(Workplace& place, const files::BackupLibrary& library, const std::string& id) {
   std::vector<Backup> backups = library.Find(id);
   if (backups.size() != 1) {
     static_cast<void>(Refuse(place, id,
@@ -75,6 +74,10 @@ Found FindBackup(Workplace& place, const files::BackupLibrary& library) {
   return found;
 }
 
+files::BackupLibrary LibraryOf(Workplace& place) {
+  return files::BackupLibrary(place.services.files, place.services.backups_folder);
+}
+
 bool List(Workplace& place, const files::BackupLibrary& library) {
   const std::vector<Backup> backups = library.Entries();
   for (const Backup& backup : backups) place.out << LineOf(backup);
@@ -85,14 +88,14 @@ bool List(Workplace& place, const files::BackupLibrary& library) {
 }
 
 bool ShowOne(Workplace& place, const files::BackupLibrary& library) {
-  const Found found = FindBackup(place, library);
+  const Found found = FindBackup(place, library, place.options.id);
   if (!found.snapshot.data) return false;
   place.out << HeadingText(found.backup) << TreeText(DataTree(*found.snapshot.data));
   return true;
 }
 
 bool Restore(Workplace& place, const files::BackupLibrary& library) {
-  const Found found = FindBackup(place, library);
+  const Found found = FindBackup(place, library, place.options.id);
   if (!found.snapshot.data) return false;
   core::RadioData& data = *found.snapshot.data;
   const std::string& output = place.options.output;
@@ -108,8 +111,14 @@ bool Restore(Workplace& place, const files::BackupLibrary& library) {
 
 }  // namespace
 
+bool LoadBackup(Workplace& place, const std::string& id, core::RadioData& data) {
+  const Found found = FindBackup(place, LibraryOf(place), id);
+  if (found.snapshot.data) data = *found.snapshot.data;
+  return found.snapshot.data != nullptr;
+}
+
 bool RunBackups(Workplace& place) {
-  const files::BackupLibrary library(place.services.files, place.services.backups_folder);
+  const files::BackupLibrary library = LibraryOf(place);
   if (place.options.action == "list") return List(place, library);
   return place.options.action == "show" ? ShowOne(place, library) : Restore(place, library);
 }

@@ -30,6 +30,10 @@ struct Workplace {
 /// Tells what is wrong with what was asked for. Always false.
 bool Refuse(Workplace& place, const std::string& what, std::string sentence);
 
+/// The backup with that ID, or the only one whose ID begins so. False when there is none such or it
+/// is damaged, which has been told.
+[[nodiscard]] bool LoadBackup(Workplace& place, const std::string& id, core::RadioData& data);
+
 /// What a port is opened by.
 [[nodiscard]] std::string DeviceToOpen(const PortChoice& choice, link::PortFinder& finder);
 [[nodiscard]] link::PortLabel LabelOf(const PortChoice& choice, link::PortFinder& finder);

@@ -2,86 +2,30 @@
 
 #include "cli/options.h"
 #include "core/message_facts.h"
-#include "core/model_profile.h"
 #include "core/narrowband.h"
 #include "core/product.h"
+#include "document/document.h"
+#include "files/data_file.h"
 #include "files/image_file.h"
 #include "files/settings_file.h"
 #include "files/text_report.h"
 #include "image/codec.h"
 
 namespace orvane::cli {
-namespace {
-
-std::optional<std::int16_t> ModelOfSettings(std::string_view text) {
-  const std::optional<double> named = files::SettingFileModel(text);
-  for (const core::ModelProfile& profile : core::ModelProfiles()) {
-    if (named == profile.model_type) return profile.model_type;
-  }
-  return std::nullopt;
-}
-
-}  // namespace
 
 core::RadioData Documents::Fresh(std::int16_t model_type) const {
-  core::RadioData data;
-  data.MODELTYPE = model_type;
-  image::ResetToDefaults(data, services_.clock.Today());
-  return data;
+  return document::NewContents(model_type, services_.clock.Today()).data;
 }
 
 bool Documents::Load(const std::string& path, std::optional<std::int16_t> model_type,
                      core::RadioData& data) {
-  if (Extension(path) == files::kSnapshotEnding) return LoadSnapshot(path, model_type, data);
-  return Extension(path) == ".dat" ? LoadSettingFile(path, model_type, data)
-                                   : LoadImageFile(path, model_type, data);
-}
-
-bool Documents::LoadSnapshot(const std::string& path, std::optional<std::int16_t> model_type,
-                             core::RadioData& data) {
-  const core::FileBytes file = services_.files.ReadFile(path);
-  const files::Snapshot snapshot =
-      file.error ? files::Snapshot{} : files::ParseSnapshot(file.bytes);
-  if (!snapshot.data) {
-    const core::SystemError reason = file.error.value_or(core::SystemError{0, snapshot.error});
-    prompts_.Show(core::MakeMessage(core::MessageId::kFileRead, core::kProgramTitle,
-                                    core::FileFacts(path, reason)));
-    return false;
-  }
-  if (model_type && *model_type != snapshot.heading.model_type) {
-    const auto [id, facts] =
-        core::OtherModelOfSettings(snapshot.heading.model_type, core::ProfileOf(*model_type));
-    prompts_.Show(core::MakeMessage(id, core::kProgramTitle, facts));
-    return false;
-  }
-  data = *snapshot.data;
-  return true;
-}
-
-// A file that cannot be read, or that names no model, goes on to the loader as if it were of the
-// default model: it refuses the file in its own words.
-bool Documents::LoadImageFile(const std::string& path, std::optional<std::int16_t> model_type,
-                              core::RadioData& data) {
-  if (!model_type) {
-    const core::FileBytes file = services_.files.ReadFile(path);
-    const files::ImageModel named = files::DetectImageModel(file.bytes);
-    if (!file.error && !named.model_type) {
-      prompts_.Show(named.refusal);
-      return false;
-    }
-    model_type = named.model_type;
-  }
-  data = Fresh(model_type.value_or(core::kDefaultModelType));
-  files::LoadHexFile(data, state_, path, services_.files, prompts_, log_);
-  return !state_.Error;
-}
-
-bool Documents::LoadSettingFile(const std::string& path, std::optional<std::int16_t> model_type,
-                                core::RadioData& data) {
-  if (!model_type) model_type = ModelOfSettings(services_.files.ReadFile(path).bytes);
-  data = Fresh(model_type.value_or(core::kDefaultModelType));
-  files::ReadSettingFile(data, state_, path, services_.files, prompts_, services_.pump);
-  return !state_.Error;
+  return files::ReadDataFile(path, model_type, data,
+                             {.state = state_,
+                              .files = services_.files,
+                              .prompts = prompts_,
+                              .pump = services_.pump,
+                              .log = log_,
+                              .today = services_.clock.Today()});
 }
 
 bool Documents::CheckOutput(const std::string& path, const core::RadioData& data) {

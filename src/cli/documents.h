@@ -21,8 +21,7 @@ class Documents {
       : services_(services), prompts_(prompts), log_(log), state_(state) {}
 
   [[nodiscard]] core::RadioData Fresh(std::int16_t model_type) const;
-  /// Of the given model, else of the one the file names. What the file does not hold is as in a
-  /// fresh data set. On failure the data is not to be used.
+  /// See files::ReadDataFile.
   [[nodiscard]] bool Load(const std::string& path, std::optional<std::int16_t> model_type,
                           core::RadioData& data);
   /// Whether Save could write there.
@@ -42,12 +41,6 @@ class Documents {
   [[nodiscard]] bool SaveImage(const std::string& path, core::RadioData& data);
 
  private:
-  [[nodiscard]] bool LoadSnapshot(const std::string& path, std::optional<std::int16_t> model_type,
-                                  core::RadioData& data);
-  [[nodiscard]] bool LoadImageFile(const std::string& path, std::optional<std::int16_t> model_type,
-                                   core::RadioData& data);
-  [[nodiscard]] bool LoadSettingFile(const std::string& path,
-                                     std::optional<std::int16_t> model_type, core::RadioData& data);
   [[nodiscard]] bool SaveSettingFile(const std::string& path, core::RadioData& data);
   [[nodiscard]] bool SaveBytes(const std::string& path, const core::RadioData& data,
                                const core::FileBytes& made);

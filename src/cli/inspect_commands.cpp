@@ -61,6 +61,11 @@ void PrintComparison(Workplace& place, const document::Comparison& comparison,
   for (const document::Difference& row : comparison.rows) place.out << LineOf(row) << '\n';
 }
 
+bool LoadCompared(Workplace& place, const std::string& word, core::RadioData& data) {
+  return IsBackupId(word) ? LoadBackup(place, word, data)
+                          : place.documents.Load(word, std::nullopt, data);
+}
+
 }  // namespace
 
 bool RunCheck(Workplace& place) {
@@ -84,8 +89,8 @@ bool RunCheck(Workplace& place) {
 ExitStatus RunDiff(Workplace& place) {
   core::RadioData a;
   core::RadioData b;
-  if (!place.documents.Load(place.options.input, std::nullopt, a) ||
-      !place.documents.Load(place.options.other, std::nullopt, b)) {
+  if (!LoadCompared(place, place.options.input, a) ||
+      !LoadCompared(place, place.options.other, b)) {
     return kTrouble;
   }
   const document::Comparison comparison = document::Compare(a, b);

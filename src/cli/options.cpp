@@ -41,7 +41,8 @@ constexpr auto kCommands = std::to_array<CommandInfo>({
     {Command::kCheck, "check", "check IN [--json]",
      "what is wrong with a data set; exit status 0: nothing worse than notes, 1: something is"},
     {Command::kDiff, "diff", "diff A B [--json]",
-     "how two data sets differ; exit status 0: not at all, 1: they do, 2: trouble"},
+     "how two data sets differ, each a file or the ID of a backup; exit status 0: not at all, 1: "
+     "they do, 2: trouble"},
     {Command::kBackups, "backups", "backups [list|show ID|restore ID -o OUT]",
      "data sets that were kept when they were read, programmed or replaced"},
     {Command::kDoctor, "doctor", "doctor [--port P] [--model M] [--json]",
@@ -187,6 +188,10 @@ std::optional<std::string> WrongDocument(const std::string& path) {
   return WrongExtension(path, "The file to read", {".dat", ".hex", files::kSnapshotEnding});
 }
 
+std::optional<std::string> WrongCompared(const std::string& word) {
+  return IsBackupId(word) ? std::nullopt : WrongDocument(word);
+}
+
 std::optional<std::string> WrongInput(const Options& options) {
   if (options.command == Command::kMap) {
     if (options.input.empty()) return std::nullopt;
@@ -197,7 +202,8 @@ std::optional<std::string> WrongInput(const Options& options) {
       options.command == Command::kDoctor) {
     return std::nullopt;
   }
-  return WrongDocument(options.input);
+  return options.command == Command::kDiff ? WrongCompared(options.input)
+                                           : WrongDocument(options.input);
 }
 
 std::optional<std::string> WrongOutput(const Options& options) {
@@ -268,7 +274,7 @@ std::optional<std::string> FindMistake(RawOptions& raw) {
   if (raw.options.command == Command::kProgram) {
     if (std::optional<std::string> wrong = WrongFiles(raw.options)) return wrong;
   }
-  if (raw.options.command == Command::kDiff) return WrongDocument(raw.options.other);
+  if (raw.options.command == Command::kDiff) return WrongCompared(raw.options.other);
   if (raw.options.base.empty()) return std::nullopt;
   return WrongExtension(raw.options.base, "The --base file",
                         {".dat", ".hex", files::kSnapshotEnding, ".ini"});
@@ -335,6 +341,12 @@ Parsed ParseWords(const std::vector<std::string>& words) {
   return {raw.options, {}, {}};
 }
 
+bool IsBackupId(std::string_view word) {
+  constexpr std::size_t kShortest = 4;
+  constexpr std::string_view kSigns = "0123456789ABCDEFabcdef-";
+  return word.size() >= kShortest && word.find_first_not_of(kSigns) == std::string_view::npos;
+}
+
 std::optional<PortChoice> ParsePort(const std::string& text) {
   if (text.find('/') != std::string::npos || text.starts_with("\\\\")) return text;
   const std::string upper = core::UpperCase(text);
@@ -342,14 +354,6 @@ std::optional<PortChoice> ParsePort(const std::string& text) {
     if (upper == std::to_string(number) || upper == link::PortName(number)) return number;
   }
   return std::nullopt;
-}
-
-std::string Extension(std::string_view path) {
-  const std::size_t name = path.find_last_of("/\\");
-  const std::size_t point = path.rfind('.');
-  const bool in_name =
-      point != std::string_view::npos && (name == std::string_view::npos || point > name);
-  return in_name ? core::LowerCase(path.substr(point)) : std::string();
 }
 
 }  // namespace orvane::cli

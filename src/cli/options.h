@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "core/text.h"
+
 namespace orvane::cli {
 
 enum class Command {
@@ -38,7 +40,7 @@ struct Options {
   std::optional<std::int16_t> model;
   PortChoice port = 0;  ///< 0: none was named
   std::string input;
-  std::string other;  ///< diff: the second file
+  std::string other;  ///< diff: what the input is compared with
   std::string output;
   std::string base;
   std::string keep;                 ///< program: file for what the radio held before
@@ -61,7 +63,9 @@ struct Parsed {
 /// "16", "COM16" in either letter case, or a device path.
 [[nodiscard]] std::optional<PortChoice> ParsePort(const std::string& text);
 
-/// Extension of a path in lower case with its point, "" when it has none.
-[[nodiscard]] std::string Extension(std::string_view path);
+using core::Extension;
+
+/// The ID of a backup, or the beginning of one. No document's name looks so: it has an extension.
+[[nodiscard]] bool IsBackupId(std::string_view word);
 
 }  // namespace orvane::cli

@@ -43,6 +43,14 @@ std::string WithoutFolder(std::string_view path) {
   return std::string(path.substr(path.find_last_of("/\\") + 1));
 }
 
+std::string Extension(std::string_view path) {
+  const std::size_t name = path.find_last_of("/\\");
+  const std::size_t point = path.rfind('.');
+  const bool in_name =
+      point != std::string_view::npos && (name == std::string_view::npos || point > name);
+  return in_name ? LowerCase(path.substr(point)) : std::string();
+}
+
 std::vector<std::string_view> Split(std::string_view text, char separator) {
   std::vector<std::string_view> pieces;
   for (std::size_t end = text.find(separator); end != std::string_view::npos;

@@ -18,6 +18,8 @@ namespace orvane::core {
 [[nodiscard]] bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 /// The name of a file behind its folders; "/" and "\\" part them.
 [[nodiscard]] std::string WithoutFolder(std::string_view path);
+/// The extension of a path in lower case with its point, "" when it has none.
+[[nodiscard]] std::string Extension(std::string_view path);
 /// The pieces between the separators; one empty piece for an empty text.
 [[nodiscard]] std::vector<std::string_view> Split(std::string_view text, char separator);
 

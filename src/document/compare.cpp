@@ -31,27 +31,21 @@ bool IsSame(const RadioData& a, const RadioData& b, FieldRef at) {
   return core::Get(a, at) == core::Get(b, at);
 }
 
-void AddFields(const RadioData& ours, const RadioData& theirs, FieldRef at,
-               std::vector<Difference>& rows) {
-  const core::Table& table = core::TableOf(at);
-  if (table.same(table.record(ours, at.entry), table.record(theirs, at.entry))) return;
-  const core::ModelProfile& profile = core::ProfileOf(ours);
-  for (const core::Field& field : table.fields) {
-    if (!field.derived && core::HasField(profile, table, field) && !IsSame(ours, theirs, at)) {
-      rows.push_back({at, core::NameOf(at), TextOf(ours, at), TextOf(theirs, at)});
-    }
-    ++at.field;
-  }
+bool AreOfOneModel(const RadioData& a, const RadioData& b) {
+  return &core::ProfileOf(a) == &core::ProfileOf(b);
 }
 
-void AddMemory(const RadioData& ours, const RadioData& theirs, std::vector<Difference>& rows) {
-  FieldRef at{.table = static_cast<std::uint8_t>(RecordTables().size())};
-  for (image::MemoryDifference& each :
-       image::MemoryDifferences(core::ProfileOf(ours), ours.Image, theirs.Image)) {
-    at.entry = static_cast<std::uint16_t>(each.bits.FirstByte() / core::kRunLength);
-    rows.push_back(
-        {at, std::move(each.name), std::move(each.ours), std::move(each.theirs), each.bits});
+/// The fields of one table that the model has and a user sets.
+std::vector<std::uint8_t> FieldsToCompare(const core::ModelProfile& profile,
+                                          const core::Table& table) {
+  std::vector<std::uint8_t> fields;
+  for (std::size_t i = 0; i < table.fields.size(); ++i) {
+    const core::Field& field = table.fields[i];
+    if (!field.derived && core::HasField(profile, table, field)) {
+      fields.push_back(static_cast<std::uint8_t>(i));
+    }
   }
+  return fields;
 }
 
 /// One taking over, field by field until nothing moves any more: a field may be refused until
@@ -129,20 +123,54 @@ class Taking {
 
 }  // namespace
 
-Comparison Compare(const RadioData& ours, const RadioData& theirs) {
-  if (&core::ProfileOf(ours) != &core::ProfileOf(theirs)) return {true, {}};
-  Comparison comparison;
+std::vector<ComparedField> CompareFields(const RadioData& ours, const RadioData& theirs,
+                                         Listed listed) {
+  std::vector<ComparedField> compared;
+  if (!AreOfOneModel(ours, theirs)) return compared;
   FieldRef at;
   for (const core::Table& table : RecordTables()) {
-    if (core::Has(core::ProfileOf(ours), table.when)) {
-      for (int entry = 0; entry < table.count; ++entry) {
-        at.entry = static_cast<std::uint16_t>(entry);
-        AddFields(ours, theirs, at, comparison.rows);
+    const std::vector<std::uint8_t> fields = FieldsToCompare(core::ProfileOf(ours), table);
+    for (int entry = 0; entry < table.count; ++entry) {
+      const void* const a = table.record(ours, entry);
+      const void* const b = table.record(theirs, entry);
+      const bool same = table.same(a, b);
+      if (same && listed == Listed::kDifferences) continue;
+      at.entry = static_cast<std::uint16_t>(entry);
+      for (const std::uint8_t field : fields) {
+        at.field = field;
+        const core::Field& row = table.fields[field];
+        const bool differs = !same && row.get(a) != row.get(b);
+        if (differs || listed == Listed::kAll) compared.push_back({at, differs});
       }
     }
     ++at.table;
   }
-  AddMemory(ours, theirs, comparison.rows);
+  return compared;
+}
+
+Difference RowOf(const RadioData& ours, const RadioData& theirs, FieldRef at) {
+  return {at, core::NameOf(at), TextOf(ours, at), TextOf(theirs, at)};
+}
+
+std::vector<Difference> CompareMemory(const RadioData& ours, const RadioData& theirs) {
+  std::vector<Difference> rows;
+  FieldRef at{.table = static_cast<std::uint8_t>(RecordTables().size())};
+  for (image::MemoryDifference& each :
+       image::MemoryDifferences(core::ProfileOf(ours), ours.Image, theirs.Image)) {
+    at.entry = static_cast<std::uint16_t>(each.bits.FirstByte() / core::kRunLength);
+    rows.push_back(
+        {at, std::move(each.name), std::move(each.ours), std::move(each.theirs), each.bits});
+  }
+  return rows;
+}
+
+Comparison Compare(const RadioData& ours, const RadioData& theirs) {
+  if (!AreOfOneModel(ours, theirs)) return {true, {}};
+  Comparison comparison;
+  for (const ComparedField& field : CompareFields(ours, theirs, Listed::kDifferences)) {
+    comparison.rows.push_back(RowOf(ours, theirs, field.at));
+  }
+  for (Difference& row : CompareMemory(ours, theirs)) comparison.rows.push_back(std::move(row));
   return comparison;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -33,9 +34,29 @@ struct Comparison {
   [[nodiscard]] bool AreEqual() const { return !different_models && rows.empty(); }
 };
 
-/// Left out is what the model lacks, what follows from other fields or from the channel plan, and
-/// memory that a record tells of or that radio and program write by themselves (checksum, model
-/// code, product). So data sets that compare equal may still differ in bytes that no user set.
+/// A field of both data sets, by its place alone: the texts of thousands of rows are made for those
+/// that somebody looks at.
+struct ComparedField {
+  core::FieldRef at;
+  bool differs = false;
+};
+enum class Listed : std::uint8_t { kDifferences, kAll };
+/// The fields that Compare looks at, in catalogue order; memory without a field is not among them.
+/// Nothing for data sets of different models.
+[[nodiscard]] std::vector<ComparedField> CompareFields(const core::RadioData& ours,
+                                                       const core::RadioData& theirs,
+                                                       Listed listed);
+/// The row of a field, whether it differs or not.
+[[nodiscard]] Difference RowOf(const core::RadioData& ours, const core::RadioData& theirs,
+                               core::FieldRef at);
+/// Where memory without a field differs. REQUIRES: data sets of one model.
+[[nodiscard]] std::vector<Difference> CompareMemory(const core::RadioData& ours,
+                                                    const core::RadioData& theirs);
+
+/// All that differs: the fields, then the memory. Left out is what the model lacks, what follows
+/// from other fields or from the channel plan, and memory that a record tells of or that radio and
+/// program write by themselves (checksum, model code, product). So data sets that compare equal may
+/// still differ in bytes that no user set.
 [[nodiscard]] Comparison Compare(const core::RadioData& ours, const core::RadioData& theirs);
 
 /// The data set as a radio holds and gives it back after programming: encoded, repaired, decoded.

@@ -1,4 +1,5 @@
 #include "cli_bench.h"
+#include "core/text.h"
 #include "files/backup_library.h"
 #include "files/settings_file.h"
 #include "support/random_data.h"
@@ -39,6 +40,27 @@ TEST_F(BackupCommands, TheListHasALineForEachNewestFirst) {
                       "0000ABCD  2026-11-23 01:02:03  damaged: "
                       "/backups/20261123-010203-read-2-0000ABCD.orvsnap: line 1, column 17: this "
                       "version of the program does not know such snapshots\n");
+}
+
+TEST_F(BackupCommands, EitherSideOfAComparisonMayBeOne) {
+  const std::string read = Keep(sample, kRead);
+  sample.Common.SQL = 9;
+  const std::string edited = Keep(sample, kRead);
+  files.files["edited.orvsnap"] = files::SnapshotText(sample, kRead);
+  const struct {
+    std::string a, b;
+    int status;
+    const char* out;
+    const char* err;
+  } rows[] = {{read, edited, kDifferent, "common/sql: 5 | 9\n", ""},
+              {edited, read.substr(0, 4), kDifferent, "common/sql: 9 | 5\n", ""},
+              {"edited.orvsnap", core::LowerCase(edited), kDone, "", ""},
+              {"edited.orvsnap", "00000000", kTrouble, "", "00000000: There is no such backup."}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(Run({"diff", row.a, row.b}), row.status) << row.a << ' ' << row.b;
+    EXPECT_EQ(out_, row.out);
+    EXPECT_TRUE(ErrHas(row.err)) << err_;
+  }
 }
 
 TEST_F(BackupCommands, OneIsShownOrRestoredByTheEndingOfTheFile) {

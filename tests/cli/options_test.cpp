@@ -47,6 +47,7 @@ TEST_F(CliBench, WrongUsageSaysWhatIsWrongAndWhatIsRight) {
       {{"check", "a.txt"}, "\"a.txt\" must end in", "check IN [--json]"},
       {{"diff", "a.dat"}, "B is required", "diff A B [--json]"},
       {{"diff", "a.dat", "b.txt"}, "\"b.txt\" must end in", "diff A B [--json]"},
+      {{"diff", "ABC", "1A2B"}, "\"ABC\" must end in", "diff A B [--json]"},
       {{"program", "--port", "1"}, "IN is required", "program [--model M] --port P IN"},
       {{"program", "--port", "1", "a.hex", "--base", "b.dat"},
        "--base goes with a .dat file",

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/field_ref.h"
 #include "image/sample_radio.h"
 #include "support/random_data.h"
@@ -85,6 +87,35 @@ TEST(Compare, MemoryWithoutAFieldIsNamedByTheLayoutAndWhatRecordsTellIsLeftOut) 
     RadioData taken = ours;
     EXPECT_TRUE(TakeOver(taken, theirs, comparison.rows, kAfterCutOver).empty());
     EXPECT_EQ(taken.Image == theirs.Image, !comparison.rows.empty());
+  }
+}
+
+TEST(Compare, TheListOfAllFieldsHoldsTheDifferencesAndEachOtherFieldOnce) {
+  for (const core::ModelProfile& profile : core::ModelProfiles()) {
+    SCOPED_TRACE(profile.model);
+    const RadioData ours = Sample(profile.model_type);
+    testing::RandomData random(3);
+    RadioData theirs = ours;
+    random.Scatter(theirs, 500);
+    std::vector<core::FieldRef> expected;
+    for (const core::Change& change : core::Differences(ours, theirs)) {
+      const core::Field& field = core::FieldOf(change.at);
+      const bool shown = !field.derived && core::HasField(profile, core::TableOf(change.at), field);
+      if (shown) expected.push_back(change.at);
+    }
+    ASSERT_GT(expected.size(), 50U);
+    const std::vector<ComparedField> all = CompareFields(ours, theirs, Listed::kAll);
+    std::vector<core::FieldRef> differing;
+    for (const ComparedField& each : all) {
+      if (each.differs) differing.push_back(each.at);
+    }
+    EXPECT_EQ(differing, expected);
+    const auto fields_of_16 = std::count_if(all.begin(), all.end(), [](const ComparedField& each) {
+      return core::PathOf(each.at).starts_with("usa/16/");
+    });
+    EXPECT_EQ(fields_of_16, profile.has_channel_names ? 10 : 8);
+    EXPECT_EQ(all.size(), CompareFields(ours, ours, Listed::kAll).size());
+    EXPECT_TRUE(CompareFields(ours, ours, Listed::kDifferences).empty());
   }
 }
 
