@@ -91,6 +91,10 @@ struct Missing {
 /// value was taken.
 [[nodiscard]] std::string SetField(core::RadioData& data, core::FieldRef at, std::string_view text,
                                    core::Date today);
+/// The same for a member of a channel (see core::Field) as it is edited under the place's heading,
+/// of whose kind an EXP/LMR channel becomes when it is switched on.
+[[nodiscard]] std::string SetField(core::RadioData& data, ChannelPlace place, const char* member,
+                                   std::string_view text, core::Date today);
 /// The place of a channel field; an EXP/LMR channel stands under the heading of its kind. Nothing
 /// for a field of another table and for weather channels.
 [[nodiscard]] std::optional<ChannelPlace> PlaceOf(const core::RadioData& data, core::FieldRef at);

@@ -4,6 +4,8 @@
 #include "core/field_ref.h"
 #include "core/text.h"
 #include "document/edits.h"
+#include "document/field_locks.h"
+#include "document/in_use.h"
 
 namespace orvane::document {
 namespace {
@@ -16,6 +18,7 @@ using Kind = ChannelPlace::Kind;
 struct Setting {
   core::RadioData& data;
   ChannelPlace place;
+  core::FieldRef at;
   const Value& value;
   core::Date today;
 
@@ -31,6 +34,11 @@ std::string Taken(bool taken) {
 template <bool GroupMembership::*kGroup>
 std::string SetGroup(const Setting& setting) {
   GroupMembership groups = GroupsOf(setting.data, setting.place);
+  // A channel of the other kind may bear the mark of a group; it leaves none with it.
+  if (!setting.On() && !(groups.*kGroup)) {
+    core::Set(setting.data, setting.at, setting.value);
+    return {};
+  }
   groups.*kGroup = setting.On();
   return Taken(SetGroups(setting.data, setting.place, groups, setting.today));
 }
@@ -56,7 +64,6 @@ std::string SetEnable(const Setting& setting) {
 }
 
 std::string SetTxEnable(const Setting& setting) {
-  if (setting.On() && setting.Channel().RxOnly) return "The channel plan allows reception only.";
   SetTransmit(setting.data, setting.place, setting.On(), setting.Channel().LowPower);
   return {};
 }
@@ -89,34 +96,15 @@ constexpr std::array kChannelRules = {
     For<&ChannelRecord::TxDCS>(&SetCode<Way::kTransmit>),
 };
 
-// A choice that the page does not offer for this channel.
-std::string NotOffered(const core::RadioData& data, ChannelPlace place, const core::Field& field,
-                       const Value& value, core::Date today) {
-  const ChannelRecord& channel = ChannelAt(data, place);
-  if (core::IsMember<&ChannelRecord::Duplex>(field) && std::get<bool>(value) &&
-      !channel.DuplexAllowed) {
-    return "The channel plan has no second frequency for duplex here.";
-  }
-  if (core::IsMember<&ChannelRecord::Narrow>(field) && !std::get<bool>(value) &&
-      MustBeNarrow(data, place, today)) {
-    return "LMR channels from 150 to 174 MHz are narrow, by rule of the FCC.";
-  }
-  if (core::IsMember<&ChannelRecord::Scramble>(field) && std::get<std::int32_t>(value) != 0 &&
-      !MayScramble(data, place)) {
-    return "The scrambler is not offered for this channel and destination.";
-  }
-  return {};
-}
-
-std::string SetChannelField(const Setting& setting, core::FieldRef at) {
-  const core::Field& field = core::FieldOf(at);
+std::string SetChannelField(const Setting& setting) {
+  const core::Field& field = core::FieldOf(setting.at);
   std::string refusal =
-      NotOffered(setting.data, setting.place, field, setting.value, setting.today);
+      RefusalOfChoice(setting.data, setting.place, field, setting.value, setting.today);
   if (!refusal.empty()) return refusal;
   for (const Rule& rule : kChannelRules) {
     if (rule.member == field.member) return rule.set(setting);
   }
-  core::Set(setting.data, at, setting.value);
+  core::Set(setting.data, setting.at, setting.value);
   return {};
 }
 
@@ -129,6 +117,30 @@ Value AsKept(const core::Field& field, Value value) {
     *text = core::UpperCase(*text);
   }
   return value;
+}
+
+std::string SetFieldAt(core::RadioData& data, std::optional<ChannelPlace> place, core::FieldRef at,
+                       std::string_view text, core::Date today) {
+  const core::Field& field = core::FieldOf(at);
+  const core::ModelProfile& profile = core::ProfileOf(data);
+  if (!core::HasField(profile, core::TableOf(at), field)) {
+    return "A " + std::string(profile.model) + " has no such field.";
+  }
+  if (field.derived) return "It follows from other data and cannot be set.";
+  const std::optional<Value> parsed = field.notation->parse(text);
+  if (!parsed) return "It must be " + std::string(field.notation->expects) + ".";
+  const Value value = AsKept(field, *parsed);
+  std::string refusal = core::RefusalOf(profile, at, value);
+  if (!refusal.empty()) return refusal;
+  if (place) return SetChannelField({data, *place, at, value, today});
+  if (core::IsMember<&core::UsableGroup::Enable>(field)) {
+    SwitchGroup(data, at.entry, std::get<bool>(value));
+  } else if (core::IsMember<&core::RadioData::ExpPresent>(field)) {
+    SwitchExp(data, std::get<bool>(value));
+  } else {
+    core::Set(data, at, value);
+  }
+  return {};
 }
 
 }  // namespace
@@ -150,28 +162,12 @@ std::optional<ChannelPlace> PlaceOf(const core::RadioData& data, core::FieldRef 
 
 std::string SetField(core::RadioData& data, core::FieldRef at, std::string_view text,
                      core::Date today) {
-  const core::Field& field = core::FieldOf(at);
-  const core::ModelProfile& profile = core::ProfileOf(data);
-  if (!core::HasField(profile, core::TableOf(at), field)) {
-    return "A " + std::string(profile.model) + " has no such field.";
-  }
-  if (field.derived) return "It follows from other data and cannot be set.";
-  const std::optional<Value> parsed = field.notation->parse(text);
-  if (!parsed) return "It must be " + std::string(field.notation->expects) + ".";
-  const Value value = AsKept(field, *parsed);
-  std::string refusal = core::RefusalOf(profile, at, value);
-  if (!refusal.empty()) return refusal;
-  if (const std::optional<ChannelPlace> place = PlaceOf(data, at)) {
-    return SetChannelField({data, *place, value, today}, at);
-  }
-  if (core::IsMember<&core::UsableGroup::Enable>(field)) {
-    SwitchGroup(data, at.entry, std::get<bool>(value));
-  } else if (core::IsMember<&core::RadioData::ExpPresent>(field)) {
-    SwitchExp(data, std::get<bool>(value));
-  } else {
-    core::Set(data, at, value);
-  }
-  return {};
+  return SetFieldAt(data, PlaceOf(data, at), at, text, today);
+}
+
+std::string SetField(core::RadioData& data, ChannelPlace place, const char* member,
+                     std::string_view text, core::Date today) {
+  return SetFieldAt(data, place, FieldOfChannel(place, member), text, today);
 }
 
 }  // namespace orvane::document

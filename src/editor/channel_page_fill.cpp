@@ -5,6 +5,7 @@
 #include "core/model_profile.h"
 #include "core/narrowband.h"
 #include "core/rendering.h"
+#include "document/field_locks.h"
 #include "editor/channel_page.h"
 #include "image/codec.h"
 #include "platform/ansi_text.h"
@@ -20,12 +21,6 @@ constexpr int kScramblerCode = 3;
 
 QString DisplayHalf(std::string_view half) {
   return platform::FromAnsi(core::DisplayLetters(half));
-}
-
-/// An EXP channel is in use when it belongs to a group. Under the LMR root no group is offered.
-bool GroupRule(const ChannelRecord& channel, bool under_lmr_root) {
-  if (under_lmr_root || channel.IsLmr()) return channel.Enable;
-  return channel.USA_Group || channel.INT_Group || channel.CAN_Group;
 }
 
 }  // namespace
@@ -85,7 +80,7 @@ void ChannelPage::FillExtra() {
   for (const Frequency& frequency : frequencies_) ShowFrequency(frequency);
 
   const bool of_kind = OfShownKind();
-  enable_->setChecked(of_kind && GroupRule(channel, UnderLmrRoot()));
+  enable_->setChecked(document::ShowsEnabled(Data(), Place()));
   const std::array<bool, 3> member = {channel.USA_Group, channel.INT_Group, channel.CAN_Group};
   for (std::size_t i = 0; i < groups_.size(); ++i) groups_[i]->setChecked(of_kind && member[i]);
   ShowBandwidth();

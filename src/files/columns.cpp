@@ -41,36 +41,33 @@ std::string NumberText(const ChannelRow& row) {
   return std::to_string(row.number);
 }
 
-/// A member of the channel that has its row in the catalogue.
-template <auto kMember>
-const auto& ValueOf(const ChannelRow& row) {
-  static_assert(!core::kFieldAt<kMember>.id.empty());
-  return row.channel.*kMember;
+using ChannelText = ColumnText<ChannelRow>;
+
+/// Members of the channel that have their rows in the catalogue.
+template <auto... kMember>
+constexpr ChannelText Showing(ChannelText::Function compose) {
+  static_assert((!core::kFieldAt<kMember>.id.empty() && ...));
+  return {compose, {&core::kMemberTag<kMember>...}};
 }
 
 /// One of the word pairs of core/rendering.h, applied to a flag of the record.
 template <core::Flag ChannelRecord::*kFlag, std::string_view (*kWords)(bool)>
-std::string WordText(const ChannelRow& row) {
-  return std::string(kWords(ValueOf<kFlag>(row)));
-}
+constexpr ChannelText kWord = Showing<kFlag>([](const ChannelRow& row) {
+  return std::string(kWords(row.channel.*kFlag));
+});
 
 /// The code stands under the "S" of its heading.
-std::string IndentedScramblerText(const ChannelRow& row) {
+constexpr auto kIndentedCode = Showing<&ChannelRecord::Scramble>([](const ChannelRow& row) {
   const std::string text = core::ScramblerText(row.channel.Scramble);
   return text.starts_with('-') ? text : " " + text;
-}
+});
+constexpr auto kCode = Showing<&ChannelRecord::Scramble>(
+    [](const ChannelRow& row) { return core::ScramblerText(row.channel.Scramble); });
 
-std::string ScramblerGridText(const ChannelRow& row) {
-  return core::ScramblerText(row.channel.Scramble);
-}
-
-std::string NameText(const ChannelRow& row) {
-  return row.channel.ChTag;
-}
-
-std::string NameOrDashesText(const ChannelRow& row) {
-  return DashesWhenEmpty(row.channel.ChTag, kNameWidth);
-}
+constexpr auto kName =
+    Showing<&ChannelRecord::ChTag>([](const ChannelRow& row) { return row.channel.ChTag; });
+constexpr auto kNameOrDashes = Showing<&ChannelRecord::ChTag>(
+    [](const ChannelRow& row) { return DashesWhenEmpty(row.channel.ChTag, kNameWidth); });
 
 std::string WxNameText(const ChannelRow& row) {
   return row.profile.wx_name_dashed ? std::string(kNameWidth, '-') : row.channel.ChTag;
@@ -94,45 +91,49 @@ std::string ExtraNumberGridText(const ChannelRow& row) {
   return text;
 }
 
-std::string DisplayedNumberText(const ChannelRow& row) {
-  return core::DisplayText(row.channel);
-}
+constexpr auto kDisplayedNumber = Showing<&ChannelRecord::CHDisplayL, &ChannelRecord::CHDisplayR>(
+    [](const ChannelRow& row) { return core::DisplayText(row.channel); });
 
-std::string ExtraEnableText(const ChannelRow& row) {
+constexpr auto kEnabled = Showing<&ChannelRecord::Enable>([](const ChannelRow& row) {
   return std::string(core::EnableText(core::MarkedEnabled(row.profile, row.channel, row.lmr_form)));
-}
+});
+constexpr auto kEnabledMark = Showing<&ChannelRecord::Enable>(EnabledMarkText);
 
-template <core::Flag ChannelRecord::*kGroup>
-std::string GroupText(const ChannelRow& row) {
+template <core::Flag ChannelRecord::*kFlag>
+constexpr ChannelText kGroup = Showing<kFlag>([](const ChannelRow& row) {
   return std::string(
-      core::UseText(ValueOf<kGroup>(row) && core::OfKind(row.profile, row.channel, row.lmr_form)));
-}
+      core::UseText(row.channel.*kFlag && core::OfKind(row.profile, row.channel, row.lmr_form)));
+});
 
-template <core::Flag ChannelRecord::*kGroup>
+template <core::Flag ChannelRecord::*kFlag>
 bool InGroup(const ChannelRow& row) {
-  return ValueOf<kGroup>(row);
+  return row.channel.*kFlag;
 }
 
 template <double ChannelRecord::*kFrequency>
-std::string RasterText(const ChannelRow& row) {
-  return core::RasterFrequencyText(ValueOf<kFrequency>(row));
-}
+constexpr ChannelText kRaster = Showing<kFrequency>([](const ChannelRow& row) {
+  return core::RasterFrequencyText(row.channel.*kFrequency);
+});
 
 template <double ChannelRecord::*kFrequency>
-std::string ExactText(const ChannelRow& row) {
-  return core::FrequencyText(ValueOf<kFrequency>(row));
-}
+constexpr ChannelText kExact = Showing<kFrequency>([](const ChannelRow& row) {
+  return core::FrequencyText(row.channel.*kFrequency);
+});
 
-template <core::ToneDirection kDirection>
-std::string ToneCellText(const ChannelRow& row) {
-  return std::string(core::ToneText(row.channel, kDirection));
-}
+constexpr auto kReceiveTone =
+    Showing<&ChannelRecord::RxCTCSS, &ChannelRecord::RxDCS>([](const ChannelRow& row) {
+      return core::ToneText(row.channel, core::ToneDirection::kReceive);
+    });
+constexpr auto kTransmitTone =
+    Showing<&ChannelRecord::TxCTCSS, &ChannelRecord::TxDCS>([](const ChannelRow& row) {
+      return core::ToneText(row.channel, core::ToneDirection::kTransmit);
+    });
 
 constexpr std::string_view kNameHeading = core::kFieldAt<&ChannelRecord::ChTag>.label;
 
-constexpr auto kLowCell = WordText<&ChannelRecord::LowPower, core::LowText>;
-constexpr auto kUpCell = WordText<&ChannelRecord::PowUp, core::UpText>;
-constexpr auto kMemCell = WordText<&ChannelRecord::ScanMemory, core::MemText>;
+constexpr auto kLowCell = kWord<&ChannelRecord::LowPower, core::LowText>;
+constexpr auto kUpCell = kWord<&ChannelRecord::PowUp, core::UpText>;
+constexpr auto kMemCell = kWord<&ChannelRecord::ScanMemory, core::MemText>;
 
 // clang-format off
 constexpr std::array kMarineColumns = {
@@ -143,31 +144,31 @@ constexpr std::array kMarineColumns = {
     ChannelColumn{.heading = "TX(MHz)", .dash_width = 7, .cell_width = 9, .text = PlanTransmitText,
                   .caption = "TX[MHz]", .width_twips = 1000},
     ChannelColumn{.heading = "TX", .dash_width = 2, .cell_width = 4,
-                  .text = WordText<&ChannelRecord::TxEnable, core::TxText>,
+                  .text = kWord<&ChannelRecord::TxEnable, core::TxText>,
                   .caption = "TX", .width_twips = 600, .centered = true},
     ChannelColumn{.heading = "LOW", .dash_width = 3, .cell_width = 5, .text = kLowCell,
                   .caption = "LOW", .width_twips = 600, .centered = true},
     ChannelColumn{.heading = "UP", .dash_width = 2, .cell_width = 4, .text = kUpCell,
                   .caption = "UP", .width_twips = 600, .centered = true},
     ChannelColumn{.heading = "DUP", .dash_width = 3, .cell_width = 5,
-                  .text = WordText<&ChannelRecord::Duplex, core::DupText>,
+                  .text = kWord<&ChannelRecord::Duplex, core::DupText>,
                   .caption = "DUP", .width_twips = 600, .centered = true},
     ChannelColumn{.kind = ColumnKind::kMemory,
                   .heading = "MEM", .dash_width = 3, .cell_width = 5, .text = kMemCell,
                   .caption = "MEM", .width_twips = 600, .centered = true},
     ChannelColumn{.kind = ColumnKind::kScrambler,
-                  .heading = "VS", .dash_width = 2, .cell_width = 4, .text = IndentedScramblerText,
+                  .heading = "VS", .dash_width = 2, .cell_width = 4, .text = kIndentedCode,
                   .caption = "VS", .width_twips = 600, .centered = true,
-                  .grid_text = ScramblerGridText},
+                  .grid_text = kCode},
     ChannelColumn{.kind = ColumnKind::kName,
-                  .heading = kNameHeading, .dash_width = 12, .cell_width = 12, .text = NameText,
+                  .heading = kNameHeading, .dash_width = 12, .cell_width = 12, .text = kName,
                   .caption = kNameHeading, .width_twips = 2000},
 };
 
 constexpr std::array kWxColumns = {
     ChannelColumn{.heading = "CH", .dash_width = 2, .cell_width = 4, .text = NumberText},
     ChannelColumn{.heading = "ENABLE", .dash_width = 6, .cell_width = 8,
-                  .text = WordText<&ChannelRecord::Enable, core::EnableText>},
+                  .text = kWord<&ChannelRecord::Enable, core::EnableText>},
     ChannelColumn{.kind = ColumnKind::kMemory,
                   .heading = "MEM", .dash_width = 3, .cell_width = 5, .text = kMemCell},
     ChannelColumn{.kind = ColumnKind::kName,
@@ -179,37 +180,37 @@ constexpr std::array kExtraColumns = {
                   .caption = "CH", .width_twips = 800, .grid_text = ExtraNumberGridText,
                   .print_step = 1},
     ChannelColumn{.kind = ColumnKind::kReportDisplay,
-                  .heading = "CHD", .dash_width = 4, .cell_width = 6, .text = DisplayedNumberText,
+                  .heading = "CHD", .dash_width = 4, .cell_width = 6, .text = kDisplayedNumber,
                   .caption = "CHD", .width_twips = 800, .print_step = 2},
     ChannelColumn{.kind = ColumnKind::kEnable,
-                  .heading = "ENABLE", .dash_width = 6, .cell_width = 8, .text = ExtraEnableText,
-                  .caption = "ENABLE", .width_twips = 1000, .grid_text = EnabledMarkText,
+                  .heading = "ENABLE", .dash_width = 6, .cell_width = 8, .text = kEnabled,
+                  .caption = "ENABLE", .width_twips = 1000, .grid_text = kEnabledMark,
                   .print_step = 3},
     ChannelColumn{.kind = ColumnKind::kGroup,
                   .heading = "USA", .dash_width = 3, .cell_width = 5,
-                  .text = GroupText<&ChannelRecord::USA_Group>,
+                  .text = kGroup<&ChannelRecord::USA_Group>,
                   .caption = "USA", .width_twips = 600, .centered = true,
                   .checked = InGroup<&ChannelRecord::USA_Group>},
     ChannelColumn{.kind = ColumnKind::kGroup,
                   .heading = "INT", .dash_width = 3, .cell_width = 5,
-                  .text = GroupText<&ChannelRecord::INT_Group>,
+                  .text = kGroup<&ChannelRecord::INT_Group>,
                   .caption = "INTL", .width_twips = 600, .centered = true,
                   .checked = InGroup<&ChannelRecord::INT_Group>},
     ChannelColumn{.kind = ColumnKind::kGroup,
                   .heading = "CAN", .dash_width = 3, .cell_width = 5,
-                  .text = GroupText<&ChannelRecord::CAN_Group>,
+                  .text = kGroup<&ChannelRecord::CAN_Group>,
                   .caption = "CAN", .width_twips = 600, .centered = true,
                   .checked = InGroup<&ChannelRecord::CAN_Group>},
-    ChannelColumn{.kind = ColumnKind::kGridDisplay, .text = DisplayedNumberText,
+    ChannelColumn{.kind = ColumnKind::kGridDisplay, .text = kDisplayedNumber,
                   .caption = "DISP", .width_twips = 800},
     ChannelColumn{.heading = "RX(MHz)", .dash_width = 8, .cell_width = 10,
-                  .text = RasterText<&ChannelRecord::Rxfreq>,
+                  .text = kRaster<&ChannelRecord::Rxfreq>,
                   .caption = "RX[MHz]", .width_twips = 1000,
-                  .grid_text = ExactText<&ChannelRecord::Rxfreq>, .print_step = 4},
+                  .grid_text = kExact<&ChannelRecord::Rxfreq>, .print_step = 4},
     ChannelColumn{.heading = "TX(MHz)", .dash_width = 8, .cell_width = 10,
-                  .text = RasterText<&ChannelRecord::Txfreq>,
+                  .text = kRaster<&ChannelRecord::Txfreq>,
                   .caption = "TX[MHz]", .width_twips = 1000,
-                  .grid_text = ExactText<&ChannelRecord::Txfreq>, .print_step = 5},
+                  .grid_text = kExact<&ChannelRecord::Txfreq>, .print_step = 5},
     ChannelColumn{.heading = "LOW", .dash_width = 3, .cell_width = 5, .text = kLowCell,
                   .caption = "LOW", .width_twips = 600, .centered = true, .print_step = 7},
     ChannelColumn{.heading = "UP", .dash_width = 2, .cell_width = 4, .text = kUpCell,
@@ -218,42 +219,42 @@ constexpr std::array kExtraColumns = {
                   .heading = "MEM", .dash_width = 3, .cell_width = 5, .text = kMemCell,
                   .caption = "MEM", .width_twips = 600, .centered = true, .print_step = 9},
     ChannelColumn{.kind = ColumnKind::kScrambler,
-                  .heading = "VS", .dash_width = 2, .cell_width = 4, .text = IndentedScramblerText,
+                  .heading = "VS", .dash_width = 2, .cell_width = 4, .text = kIndentedCode,
                   .caption = "VS", .width_twips = 600, .centered = true,
-                  .grid_text = ScramblerGridText, .print_step = 11},
+                  .grid_text = kCode, .print_step = 11},
     ChannelColumn{.kind = ColumnKind::kName,
                   .heading = kNameHeading, .dash_width = 12, .cell_width = 14,
-                  .text = NameOrDashesText,
-                  .caption = kNameHeading, .width_twips = 2000, .grid_text = NameText,
+                  .text = kNameOrDashes,
+                  .caption = kNameHeading, .width_twips = 2000, .grid_text = kName,
                   .print_step = 12},
     // Three letters over two dashes: the heading starts one place early.
     ChannelColumn{.kind = ColumnKind::kTone,
                   .heading = "W/N", .dash_width = 2, .heading_early = 1, .cell_width = 4,
-                  .text = WordText<&ChannelRecord::Narrow, core::NarrowText>,
+                  .text = kWord<&ChannelRecord::Narrow, core::NarrowText>,
                   .caption = "W/N", .width_twips = 600, .centered = true, .print_step = 13},
     ChannelColumn{.kind = ColumnKind::kTone,
                   .heading = "RXT", .dash_width = 7, .cell_width = 9,
-                  .text = ToneCellText<core::ToneDirection::kReceive>,
+                  .text = kReceiveTone,
                   .caption = "RxTone", .width_twips = 800, .print_step = 14},
     ChannelColumn{.kind = ColumnKind::kTone,
                   .heading = "CMP", .dash_width = 3, .cell_width = 5,
-                  .text = WordText<&ChannelRecord::RxComp, core::CmpText>,
+                  .text = kWord<&ChannelRecord::RxComp, core::CmpText>,
                   .caption = "Comp", .width_twips = 600, .centered = true, .print_step = 15},
     ChannelColumn{.kind = ColumnKind::kTone,
                   .heading = "TXT", .dash_width = 7, .cell_width = 7,
-                  .text = ToneCellText<core::ToneDirection::kTransmit>,
+                  .text = kTransmitTone,
                   .caption = "TxTone", .width_twips = 800, .print_step = 16},
 };
 
 constexpr DirectoryColumn kDirectoryNumber = {
     .heading = "No.", .dash_width = 3, .cell_width = 5,
-    .text = [](const DirectoryRow& row) { return std::to_string(row.number); }};
+    .text = +[](const DirectoryRow& row) { return std::to_string(row.number); }};
 constexpr DirectoryColumn kDirectoryName = {
     .heading = "Station Name", .dash_width = 12, .cell_width = 14,
-    .text = [](const DirectoryRow& row) { return DashesWhenEmpty(row.entry.TagName, kNameWidth); }};
+    .text = +[](const DirectoryRow& row) { return DashesWhenEmpty(row.entry.TagName, kNameWidth); }};
 constexpr DirectoryColumn kDirectoryMmsi = {
     .heading = "MMSI", .dash_width = 9, .cell_width = 9,
-    .text = [](const DirectoryRow& row) { return DashesWhenEmpty(row.entry.Mmsid, kMmsiWidth); }};
+    .text = +[](const DirectoryRow& row) { return DashesWhenEmpty(row.entry.Mmsid, kMmsiWidth); }};
 // clang-format on
 
 template <class Columns, class Shows>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +42,26 @@ enum class ColumnKind {
   kGridDisplay,    ///< displayed number, grid
 };
 
+/// Members of a row's record that the catalogue has (core::Field::member); null for none.
+using Members = std::array<const char*, 2>;
+
+/// How a cell reads, and which members of the record it shows. A cell that shows none follows from
+/// elsewhere, as a plan frequency does.
+template <class Row>
+struct ColumnText {
+  using Function = std::string (*)(const Row&);
+
+  constexpr ColumnText() = default;
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  constexpr ColumnText(Function function, Members members = {})
+      : compose(function), shows(members) {}
+
+  [[nodiscard]] std::string operator()(const Row& row) const { return compose(row); }
+
+  Function compose = nullptr;
+  Members shows{};
+};
+
 template <class Row>
 struct Column {
   ColumnKind kind = ColumnKind::kCommon;
@@ -49,18 +70,23 @@ struct Column {
   int dash_width = 0;          ///< dashes under the heading, characters
   int heading_early = 0;       ///< characters by which the heading starts left of its dashes
   int cell_width = 0;          ///< report cell with the gap behind it, characters
-  std::string (*text)(const Row&) = nullptr;  ///< not yet cut or filled
+  ColumnText<Row> text{};      ///< not yet cut or filled
 
-  std::string_view caption{};  ///< in the grid
-  int width_twips = 0;         ///< in the grid: 1/1440 inch, 15 to a device-independent pixel
-  bool centered = false;       ///< in the grid; other cells are left-aligned
-  std::string (*grid_text)(const Row&) = nullptr;  ///< null: as `text`
+  std::string_view caption{};   ///< in the grid
+  int width_twips = 0;          ///< in the grid: 1/1440 inch, 15 to a device-independent pixel
+  bool centered = false;        ///< in the grid; other cells are left-aligned
+  ColumnText<Row> grid_text{};  ///< composes nothing: as `text`
   bool (*checked)(const Row&) = nullptr;  ///< not null: the grid draws a check mark or an empty box
 
   int print_step = 0;  ///< EXP/LMR: which step of the printer's position list the column takes
 
-  [[nodiscard]] std::string GridText(const Row& row) const {
-    return grid_text != nullptr ? grid_text(row) : text(row);
+  [[nodiscard]] std::string GridText(const Row& row) const { return InGrid()(row); }
+  /// In the grid.
+  [[nodiscard]] const Members& Shows() const { return InGrid().shows; }
+
+ private:
+  [[nodiscard]] const ColumnText<Row>& InGrid() const {
+    return grid_text.compose != nullptr ? grid_text : text;
   }
 };
 

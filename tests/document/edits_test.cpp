@@ -262,6 +262,7 @@ TEST(SetField, GoesByTheRulesOfTheField) {
       {5, "extra/3/enable", "perhaps", "It must be On or Off.", "extra/3/enable", "On"},
       {5, "extra/5/int_group", "off", std::string(kLastChannelRefusal), "extra/5/int_group", "On"},
       {5, "extra/5/usa_group", "on", "", "extra/5/enable", "On"},
+      {5, "extra/3/usa_group", "off", "", "extra/3/enable", "On"},
       {5, "extra/3/display_left", "bd", "", "extra/3/display_left", "BD"},
       {5, "dsc/user_mmsi", "211234567", "A KT740 has no such field.", "usa/16/enable", "On"},
       {0, "dsc/user_mmsi", "211234567", "", "dsc/user_mmsi", "211234567"},
