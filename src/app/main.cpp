@@ -20,6 +20,7 @@
 #include "platform/qt_event_pump.h"
 #include "platform/qt_file_store.h"
 #include "platform/qt_port_finder.h"
+#include "platform/qt_radio_process.h"
 #include "platform/qt_recovery_store.h"
 #include "platform/qt_serial_port.h"
 #include "platform/qt_settings_store.h"
@@ -40,11 +41,14 @@ std::vector<std::string> ArgumentsOf(const QStringList& arguments) {
 constexpr int kWrongUsage = 2;
 
 constexpr const char* kHelpText =
-    "Usage: orvane [/D] [FILE]\n"
+    "Usage: orvane [/D] [--read] [--simulated-radio] [FILE]\n"
     "Opens the window that programs the radios of the KT740 series, and the file in it.\n\n"
-    "  /D         debug mode: image files by Ctrl+F2 and Ctrl+F3, failures written to err.log\n"
-    "  --help     this text\n"
-    "  --version  the program's version\n\n"
+    "  /D                 debug mode: image files by Ctrl+F2 and Ctrl+F3, failures written to "
+    "err.log\n"
+    "  --read             goes on to reading a radio\n"
+    "  --simulated-radio  starts a simulated radio and chooses its port\n"
+    "  --help             this text\n"
+    "  --version          the program's version\n\n"
     "Options of Qt, such as -style and -platform, are taken too. orvane-cli does without a "
     "window.\n";
 
@@ -97,6 +101,7 @@ int main(int argc, char** argv) {
   platform::FileErrorLog log(platform::ErrorLogPath(), state.Debug);
   platform::QtPortFinder ports(platform::PortLinksFolder());
   platform::SystemDevices devices;
+  platform::QtRadioProcess radio(platform::ProgramFolder());
   platform::QtFileDialogs dialogs;
 
   platform::QtRecoveryStore recovery(platform::RecoveryFolder());
@@ -127,12 +132,15 @@ int main(int argc, char** argv) {
                                                 .previous_folder = platform::PreviousFolder(),
                                                 .marks_folder = platform::MarksFolder(),
                                                 .data_folder = platform::DataFolder(),
-                                                .devices = &devices};
+                                                .devices = &devices,
+                                                .radio = &radio};
   orvane::editor::MainWindow window(services);
   window.show();
   if (!words.file.empty()) {
     window.OpenAtStart(
         platform::ToUtf8(QFileInfo(platform::FromUtf8(words.file)).absoluteFilePath()));
   }
+  if (words.simulated_radio) window.TrySimulatedRadioAtStart();
+  if (words.read) window.ReadAtStart();
   return QApplication::exec();
 }

@@ -77,6 +77,8 @@ bool TakeWord(std::string_view word, StartWords& read) {
   const std::string upper = UpperCase(word);
   if (upper == "/D") return read.debug = true;
   if (upper == "--HELP" || upper == "-H") return read.help = true;
+  if (upper == "--READ") return read.read = true;
+  if (upper == "--SIMULATED-RADIO") return read.simulated_radio = true;
   return upper == "--VERSION" && (read.version = true);
 }
 
@@ -115,6 +117,15 @@ StartWords ReadStartWords(const std::vector<std::string>& arguments) {
     }
   }
   return read;
+}
+
+bool AppSettings::WereKept() const {
+  const auto has = [this](std::string_view section, std::string_view key) {
+    return store_.Read(section, key).has_value();
+  };
+  return MainWindow() || has(kPortSection, kPortKey) || has(kModelSection, kModelKey) ||
+         has(kProgramSection, kCopyKey) || has(kProgramSection, kReadBackKey) ||
+         !RecentFiles().empty();
 }
 
 int AppSettings::PortNumber() const {

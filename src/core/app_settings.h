@@ -19,6 +19,8 @@ struct StartWords {
   bool debug = false;                ///< "/D"
   bool help = false;                 ///< "--help", "-h"
   bool version = false;              ///< "--version"
+  bool read = false;                 ///< "--read"
+  bool simulated_radio = false;      ///< "--simulated-radio"
   std::string file;                  ///< to open, "" for none
   std::vector<std::string> unknown;  ///< other words, "-x" and "/X", which are ignored
   std::vector<std::string> refused;  ///< further files: the program opens one
@@ -34,6 +36,8 @@ class AppSettings {
  public:
   explicit AppSettings(SettingsStore& store) : store_(store) {}
 
+  /// An earlier run has left any of the values below, the destinations aside.
+  [[nodiscard]] bool WereKept() const;
   [[nodiscard]] int PortNumber() const;  ///< default 1
   void SetPortNumber(int number);
   [[nodiscard]] std::int16_t ModelType() const;  ///< default 5

@@ -243,6 +243,16 @@ constexpr std::array kRows = {
                           "program goes on waiting.",
                .remedy = "See [Serial port trouble](serial.html).",
                .explained = false},
+    MessageRow{.id = kSimulatedRadioFailed,
+               .group = kTransfer,
+               .text = {"The simulated radio could not be started."},
+               .icon = Icon::kExclamation,
+               .where = "Options, SerialPort, Try the Simulated Radio",
+               .meaning = "{reason|Its program orvane-radio is missing, or each of the sixteen "
+                          "port numbers is taken; the reason stands here.}",
+               .remedy = "Install the program again if orvane-radio is missing. Else end other "
+                         "[simulated radios](simulated.html), or unplug an adapter. Real radios "
+                         "and the chosen port are as they were."},
 };
 
 }  // namespace

@@ -44,6 +44,7 @@ enum class MessageId {
   kNothingTransferred,
   kTransferFailed,
   kNothingComesBack,
+  kSimulatedRadioFailed,
   // Files and printing.
   kModelOfSettings,
   kUnknownSettings,

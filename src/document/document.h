@@ -24,7 +24,8 @@ struct Contents {
   core::RadioData data;
   std::string file_name{};  ///< full path, "" for one without a file
   Origin origin = Origin::kNew;
-  /// When it was read, last saved or backed up, as the user sees it ("14:02").
+  /// When it was read, last saved or backed up, as the user sees it ("14:02"); of a simulated radio
+  /// also that.
   std::string time{};
   /// PrintOf the file's bytes when it was last read or written here; 0 when it was not.
   std::size_t file_print = 0;

@@ -46,6 +46,7 @@ MainWindow::MainWindow(const WindowServices& services)
       heading_(new PageHeading(document_.Data(), splitter_)),
       area_(new PageArea(splitter_)),
       start_timer_(new QTimer(this)),
+      earlier_settings_(settings_.WereKept()),
       port_menu_(menus_, services.ports, services.settings),
       destination_menu_(menus_, services.files, services.settings, services.data_folder),
       recent_menu_(menus_, services.files, services.settings),
@@ -128,6 +129,8 @@ QWidget* MainWindow::BuildCentre() {
     connect(strip_, signal, this,
             [this, command] { (transfer_commands_.*command)(strip_->Port()); });
   };
+  simulated_radio_ =
+      std::make_unique<SimulatedRadio>(services_, *this, menus_, port_menu_, *column);
   run(&PartlyWrittenStrip::ProgramAgainAsked, &TransferCommands::ProgramAgain);
   run(&PartlyWrittenStrip::PutBackAsked, &TransferCommands::PutBack);
   run(&PartlyWrittenStrip::SettledAsked, &TransferCommands::Settle);
@@ -166,6 +169,7 @@ void MainWindow::ConnectCommands() {
   connect(menus_.file_exit, &QAction::triggered, this, [this] {
     if (CheckPage()) close();
   });
+  connect(follower_, &Follower::HistoryChanged, this, &MainWindow::ShowStartOffer);
   // What is typed into a box after a while elsewhere is another step.
   connect(qApp, &QApplication::focusChanged, this, [this] { document_.EndTyping(); });
 }

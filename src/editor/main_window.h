@@ -9,6 +9,7 @@
 #include "editor/command_host.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
+#include "editor/first_steps.h"
 #include "editor/follower.h"
 #include "editor/live_label.h"
 #include "editor/menus.h"
@@ -22,6 +23,7 @@
 #include "editor/recent_menu.h"
 #include "editor/serial_port_menu.h"
 #include "editor/side_lists.h"
+#include "editor/simulated_radio.h"
 #include "editor/splitter.h"
 #include "editor/transfer_commands.h"
 #include "editor/tree_model.h"
@@ -42,6 +44,9 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
 
   /// The file is opened when the start is over.
   void OpenAtStart(const std::string& path) { file_at_start_ = path; }
+  /// After that, as if the user had chosen the menu items, in that order.
+  void TrySimulatedRadioAtStart() { simulated_at_start_ = true; }
+  void ReadAtStart() { reads_at_start_ = true; }
   /// Of the copies of unsaved data; null before they are kept.
   [[nodiscard]] QTimer* AutosaveTimer() const {
     return autosave_ == nullptr ? nullptr : &autosave_->Timer();
@@ -100,6 +105,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void FinishStart();
   /// Opens the file of the start, offers what was left behind, and keeps copies from then on.
   void BeginWork();
+  void BeginKeepingCopies();
+  void ShowStartOffer();
   void StoreGeometry();
   /// Over the whole screen, maximized or more.
   [[nodiscard]] bool IsSpread() const;
@@ -124,6 +131,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   PageHeading* heading_;
   PageArea* area_;
   GeneralPage* general_ = nullptr;
+  FirstSteps* first_steps_ = nullptr;  ///< null as long as there was nothing to offer
   Navigator* navigator_ = nullptr;
   LiveLabel* hint_ = nullptr;
   LiveLabel* notice_ = nullptr;
@@ -134,6 +142,9 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   std::unique_ptr<SideLists> side_lists_;
   QTimer* start_timer_;
   std::string file_at_start_;
+  bool simulated_at_start_ = false;
+  bool reads_at_start_ = false;
+  const bool earlier_settings_;
   QPoint frame_;  ///< left and upper width of the frame that the window manager draws
 
   SerialPortMenu port_menu_;
@@ -143,6 +154,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   ModelCommands model_commands_;
   WindowCommands window_commands_;
   TransferCommands transfer_commands_;
+  std::unique_ptr<SimulatedRadio> simulated_radio_;
 };
 
 }  // namespace orvane::editor

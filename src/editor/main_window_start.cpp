@@ -38,7 +38,7 @@ void MainWindow::Load() {
   RebuildDestinations();
   ShowGeneralPage();
   ShowHint({});
-  follower_->Begin();
+  follower_->Begin();  // the start's offer with it
   tree_->setExpanded(tree_model_.IndexOf({.kind = NodeKind::kGeneral}), true);
   tree_->setExpanded(tree_model_.IndexOf({.kind = NodeKind::kProgram}), true);
   tree_->setFocus();
@@ -85,10 +85,29 @@ void MainWindow::BeginWork() {
     connect(backups_.get(), &BackupKeeper::Trimmed, follower_, &Follower::ShowNotice);
   }
   ShowPartlyWritten();
-  if (services_.recovery == nullptr) return;
+  if (services_.recovery != nullptr) BeginKeepingCopies();
+  if (simulated_at_start_) menus_.simulated_radio->trigger();
+  if (reads_at_start_) menus_.read->trigger();
+}
+
+void MainWindow::BeginKeepingCopies() {
   autosave_ = std::make_unique<Autosave>(document_, *services_.recovery, services_.clock);
   connect(autosave_.get(), &Autosave::FailureChanged, follower_, &Follower::ShowCopyFailure);
   OfferRecovery(services_, *services_.recovery, *autosave_);
+}
+
+void MainWindow::ShowStartOffer() {
+  const document::StartOffer offer = document::OfferFor(document_, earlier_settings_);
+  const bool shown =
+      offer == document::StartOffer::kFirstSteps ||
+      (offer == document::StartOffer::kRecentFiles && !settings_.RecentFiles().empty());
+  if (first_steps_ == nullptr) {
+    if (!shown) return;
+    first_steps_ = new FirstSteps(menus_, general_);
+    general_->PutBeside(first_steps_);
+  }
+  recent_menu_.Update();
+  first_steps_->Show(offer);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -121,6 +121,16 @@ void AddOptionsMenu(QMenuBar& bar, Menus& menus) {
   menus.serial_port->addSeparator();
   menus.find_cable = AddItem(*menus.serial_port, QStringLiteral("mnuFindCable"),
                              QStringLiteral("&Find my Cable..."));
+  menus.serial_port->addSeparator();
+  menus.simulated_radio = AddItem(*menus.serial_port, QStringLiteral("mnuSimulatedRadio"),
+                                  QStringLiteral("&Try the Simulated Radio"));
+  menus.simulated_radio->setToolTip(
+      QStringLiteral("To read and program without a radio: another program plays one"));
+  menus.end_simulated = AddItem(*menus.serial_port, QStringLiteral("mnuSimulatedRadioEnd"),
+                                QStringLiteral("&End the Simulated Radio"));
+  menus.end_simulated->setEnabled(false);
+  menus.end_simulated->setToolTip(QStringLiteral("No simulated radio runs"));
+  menus.serial_port->setToolTipsVisible(true);
 }
 
 }  // namespace

@@ -41,6 +41,8 @@ struct Menus {
   std::array<QAction*, kPorts> ports;
   QAction* gone_port;   ///< the chosen port while it is not there
   QAction* find_cable;  ///< in the port menu and in the Help menu
+  QAction* simulated_radio;
+  QAction* end_simulated;
   QAction* help_contents;
   QAction* about;
 };

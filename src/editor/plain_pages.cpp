@@ -33,6 +33,23 @@ GeneralPage::GeneralPage(PageServices services, QWidget* parent)
   layout->addWidget(logo_);
 }
 
+void GeneralPage::PutBeside(FirstSteps* steps) {
+  beside_ = steps;
+  static_cast<QBoxLayout*>(layout())->addWidget(steps);
+}
+
+// Below the logo where there is no room for both side by side.
+void GeneralPage::resizeEvent(QResizeEvent* event) {
+  Page::resizeEvent(event);
+  if (beside_ == nullptr) return;
+  auto& box = static_cast<QBoxLayout&>(*layout());
+  const QMargins margins = box.contentsMargins();
+  const int room = width() - margins.left() - margins.right() - box.spacing();
+  const bool side_by_side = room >= logo_->sizeHint().width() + beside_->ColumnWidth();
+  box.setDirection(side_by_side ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  beside_->SetShape(side_by_side ? FirstSteps::Shape::kColumn : FirstSteps::Shape::kSquare);
+}
+
 void GeneralPage::Fill(const NodeRef& /*node*/) {}
 
 void GeneralPage::ShowLogo(const QString& path) {

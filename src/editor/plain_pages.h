@@ -3,11 +3,12 @@
 #include <QLabel>
 #include <QString>
 
+#include "editor/first_steps.h"
 #include "editor/page.h"
 
 namespace orvane::editor {
 
-/// `pictGeneral`: nothing but the logo.
+/// `pictGeneral`: the logo, and beside it, while nothing has been opened, what the window offers.
 class GeneralPage : public Page {
   Q_OBJECT
 
@@ -18,9 +19,15 @@ class GeneralPage : public Page {
   /// The picture stays hidden until this; a file that cannot be read leaves the page empty.
   void ShowLogo(const QString& path);
   [[nodiscard]] bool LogoShown() const { return shown_; }
+  /// Takes the widget over.
+  void PutBeside(FirstSteps* steps);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QLabel* logo_;
+  FirstSteps* beside_ = nullptr;
   bool shown_ = false;
 };
 

@@ -26,6 +26,7 @@ void RecentMenu::Update() {
     const QString path = platform::FromUtf8(paths_[place]);
     const QString number = QString::number(place + 1);
     // The last digit is the access key: 1 to 9, and 0 for the tenth.
+    item.setData(path);
     item.setText(QString(number).insert(number.size() - 1, QLatin1Char('&')) + QLatin1Char(' ') +
                  PlainCaption(path));
     const bool there = files_.FileSize(paths_[place]).has_value();

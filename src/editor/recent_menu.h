@@ -18,12 +18,13 @@ class RecentMenu : public QObject {
  public:
   RecentMenu(const Menus& menus, core::FileStore& files, core::SettingsStore& settings);
 
+  /// Each item's data is the path it stands for.
+  void Update();
+
  signals:
   void Picked(const std::string& path);
 
  private:
-  void Update();
-
   const Menus menus_;
   core::FileStore& files_;
   core::AppSettings settings_;

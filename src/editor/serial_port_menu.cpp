@@ -1,6 +1,7 @@
 #include "editor/serial_port_menu.h"
 
 #include <cstddef>
+#include <utility>
 
 #include "platform/ansi_text.h"
 
@@ -47,11 +48,29 @@ void SerialPortMenu::Choose(int number) {
 void SerialPortMenu::Pick(int index) {
   CheckOnly(index);
   port_number_ = list_.PortItem(index).port_number;
-  settings_.SetPortNumber(port_number_);
+  if (port_number_ != borrowed_) settings_.SetPortNumber(port_number_);
+}
+
+bool SerialPortMenu::Borrow(int number) {
+  borrowed_ = number;
+  Choose(number);
+  if (port_number_ == number) return true;
+  borrowed_ = 0;
+  return false;
+}
+
+void SerialPortMenu::GiveBack() {
+  const int given_back = std::exchange(borrowed_, 0);
+  if (given_back != 0 && port_number_ == given_back) {
+    CheckOnly(-1);
+    port_number_ = settings_.PortNumber();
+  }
+  UpdateComList();
+  SelectStoredPort();
 }
 
 void SerialPortMenu::CheckOnly(int index) {
-  chosen_ = menus_.ports[static_cast<std::size_t>(index)]->text().trimmed();
+  chosen_ = index < 0 ? QString() : menus_.ports[static_cast<std::size_t>(index)]->text().trimmed();
   for (int other = 0; other < Menus::kPorts; ++other) {
     menus_.ports[static_cast<std::size_t>(other)]->setChecked(other == index);
   }

@@ -23,16 +23,23 @@ class SerialPortMenu : public QObject {
   /// As if the user had picked the port with that number; one that is not in the list is left.
   void Choose(int number);
   [[nodiscard]] int PortNumber() const { return port_number_; }
+  /// Chooses a port for as long as it is lent: the next run does not know of it, whoever chooses
+  /// it. False when it is not in the list; nothing is chosen then.
+  [[nodiscard]] bool Borrow(int number);
+  /// The borrowed port is gone; where it is the chosen one, the one kept is so again.
+  void GiveBack();
 
  private:
   void Pick(int index);
+  /// -1: none.
   void CheckOnly(int index);
 
   const Menus menus_;
   link::CComList list_;
   core::AppSettings settings_;
   int port_number_;
-  QString chosen_;  ///< caption of the port that was checked, "" as long as none was
+  int borrowed_ = 0;  ///< 0: none
+  QString chosen_;    ///< caption of the port that was checked, "" as long as none was
 };
 
 }  // namespace orvane::editor

@@ -12,6 +12,7 @@
 #include "files/receipt_text.h"
 #include "files/settings_file.h"
 #include "link/port_name.h"
+#include "link/radio_program.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -69,10 +70,14 @@ void TransferCommands::Read() {
   Exec(dialog);
   if (dialog.Job().Programs()) return;  // the radio was put right instead
   if (!dialog.DataMoved()) return;
+  // Nobody shall take what a simulated radio held for his own.
+  const bool simulated =
+      link::IsSimulatedRadio(link::LabelOfPort(services_.ports, host_.PortNumber()));
+  const std::string from = simulated ? " from the simulated radio" : "";
   document_.Replace(std::string(core::kReadFromRadio),
                     {.data = std::move(dialog.Job().data),
                      .origin = document::Origin::kRead,
-                     .time = services_.clock.TimeOfDay()},
+                     .time = services_.clock.TimeOfDay() + from},
                     false);
   host_.KeepBackup(document_.Data(), files::kOriginRead, {});
   document_.ForgetChange();

@@ -2,6 +2,7 @@
 #include "core/messages.h"
 #include "editor/transfer_dialog.h"
 #include "image/codec.h"
+#include "link/radio_program.h"
 #include "link/transfer_plan.h"
 #include "platform/ansi_text.h"
 
@@ -51,6 +52,7 @@ void TransferDialog::ShowFacts() {
 }
 
 void TransferDialog::ShowSubject() {
+  const bool simulated = link::IsSimulatedRadio(port_);
   const bool mixed = marks_.At(port_.name).has_value();
   if (job_.only_looks) {
     return facts_->ShowSubject({}, tr("Nothing is changed, neither here nor in the radio."));
@@ -58,14 +60,17 @@ void TransferDialog::ShowSubject() {
   if (!job_.Programs()) {
     QString text = tr("This replaces what is on the screen; Undo brings it back.");
     if (mixed) text += tr(" What comes in is mixed, partly of before and partly new.");
+    if (simulated) text += tr(" It comes from the simulated radio, not from yours.");
     return facts_->ShowSubject({}, text);
   }
   const core::RadioData& sent = job_.data;
   facts_->ShowSubject(
-      tr("To the radio: %1, model %2, destination %3")
+      (simulated ? tr("To the simulated radio: %1, model %2, destination %3")
+                 : tr("To the radio: %1, model %2, destination %3"))
           .arg(platform::FromUtf8(job_.what), platform::FromAnsi(image::ModelName(sent)),
                platform::FromUtf8(core::BuiltInDestination(image::Sel1(sent.Image)))),
-      tr("This replaces what the radio holds."));
+      simulated ? tr("This replaces what the simulated radio holds. No real radio is written.")
+                : tr("This replaces what the radio holds."));
 }
 
 void TransferDialog::ShowOptions() {

@@ -11,6 +11,7 @@
 #include "help/help_opener.h"
 #include "link/doctor.h"
 #include "link/port_list.h"
+#include "link/radio_process.h"
 #include "link/serial_port.h"
 #include "platform/file_dialogs.h"
 #include "platform/interrupts.h"
@@ -43,6 +44,8 @@ struct WindowServices {
   std::string data_folder;           ///< destination templates and logo
   /// Null: the system tells nothing about serial ports beside their list.
   link::DeviceFacts* devices = nullptr;
+  /// Null: there is no simulated radio to try.
+  link::RadioProcess* radio = nullptr;
 };
 
 }  // namespace orvane::editor

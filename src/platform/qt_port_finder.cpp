@@ -10,6 +10,7 @@
 
 #include "link/port_links.h"
 #include "link/port_name.h"
+#include "link/radio_program.h"
 #include "platform/ansi_text.h"
 #include "platform/system_devices.h"
 
@@ -64,7 +65,8 @@ std::vector<link::FoundPort> MachineDevices() {
 
 // What a linked device is called that the system does not list.
 std::string LinkedDescription(const std::string& device) {
-  return device.starts_with("/dev/pts/") ? "Simulated radio" : "Serial port " + device;
+  if (device.starts_with("/dev/pts/")) return std::string(link::kSimulatedRadio);
+  return "Serial port " + device;
 }
 
 std::vector<link::PinnedPort> ReadLinks(const std::string& folder) {

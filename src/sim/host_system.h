@@ -42,14 +42,20 @@ class PortRegistration {
   /// Names the device COMn; "" or a sentence why it cannot. A name that a dead radio has left
   /// behind is taken over; one that something else owns is not touched.
   [[nodiscard]] virtual std::string Register(const std::string& device) = 0;
+  /// The number n, once the device has been named.
+  [[nodiscard]] virtual int Number() const = 0;
   /// The device is gone; the number stays reserved while this object lives.
   virtual void Withdraw() = 0;
 };
 
-[[nodiscard]] std::unique_ptr<Terminal> MakeTerminal();
-/// Withdraws when it is destroyed.
+/// What the terminal takes for the wish to stop, beside the system's signals.
+enum class StopsAt { kSignals, kEndOfInput };
+[[nodiscard]] std::unique_ptr<Terminal> MakeTerminal(StopsAt stop);
+/// Under the first of the numbers that is free. One of several counts as free only when nothing is
+/// pinned to it, be it a device that is not plugged in; one that is given alone also when what it
+/// is pinned to is not there. Withdraws when it is destroyed.
 [[nodiscard]] std::unique_ptr<PortRegistration> MakePortRegistration(std::string folder,
-                                                                     int number);
+                                                                     std::vector<int> numbers);
 
 /// The whole file. An error with number kNoSuchFile when there is none.
 inline constexpr int kNoSuchFile = 2;

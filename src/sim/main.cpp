@@ -59,9 +59,10 @@ int RunRadio(const Options& options) {
   link::FaultPlan faults(options.faults);
   faults.Scatter(options.seed, options.fault_percent);
   link::SimulatedRadio radio(contents.memory, std::move(faults));
-  const std::unique_ptr<Terminal> terminal = MakeTerminal();
+  const std::unique_ptr<Terminal> terminal =
+      MakeTerminal(options.until_input_ends ? StopsAt::kEndOfInput : StopsAt::kSignals);
   const std::unique_ptr<PortRegistration> registration =
-      MakePortRegistration(link::PortsFolder(config_root), options.port);
+      MakePortRegistration(link::PortsFolder(config_root), options.ports);
 
   RadioHost::Services services{*terminal, *registration, {}, std::cout, std::cerr, {}};
   if (!options.keep.empty()) {
@@ -81,7 +82,7 @@ int RunRadio(const Options& options) {
   } else if (!options.quiet) {
     services.log = [](const std::string& line) { std::cout << line << std::endl; };
   }
-  RadioHost host(radio, {options.port, options.baud, options.replug_seconds}, services);
+  RadioHost host(radio, {options.baud, options.replug_seconds}, services);
   return host.Run();
 }
 

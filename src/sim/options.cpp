@@ -8,6 +8,7 @@
 #include "core/model_profile.h"
 #include "core/number_text.h"
 #include "link/port_name.h"
+#include "link/radio_program.h"
 
 namespace orvane::sim {
 namespace {
@@ -61,8 +62,8 @@ CLI::Validator AFault() {
 
 /// Numbers are read as text and converted with the program's own rules.
 struct Texts {
-  std::string model, port, baud, percent, replug;
-  std::vector<std::string> faults;
+  std::string model, baud, percent, replug;
+  std::vector<std::string> ports, faults;
 };
 
 void Declare(CLI::App& app, Options& options, Texts& texts) {
@@ -71,12 +72,16 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.get_formatter()->column_width(20);
   app.add_option("IMAGE", options.image, "Image file with the radio's memory (default: a sample)")
       ->type_name("");
-  app.add_option("--model", texts.model,
+  app.add_option(std::string(link::kModelOption), texts.model,
                  "Model: " + Models() + "\n(default: the image's own, or 5)")
       ->check(NumberFrom(0, last_model, true))
       ->type_name("M");
-  app.add_option("--port", texts.port, "Port number 1 to 16 (default 16)")
+  app.add_option(std::string(link::kPortOption), texts.ports,
+                 "Port number 1 to 16 (default 16); of several, with commas\nbetween them, the "
+                 "first that is free")
       ->check(NumberFrom(link::kFirstPortNumber, link::kLastPortNumber, true))
+      ->delimiter(link::kBetweenPorts)
+      ->allow_extra_args(false)
       ->type_name("N");
   app.add_option("--baud", texts.baud,
                  "Speed of the wire (default 9600, the radio's own);\n0: bytes take no time")
@@ -89,7 +94,8 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.add_option("--log", options.log,
                  "File for one line about each exchange\n(default: standard output)")
       ->type_name("FILE");
-  app.add_flag("--quiet", options.quiet, "No lines about exchanges on standard output");
+  app.add_flag(std::string(link::kQuietOption), options.quiet,
+               "No lines about exchanges on standard output");
   app.add_option("--fault", texts.faults, "A fault and its place, see below; may be repeated")
       ->check(AFault())
       ->allow_extra_args(false)
@@ -104,12 +110,17 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.add_option("--replug", texts.replug, "Seconds until a pulled plug is put back (default 3)")
       ->check(NumberFrom(0, kLongestUnplugged))
       ->type_name("S");
+  app.add_flag(std::string(link::kUntilInputEndsOption), options.until_input_ends,
+               "End when standard input ends: with the program that\nstarted this one");
   app.footer(FaultHelp());
 }
 
 void Convert(const Texts& texts, Options& options) {
   if (!texts.model.empty()) options.model = core::ParseInt16(texts.model);
-  options.port = core::ParseInt16(texts.port).value_or(static_cast<std::int16_t>(options.port));
+  if (!texts.ports.empty()) options.ports.clear();
+  for (const std::string& port : texts.ports) {
+    if (const auto number = core::ParseInt16(port)) options.ports.push_back(*number);
+  }
   options.baud = core::ParseNumber(texts.baud).value_or(options.baud);
   options.fault_percent = core::ParseNumber(texts.percent).value_or(options.fault_percent);
   options.replug_seconds = core::ParseNumber(texts.replug).value_or(options.replug_seconds);

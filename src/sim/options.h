@@ -14,7 +14,7 @@ namespace orvane::sim {
 struct Options {
   std::string image;                  ///< file whose bytes the radio holds; "" for a sample radio
   std::optional<std::int16_t> model;  ///< MODELTYPE; the image's own when not given
-  int port = 16;                      ///< 1..16
+  std::vector<int> ports{16};         ///< 1..16; the first that is free
   double baud = 9600;                 ///< 0: bytes take no time
   std::string keep;                   ///< file the memory is kept in; "" for none
   std::string log;                    ///< "" for standard output
@@ -23,6 +23,7 @@ struct Options {
   double fault_percent = 0;
   std::uint64_t seed = 1;
   double replug_seconds = 3;
+  bool until_input_ends = false;  ///< else until a signal
 };
 
 /// The options of the command line's words, or the exit status when there is nothing to do: help

@@ -20,8 +20,12 @@ namespace fs = std::filesystem;
 /// the device the link was made for; the lock ends with the process, whatever ends it.
 class LinkRegistration final : public PortRegistration {
  public:
-  LinkRegistration(fs::path folder, int number)
+  enum class Pinned { kToNothingIsFree, kIsTaken };
+
+  LinkRegistration(fs::path folder, int number, Pinned pinned)
       : folder_(std::move(folder)),
+        number_(number),
+        pinned_(pinned),
         name_(link::PortName(number)),
         link_(folder_ / name_),
         lock_path_(folder_ / ("." + name_ + ".lock")) {}
@@ -48,6 +52,8 @@ class LinkRegistration final : public PortRegistration {
     device_ = device;
     return {};
   }
+
+  [[nodiscard]] int Number() const override { return number_; }
 
   void Withdraw() override {
     std::error_code error;
@@ -93,8 +99,8 @@ class LinkRegistration final : public PortRegistration {
     const fs::file_status status = fs::symlink_status(link_, error);
     if (!fs::exists(status)) return {};
     const fs::path target = fs::read_symlink(link_, error);
-    const bool leftover =
-        fs::is_symlink(status) && (target == ReadLock() || !fs::exists(target, error));
+    const bool leads_nowhere = pinned_ == Pinned::kToNothingIsFree && !fs::exists(target, error);
+    const bool leftover = fs::is_symlink(status) && (target == ReadLock() || leads_nowhere);
     if (!leftover) {
       return name_ + " is pinned to " + (target.empty() ? link_ : target).string() +
              "; choose another number with --port or remove " + link_.string();
@@ -115,6 +121,8 @@ class LinkRegistration final : public PortRegistration {
   }
 
   fs::path folder_;
+  int number_;
+  Pinned pinned_;
   std::string name_;
   fs::path link_;
   fs::path lock_path_;
@@ -122,10 +130,47 @@ class LinkRegistration final : public PortRegistration {
   std::string device_;  ///< "" while nothing is registered
 };
 
+/// The first of several numbers that can be had; it stays the one.
+class FirstFreeRegistration final : public PortRegistration {
+ public:
+  FirstFreeRegistration(fs::path folder, std::vector<int> numbers)
+      : folder_(std::move(folder)), numbers_(std::move(numbers)) {}
+
+  [[nodiscard]] std::string Register(const std::string& device) override {
+    if (taken_ != nullptr) return taken_->Register(device);
+    std::string reason = "there is no number to choose from";
+    for (const int number : numbers_) {
+      auto one =
+          std::make_unique<LinkRegistration>(folder_, number, LinkRegistration::Pinned::kIsTaken);
+      reason = one->Register(device);
+      if (!reason.empty()) continue;
+      taken_ = std::move(one);
+      break;
+    }
+    return reason;
+  }
+
+  [[nodiscard]] int Number() const override { return taken_ == nullptr ? 0 : taken_->Number(); }
+
+  void Withdraw() override {
+    if (taken_ != nullptr) taken_->Withdraw();
+  }
+
+ private:
+  fs::path folder_;
+  std::vector<int> numbers_;
+  std::unique_ptr<LinkRegistration> taken_;
+};
+
 }  // namespace
 
-std::unique_ptr<PortRegistration> MakePortRegistration(std::string folder, int number) {
-  return std::make_unique<LinkRegistration>(std::move(folder), number);
+std::unique_ptr<PortRegistration> MakePortRegistration(std::string folder,
+                                                       std::vector<int> numbers) {
+  if (numbers.size() == 1) {
+    return std::make_unique<LinkRegistration>(std::move(folder), numbers.front(),
+                                              LinkRegistration::Pinned::kToNothingIsFree);
+  }
+  return std::make_unique<FirstFreeRegistration>(std::move(folder), std::move(numbers));
 }
 
 }  // namespace orvane::sim

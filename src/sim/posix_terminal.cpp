@@ -41,7 +41,8 @@ sigset_t StopSignals() {
 /// set up, and alive, while no other program has it open.
 class PosixTerminal final : public Terminal {
  public:
-  PosixTerminal() {
+  explicit PosixTerminal(StopsAt stops_at)
+      : input_(stops_at == StopsAt::kEndOfInput ? STDIN_FILENO : kNone) {
     struct sigaction ignore = {};
     ignore.sa_handler = IgnoreSignal;
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaction(number, &ignore, nullptr);
@@ -125,9 +126,11 @@ class PosixTerminal final : public Terminal {
       left.tv_sec = static_cast<time_t>(seconds);
       left.tv_nsec = static_cast<long>((seconds - std::floor(seconds)) * 1e9);
     }
-    pollfd entry = {.fd = radio_end_, .events = POLLIN, .revents = 0};
-    const int ready = ppoll(&entry, 1, until ? &left : nullptr, &sleeping_mask_);
-    return ready >= 0 || errno != EINTR;
+    std::array<pollfd, 2> ends = {{{.fd = radio_end_, .events = POLLIN, .revents = 0},
+                                   {.fd = input_, .events = POLLIN, .revents = 0}}};
+    const int ready = ppoll(ends.data(), ends.size(), until ? &left : nullptr, &sleeping_mask_);
+    if (ready < 0) return errno != EINTR;
+    return ends[1].revents == 0 || HasInput();
   }
 
  private:
@@ -138,12 +141,21 @@ class PosixTerminal final : public Terminal {
     ioctl(pc_end_, TIOCNXCL);
   }
 
+  // What is typed means nothing here.
+  [[nodiscard]] bool HasInput() const {
+    std::array<char, 256> passed_over{};
+    return read(input_, passed_over.data(), passed_over.size()) > 0;
+  }
+
   std::optional<core::SystemError> Fail() {
     const core::SystemError error = LastError();
     HangUp();
     return error;
   }
 
+  static constexpr int kNone = -1;  ///< poll passes over it
+
+  const int input_;
   int radio_end_ = -1;
   int pc_end_ = -1;
   std::string device_;
@@ -152,8 +164,8 @@ class PosixTerminal final : public Terminal {
 
 }  // namespace
 
-std::unique_ptr<Terminal> MakeTerminal() {
-  return std::make_unique<PosixTerminal>();
+std::unique_ptr<Terminal> MakeTerminal(StopsAt stop) {
+  return std::make_unique<PosixTerminal>(stop);
 }
 
 }  // namespace orvane::sim

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "link/port_name.h"
+#include "link/radio_program.h"
 
 namespace orvane::sim {
 
@@ -48,7 +49,7 @@ bool RadioHost::PutPlugIn() {
     return false;
   }
   radio_.PlugIn();
-  services_.out << link::PortName(settings_.port) << " is " << device << std::endl;
+  services_.out << link::RadioReadyLine(services_.registration.Number(), device) << std::endl;
   return true;
 }
 
@@ -75,7 +76,7 @@ void RadioHost::DeliverToPc() {
 void RadioHost::PullPlug() {
   services_.registration.Withdraw();
   services_.terminal.HangUp();
-  services_.out << link::PortName(settings_.port) << " is unplugged" << std::endl;
+  services_.out << link::PortName(services_.registration.Number()) << " is unplugged" << std::endl;
   replug_at_ = services_.terminal.Now() + settings_.replug_seconds;
 }
 

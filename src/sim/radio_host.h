@@ -13,7 +13,6 @@
 namespace orvane::sim {
 
 struct HostSettings {
-  int port = 16;
   double baud = 9600;
   double replug_seconds = 3;  ///< until a pulled plug is put back
 };

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "support/fakes.h"
 
 namespace orvane::core {
@@ -16,6 +18,7 @@ TEST(StartWords, AreReadInEitherLetterCaseAndTheOthersNamed) {
     std::vector<std::string> unknown;
     std::string file{};
     std::vector<std::string> refused{};
+    bool read = false, simulated_radio = false;
   } cases[] = {
       {{}, false, false, false, {}},
       {{"my boat.dat", "/d"}, true, false, false, {}, "my boat.dat"},
@@ -25,6 +28,8 @@ TEST(StartWords, AreReadInEitherLetterCaseAndTheOthersNamed) {
       {{"--HELP", "/D"}, true, true, false, {}},
       {{"-h"}, false, true, false, {}},
       {{"--version"}, false, false, true, {}},
+      {{"--read", "a"}, false, false, false, {}, "a", {}, true},
+      {{"--Simulated-Radio", "--reads"}, false, false, false, {"--reads"}, "", {}, false, true},
   };
   for (const auto& c : cases) {
     const StartWords read = ReadStartWords(c.words);
@@ -34,6 +39,8 @@ TEST(StartWords, AreReadInEitherLetterCaseAndTheOthersNamed) {
     EXPECT_EQ(read.unknown, c.unknown);
     EXPECT_EQ(read.file, c.file);
     EXPECT_EQ(read.refused, c.refused);
+    EXPECT_EQ(read.read, c.read);
+    EXPECT_EQ(read.simulated_radio, c.simulated_radio);
   }
 }
 
@@ -44,6 +51,24 @@ TEST(AppSettings, EmptyStoreGivesTheDefaults) {
   EXPECT_EQ(settings.ModelType(), 5);
   EXPECT_EQ(settings.Destination(4), "KT740-usa");
   EXPECT_FALSE(settings.MainWindow());
+}
+
+TEST(AppSettings, EachValueThatWasKeptShowsThatThereWasARunBefore) {
+  const std::function<void(AppSettings&)> keeps[] = {
+      [](AppSettings& settings) { settings.SetPortNumber(1); },
+      [](AppSettings& settings) { settings.SetModelType(5); },
+      [](AppSettings& settings) { settings.AddRecentFile("a"); },
+      [](AppSettings& settings) { settings.SetKeepsCopyFirst(true); },
+      [](AppSettings& settings) { settings.SetReadsBack(true); },
+      [](AppSettings& settings) { settings.SetMainWindow({}); },
+  };
+  for (const auto& keep : keeps) {
+    testing::MemorySettings store;
+    AppSettings settings(store);
+    EXPECT_FALSE(settings.WereKept());
+    keep(settings);
+    EXPECT_TRUE(settings.WereKept()) << &keep - keeps;
+  }
 }
 
 TEST(AppSettings, KeepsTheLastTenFilesOnceEach) {

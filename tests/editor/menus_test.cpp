@@ -136,12 +136,14 @@ class MenusTest : public QObject {
     core::AppSettings(desk.settings).SetPortNumber(3);
     desk.Start();
     QCOMPARE(desk.window->PortNumber(), 3);
-    QCOMPARE(Captions(desk, kPorts), QStringList({"(not exist)", "&Find my Cable..."}));
+    const QStringList after_ports = {"&Find my Cable...", "&Try the Simulated Radio",
+                                     "&End the Simulated Radio"};
+    QCOMPARE(Captions(desk, kPorts), QStringList("(not exist)") + after_ports);
     desk.ports.Add(12, "USB & Serial");
     desk.ports.Add(2, "Communications Port");
     emit desk.Find<QMenu>(kPorts)->aboutToShow();
-    QCOMPARE(Captions(desk, kPorts), QStringList({"COM2 Communications Port ",
-                                                  "COM12 USB && Serial ", "&Find my Cable..."}));
+    QCOMPARE(Captions(desk, kPorts),
+             QStringList({"COM2 Communications Port ", "COM12 USB && Serial "}) + after_ports);
     desk.Item("mnuOptionsSerialPort1_1").trigger();
     QCOMPARE(Captions(desk, kPorts, true), QStringList({"COM12 USB && Serial "}));
     QCOMPARE(core::AppSettings(desk.settings).PortNumber(), 12);

@@ -143,6 +143,7 @@ struct WindowDesk : ArrangedDocument {
   MemoryRecovery recovery;
   platform::Interrupts* interrupts = nullptr;
   ScriptedDevices devices;
+  link::RadioProcess* radio_process = nullptr;
   std::function<std::unique_ptr<link::SerialPort>(int)> make_port;
   core::Clock* used_clock = &clock;
   core::EventPump* used_pump = &pump;
@@ -169,7 +170,8 @@ struct WindowDesk : ArrangedDocument {
             user_folder + "/previous",
             user_folder + "/marks",
             "/share",
-            &devices};
+            &devices,
+            radio_process};
   }
 
   /// Shows the window and lets its start come to an end.

@@ -66,6 +66,7 @@ class FakeRegistration : public PortRegistration {
     registered = true;
     return {};
   }
+  [[nodiscard]] int Number() const override { return 16; }
   void Withdraw() override { registered = false; }
 
   bool refuse = false;
@@ -77,7 +78,7 @@ struct Bench {
   int Run(std::vector<link::Fault> faults = {}, double baud = 0) {
     radio.SetFaults(link::FaultPlan(std::move(faults)));
     RadioHost host(
-        radio, {16, baud, 3},
+        radio, {baud, 3},
         {terminal, registration, [this](const std::string& line) { log.push_back(line); }, out, err,
          [this](std::span<const std::uint8_t> memory) {
            saved.emplace_back(terminal.now, memory[0x42]);

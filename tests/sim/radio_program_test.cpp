@@ -34,6 +34,7 @@ TEST(RadioOptions, WrongWordsAreToldWithWhatWouldBeRight) {
       {"--port 17", "1 to 16"},
       {"--port 0", "1 to 16"},
       {"--port 1.5", "1 to 16"},
+      {"--port 15,17", "1 to 16"},
       {"--model 7", "0 to 6"},
       {"--baud -1", "0 to 4000000"},
       {"--baud nan", "0 to 4000000"},
@@ -59,14 +60,16 @@ TEST(RadioOptions, WrongWordsAreToldWithWhatWouldBeRight) {
 TEST(RadioOptions, AreReadFromTheCommandLine) {
   std::ostringstream out, err;
   const ParsedOptions parsed = ParseOptions(
-      Words("boat.hex --model 3 --port 2 --baud 0 --keep k --log l --quiet --fault busy@status:1 "
+      Words("boat.hex --until-input-ends --model 3 --port 2,11,7 --baud 0 --keep k --log l --quiet "
+            "--fault busy@status:1 "
             "--fault unplug@9=4 --faults 2.5 --seed 18446744073709551615 --replug 0.5"),
       out, err);
   ASSERT_TRUE(parsed.options) << err.str();
   const Options& options = *parsed.options;
   EXPECT_EQ(options.image, "boat.hex");
   EXPECT_EQ(options.model, 3);
-  EXPECT_EQ(options.port, 2);
+  EXPECT_EQ(options.ports, (std::vector<int>{2, 11, 7}));
+  EXPECT_TRUE(options.until_input_ends);
   EXPECT_EQ(options.baud, 0);
   EXPECT_EQ(options.keep, "k");
   EXPECT_EQ(options.log, "l");
@@ -147,7 +150,10 @@ class PortFolder : public ::testing::Test {
 
  protected:
   [[nodiscard]] std::unique_ptr<PortRegistration> Radio(int number) const {
-    return MakePortRegistration((folder_ / "ports").string(), number);
+    return RadioAtOneOf({number});
+  }
+  [[nodiscard]] std::unique_ptr<PortRegistration> RadioAtOneOf(std::vector<int> numbers) const {
+    return MakePortRegistration((folder_ / "ports").string(), std::move(numbers));
   }
   [[nodiscard]] fs::path Link(const std::string& name) const { return folder_ / "ports" / name; }
 
@@ -179,6 +185,24 @@ TEST_F(PortFolder, WhatAKilledRadioLeftIsTakenOver) {
   EXPECT_EQ(Radio(16)->Register("/dev/zero"), "");
   fs::create_symlink("/dev/no-such-device", Link("COM16"));
   EXPECT_EQ(Radio(16)->Register("/dev/zero"), "");
+}
+
+// 16 has a running radio, 15 is a user's own whose adapter is not plugged in, 14 was left behind.
+TEST_F(PortFolder, OfSeveralNumbersTheFirstThatNobodyHasIsTakenAndKept) {
+  const auto running = Radio(16);
+  ASSERT_EQ(running->Register("/dev/null"), "");
+  fs::create_symlink("/dev/no-such-device", Link("COM15"));
+  fs::create_symlink("/dev/null", Link("COM14"));
+  std::ofstream(Link(".COM14.lock")) << "/dev/null";
+  const auto radio = RadioAtOneOf({16, 15, 14, 13});
+  EXPECT_EQ(radio->Register("/dev/zero"), "");
+  EXPECT_EQ(radio->Number(), 14);
+  EXPECT_EQ(fs::read_symlink(Link("COM15")), "/dev/no-such-device");
+  radio->Withdraw();
+  EXPECT_FALSE(fs::exists(fs::symlink_status(Link("COM14"))));
+  EXPECT_EQ(radio->Register("/dev/full"), "") << "plugged in again";
+  EXPECT_EQ(fs::read_symlink(Link("COM14")), "/dev/full");
+  EXPECT_NE(RadioAtOneOf({16, 15, 14})->Register("/dev/zero"), "");
 }
 
 TEST_F(PortFolder, AUsersOwnLinkIsNotTouched) {
