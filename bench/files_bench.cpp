@@ -1,11 +1,14 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
+#include <string>
+#include <vector>
 
 #include "bench_data.h"
 #include "files/printed_pages.h"
 #include "files/settings_file.h"
 #include "files/snapshot.h"
+#include "files/table_file.h"
 #include "files/text_report.h"
 
 namespace orvane::bench {
@@ -74,6 +77,49 @@ void ReadSnapshotHeading(benchmark::State& state) {
   }
 }
 BENCHMARK(ReadSnapshotHeading)->Unit(benchmark::kMicrosecond);
+
+std::vector<std::uint8_t> MarineTables() {
+  std::vector<std::uint8_t> tables;
+  for (const std::uint8_t table : files::TextTables(core::ProfileOf(kModel))) {
+    if (core::Catalogue()[table].kind == core::TableKind::kMarine) tables.push_back(table);
+  }
+  return tables;
+}
+
+void ExportTables(benchmark::State& state) {
+  const core::RadioData data = UsedRadio();
+  for (auto _ : state) {
+    for (const std::uint8_t table : MarineTables()) {
+      benchmark::DoNotOptimize(files::TableText(data, table).size());
+    }
+  }
+}
+BENCHMARK(ExportTables)->Unit(benchmark::kMillisecond);
+
+// 720 channels, each of which gets another name and is enabled.
+void ImportTables(benchmark::State& state) {
+  const core::RadioData data = UsedRadio();
+  core::RadioData changed = data;
+  std::vector<std::string> texts;
+  for (core::MarineTable& table : changed.Marine) {
+    for (core::ChannelRecord& channel : table) {
+      channel.ChTag = "BERTH " + std::to_string(channel.Position);
+      channel.Enable = true;
+    }
+  }
+  for (const std::uint8_t table : MarineTables()) texts.push_back(files::TableText(changed, table));
+  std::size_t bytes = 0;
+  for (const std::string& text : texts) bytes += text.size();
+  state.counters["bytes"] = static_cast<double>(bytes);
+  for (auto _ : state) {
+    std::size_t text = 0;
+    for (const std::uint8_t table : MarineTables()) {
+      const files::ImportPlan plan = files::PlanImport(texts[text++], table, data, kToday);
+      if (plan.Count(files::ImportPlan::Verdict::kChanges) != core::kMarineChannels) std::abort();
+    }
+  }
+}
+BENCHMARK(ImportTables)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace orvane::bench

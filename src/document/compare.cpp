@@ -1,6 +1,7 @@
 #include "document/compare.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <set>
 #include <tuple>
@@ -59,12 +60,14 @@ class Taking {
     if (known_.insert({at.table, at.entry, at.field}).second) wanted_.push_back({at, {}});
   }
 
-  void Run() {
+  /// What a rule drags along is put back where both were equal before, or follows.
+  enum class DraggedAlong : std::uint8_t { kPutBack, kFollows };
+  void Run(DraggedAlong dragged_along) {
     // Two fields that exclude each other push each other out without end.
     constexpr int kRounds = 6;
     for (int round = 0; round < kRounds; ++round) {
       const bool moved = SetAll();
-      const bool more = WantDraggedAlong();
+      const bool more = dragged_along == DraggedAlong::kPutBack && WantDraggedAlong();
       if (!moved && !more) return;
     }
   }
@@ -193,7 +196,15 @@ std::vector<TakeOverRefusal> TakeOver(RadioData& data, const RadioData& theirs,
     }
   }
   if (image::Sel1(data.Image) != sel1) image::CopyPlanSelection(data);
-  taking.Run();
+  taking.Run(Taking::DraggedAlong::kPutBack);
+  return taking.Refusals();
+}
+
+std::vector<TakeOverRefusal> TakeGiven(RadioData& data, const RadioData& wanted,
+                                       std::span<const FieldRef> given, core::Date today) {
+  Taking taking(data, wanted, today);
+  for (const FieldRef at : given) taking.Want(at);
+  taking.Run(Taking::DraggedAlong::kFollows);
   return taking.Refusals();
 }
 

@@ -79,4 +79,10 @@ struct TakeOverRefusal {
 std::vector<TakeOverRefusal> TakeOver(core::RadioData& data, const core::RadioData& theirs,
                                       std::span<const Difference> chosen, core::Date today);
 
+/// Body of an import: the given fields become as in `wanted`, each by the rule of SetField; of them
+/// also those that are so already stay so. What is not given follows the rules. All that is not
+/// refused has been taken. REQUIRES: data sets of one model.
+std::vector<TakeOverRefusal> TakeGiven(core::RadioData& data, const core::RadioData& wanted,
+                                       std::span<const core::FieldRef> given, core::Date today);
+
 }  // namespace orvane::document

@@ -95,6 +95,8 @@ struct Missing {
 /// of whose kind an EXP/LMR channel becomes when it is switched on.
 [[nodiscard]] std::string SetField(core::RadioData& data, ChannelPlace place, const char* member,
                                    std::string_view text, core::Date today);
+/// The value as SetField keeps it: channel names and displays in capitals.
+[[nodiscard]] core::Value AsKept(core::FieldRef at, core::Value value);
 /// The place of a channel field; an EXP/LMR channel stands under the heading of its kind. Nothing
 /// for a field of another table and for weather channels.
 [[nodiscard]] std::optional<ChannelPlace> PlaceOf(const core::RadioData& data, core::FieldRef at);

@@ -108,17 +108,6 @@ std::string SetChannelField(const Setting& setting) {
   return {};
 }
 
-// Names and displays are kept in capitals.
-Value AsKept(const core::Field& field, Value value) {
-  const bool capitals = core::IsMember<&ChannelRecord::ChTag>(field) ||
-                        core::IsMember<&ChannelRecord::CHDisplayL>(field) ||
-                        core::IsMember<&ChannelRecord::CHDisplayR>(field);
-  if (auto* text = std::get_if<std::string>(&value); text != nullptr && capitals) {
-    *text = core::UpperCase(*text);
-  }
-  return value;
-}
-
 std::string SetFieldAt(core::RadioData& data, std::optional<ChannelPlace> place, core::FieldRef at,
                        std::string_view text, core::Date today) {
   const core::Field& field = core::FieldOf(at);
@@ -129,7 +118,7 @@ std::string SetFieldAt(core::RadioData& data, std::optional<ChannelPlace> place,
   if (field.derived) return "It follows from other data and cannot be set.";
   const std::optional<Value> parsed = field.notation->parse(text);
   if (!parsed) return "It must be " + std::string(field.notation->expects) + ".";
-  const Value value = AsKept(field, *parsed);
+  const Value value = AsKept(at, *parsed);
   std::string refusal = core::RefusalOf(profile, at, value);
   if (!refusal.empty()) return refusal;
   if (place) return SetChannelField({data, *place, at, value, today});
@@ -158,6 +147,17 @@ std::optional<ChannelPlace> PlaceOf(const core::RadioData& data, core::FieldRef 
     }
   }
   return {};
+}
+
+Value AsKept(core::FieldRef at, Value value) {
+  const core::Field& field = core::FieldOf(at);
+  const bool capitals = core::IsMember<&ChannelRecord::ChTag>(field) ||
+                        core::IsMember<&ChannelRecord::CHDisplayL>(field) ||
+                        core::IsMember<&ChannelRecord::CHDisplayR>(field);
+  if (auto* text = std::get_if<std::string>(&value); text != nullptr && capitals) {
+    *text = core::UpperCase(*text);
+  }
+  return value;
 }
 
 std::string SetField(core::RadioData& data, core::FieldRef at, std::string_view text,

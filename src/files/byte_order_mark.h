@@ -11,4 +11,8 @@ namespace orvane::files {
 /// has no mark. Never fails: what is no character becomes "?".
 [[nodiscard]] std::optional<std::string> WithoutByteOrderMark(std::string_view bytes);
 
+/// Any text as UTF-8 without a mark: as its mark says; without one it is UTF-8 if it can be, else
+/// Windows-1252.
+[[nodiscard]] std::string AsUtf8(std::string_view bytes);
+
 }  // namespace orvane::files
