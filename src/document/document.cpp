@@ -51,9 +51,7 @@ std::vector<core::Change> Document::TakeOver(const Body& edit) {
 }
 
 bool Document::Edit(std::string name, const Body& edit) {
-  const bool changed = Adjust(std::move(name), edit);
-  if (changed) changed_ = true;
-  return changed;
+  return Do({.name = std::move(name), .changes = {}, .other = nullptr}, edit);
 }
 
 bool Document::Edit(core::FieldRef at, const Body& edit, Manner manner) {
@@ -69,14 +67,21 @@ bool Document::Edit(core::FieldRef at, const Body& edit, Manner manner) {
 }
 
 bool Document::Adjust(std::string name, const Body& edit, bool saved) {
+  return Do({.name = std::move(name),
+             .changes = {},
+             .other = nullptr,
+             .by_program = true,
+             .saved_after = saved},
+            edit);
+}
+
+bool Document::Do(Step step, const Body& edit) {
   typing_.reset();
   const std::vector<core::Change> changes = TakeOver(edit);
   if (changes.empty()) return false;
-  Record({.name = std::move(name),
-          .changes = changes,
-          .other = nullptr,
-          .by_program = true,
-          .saved_after = saved});
+  if (!step.by_program) changed_ = true;
+  step.changes = changes;
+  Record(std::move(step));
   TellChanged(changes);
   return true;
 }

@@ -147,6 +147,8 @@ class Document {
   /// The changes that the edit made, taken over; empty when it made none.
   std::vector<core::Change> TakeOver(const Body& edit);
   [[nodiscard]] bool JoinStep(core::FieldRef at, std::span<const core::Change> changes);
+  /// The step's changes are those that the edit makes. False when it makes none.
+  bool Do(Step step, const Body& edit);
   void Record(Step step);
   void DropUndone();
   void DropOldest();

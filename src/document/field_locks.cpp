@@ -77,14 +77,14 @@ std::string_view LockByOthers(const Look& at, const core::Field& field) {
   return {};
 }
 
-bool PutsInUse(const core::Field& field) {
-  return core::IsMember<&ChannelRecord::Enable>(field) ||
-         core::IsMember<&ChannelRecord::USA_Group>(field) ||
-         core::IsMember<&ChannelRecord::INT_Group>(field) ||
-         core::IsMember<&ChannelRecord::CAN_Group>(field);
-}
-
 }  // namespace
+
+bool PutsInUse(const char* member) {
+  static constexpr std::array kMembers = {
+      &core::kMemberTag<&ChannelRecord::Enable>, &core::kMemberTag<&ChannelRecord::USA_Group>,
+      &core::kMemberTag<&ChannelRecord::INT_Group>, &core::kMemberTag<&ChannelRecord::CAN_Group>};
+  return std::find(kMembers.begin(), kMembers.end(), member) != kMembers.end();
+}
 
 bool ShowsEnabled(const core::RadioData& data, ChannelPlace place) {
   const ChannelRecord& channel = ChannelAt(data, place);
@@ -96,7 +96,7 @@ bool ShowsEnabled(const core::RadioData& data, ChannelPlace place) {
 
 std::string LockOf(const core::RadioData& data, ChannelPlace place, const core::Field& field,
                    core::Date today) {
-  if (PutsInUse(field)) return {};
+  if (PutsInUse(field.member)) return {};
   if (!ShowsEnabled(data, place)) return "The channel is not in use. Switch it on first.";
   const Look at{data, place, today};
   if (const Given* const given = GivenFor(at, field)) return std::string(given->why);

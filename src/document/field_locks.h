@@ -14,6 +14,9 @@ namespace orvane::document {
 /// group, one of the other heading's kind is not in use here.
 [[nodiscard]] bool ShowsEnabled(const core::RadioData& data, ChannelPlace place);
 
+/// The member decides whether the channel is in use: CH Enable and its groups.
+[[nodiscard]] bool PutsInUse(const char* member);
+
 /// Why the channel's page greys the control of the field, as a sentence; "" when it does not. A
 /// channel that is not in use has nothing to be worked but CH Enable and its groups.
 [[nodiscard]] std::string LockOf(const core::RadioData& data, ChannelPlace place,

@@ -23,6 +23,8 @@ class FieldBox : public QLineEdit {
   /// A locked box is read-only, looks it, and offers no hint.
   void SetLocked(bool locked);
   [[nodiscard]] bool IsLocked() const { return isReadOnly(); }
+  /// Takes back the last thing typed; false when nothing was that is not taken over yet.
+  virtual bool UndoTyping() { return false; }
 
  signals:
   /// The text changed otherwise than by ShowText.

@@ -15,7 +15,17 @@ constexpr const char* kDisplayKeys = core::kDisplayCharacters.data();
 constexpr const char* kFirstPlaceKeys = core::kFirstDisplayCharacters.data();
 constexpr const char* kNameKeys = core::kNameCharacters.data();
 constexpr const char* kDisplayHint = "Indispensable 2 figures.";
+constexpr const char* kDisplayCellHint = "2 figures on the left, up to 2 on the right.";
 constexpr const char* kNameHint = "A maximum of 12 characters";
+
+// Blanks part the halves where the left one is short.
+constexpr auto kDisplayCellKeys = [] {
+  std::array<char, core::kDisplayCharacters.size() + 2> keys{};
+  std::size_t end = 0;
+  for (const char key : core::kDisplayCharacters) keys[end++] = key;
+  keys[end] = ' ';
+  return keys;
+}();
 
 // In the order of Field.
 constexpr std::array kRules = {
@@ -52,6 +62,12 @@ constexpr std::array kRules = {
               .upper_case = true,
               .max_length = core::kNameLength,
               .hint = kNameHint},
+    FieldRule{.control = "txtCell",
+              .allowed = kDisplayCellKeys.data(),
+              .head = kFirstPlaceKeys,
+              .head_length = 1,
+              .max_length = 2 * core::kDisplayLength,
+              .hint = kDisplayCellHint},
 };
 
 bool Contains(const char* characters, QChar c) {

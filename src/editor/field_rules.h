@@ -14,7 +14,8 @@ enum class Field {
   kDisplayLeft,
   kDisplayRight,
   kChannelName,
-  kWeatherName
+  kWeatherName,
+  kDisplayCell  ///< both halves in a cell of a table
 };
 
 /// The value of the text, or nothing when the model does not take it.

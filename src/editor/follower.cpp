@@ -3,8 +3,8 @@
 #include <QScopedValueRollback>
 
 #include "core/model_profile.h"
+#include "editor/field_box.h"
 #include "editor/file_commands.h"
-#include "editor/frequency_box.h"
 #include "image/codec.h"
 #include "platform/ansi_text.h"
 
@@ -29,8 +29,13 @@ void Follower::EditByPage(core::FieldRef at, const document::Document::Body& edi
   document_.Edit(at, edit, manner);
 }
 
+void Follower::EditByPage(const std::string& name, const document::Document::Body& edit) {
+  const QScopedValueRollback<bool> quiet(quiet_, true);
+  document_.Edit(name, edit);
+}
+
 void Follower::Undo() {
-  if (auto* box = qobject_cast<FrequencyBox*>(views_.window.focusWidget())) {
+  if (auto* box = qobject_cast<FieldBox*>(views_.window.focusWidget())) {
     if (box->UndoTyping()) return;
   }
   if (document_.CanUndo()) GoTo(document_.DoneCount() - 1);
@@ -45,6 +50,9 @@ void Follower::GoTo(std::size_t done) {
   if (done == before) return;
   const document::Step& last = document_.Steps()[done < before ? done : done - 1];
   const std::optional<core::FieldRef> at = FieldOf(last);
+  // What was done to many fields at once is undone under the eyes of a user who sees them.
+  const Page* const page = views_.area.Current();
+  const bool stays = !last.at && at && page != nullptr && page->ControlOf(*at) != nullptr;
   {
     const QScopedValueRollback<bool> quiet(quiet_, true);
     replaced_ = false;
@@ -53,7 +61,9 @@ void Follower::GoTo(std::size_t done) {
   if (replaced_) FollowDestination();
   FollowModel();
   views_.tree.Rebuild();
-  if (at) {
+  if (stays) {
+    ShowCurrentPage();
+  } else if (at) {
     ShowField(*at);
   } else {
     ShowCurrentPage();

@@ -45,6 +45,8 @@ class Follower : public QObject, private document::Watcher {
   void EditByPage(core::FieldRef at, const document::Document::Body& edit,
                   document::Document::Manner manner);
 
+  void EditByPage(const std::string& name, const document::Document::Body& edit);
+
   /// The step before, or the one that was taken back last. Input not yet taken over comes first.
   void Undo();
   void Redo();

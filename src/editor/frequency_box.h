@@ -17,8 +17,7 @@ class FrequencyBox : public FieldBox {
   /// Whether the user changed the text since the value was last taken over.
   [[nodiscard]] bool IsEdited() const { return edited_; }
   void SetEdited(bool edited) { edited_ = edited; }
-  /// Takes back the last thing typed; false when nothing was that is not taken over yet.
-  bool UndoTyping();
+  bool UndoTyping() override;
   /// Takes the value over and clears the edited flag, or returns false and shows nothing. Asked
   /// each time an edited box is about to lose the focus.
   void SetAcceptor(std::function<bool()> acceptor) { acceptor_ = std::move(acceptor); }

@@ -179,6 +179,10 @@ void MainWindow::Edit(core::FieldRef at, const document::Document::Body& edit,
   follower_->EditByPage(at, edit, manner);
 }
 
+void MainWindow::EditMany(const std::string& name, const document::Document::Body& edit) {
+  follower_->EditByPage(name, edit);
+}
+
 void MainWindow::DataChanged() {
   document_.NoteChange();
 }

@@ -55,6 +55,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   // PageHost
   void Edit(core::FieldRef at, const document::Document::Body& edit,
             document::Document::Manner manner) override;
+  void EditMany(const std::string& name, const document::Document::Body& edit) override;
   void DataChanged() override;
   void RebuildTree() override;
   void RefreshMarks() override;

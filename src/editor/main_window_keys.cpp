@@ -1,17 +1,19 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include "editor/cell_delegate.h"
 #include "editor/main_window.h"
 
 namespace orvane::editor {
 namespace {
 
-// The controls that act on Enter: the grid jumps to a channel, the history to a step, a problem to
-// its field, the menu bar opens a menu.
+// The controls that act on Enter: the grid jumps to a channel, a cell of it is taken, the history
+// goes to a step, a problem to its field, the menu bar opens a menu.
 bool UsesEnter(const QWidget& target) {
   const QString name = target.objectName();
-  return name == QLatin1String("MSFlexGrid1") || name == QLatin1String("lstHistory") ||
-         name == QLatin1String("lstProblems") || qobject_cast<const QMenuBar*>(&target) != nullptr;
+  return name == QLatin1String("MSFlexGrid1") || name == QLatin1String(kCellEditorName) ||
+         name == QLatin1String("lstHistory") || name == QLatin1String("lstProblems") ||
+         qobject_cast<const QMenuBar*>(&target) != nullptr;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <string>
 
 #include "core/field_ref.h"
 #include "core/radio_data.h"
@@ -20,6 +21,8 @@ class PageHost {
   /// itself.
   virtual void Edit(core::FieldRef at, const document::Document::Body& edit,
                     document::Document::Manner manner) = 0;
+  /// The user set several fields at once, which is one step of that name.
+  virtual void EditMany(const std::string& name, const document::Document::Body& edit) = 0;
   /// The user set something, whether or not anything differs now, or began an input that is taken
   /// over later: sets the data-changed flag.
   virtual void DataChanged() = 0;

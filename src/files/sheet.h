@@ -20,6 +20,7 @@ struct Sheet {
   std::vector<ChannelColumn> columns;
   std::vector<int> numbers;  ///< by row: table index of a marine channel, else 1..40
 
+  [[nodiscard]] bool IsMarine() const { return heading <= document::ChannelPlace::Kind::kCanada; }
   [[nodiscard]] int Rows() const { return static_cast<int>(numbers.size()); }
   [[nodiscard]] int Columns() const { return static_cast<int>(columns.size()); }
   [[nodiscard]] const ChannelColumn& Column(int column) const {

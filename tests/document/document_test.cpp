@@ -222,5 +222,23 @@ TEST(Document, WatchersHearWhatHappened) {
   EXPECT_TRUE(recorder.heard.ends_with("status; status; "));
 }
 
+TEST(EditedFields, AreTheUsersOwnSinceTheDataSetCame) {
+  Document document(Fresh());
+  const auto name_of = [&](std::size_t position) {
+    return core::RefTo<&core::ChannelRecord::ChTag>(document.Data(),
+                                                    document.Data().Marine[0][position]);
+  };
+  const auto rename = [](std::size_t position) {
+    return [=](RadioData& data) { data.Marine[0][position].ChTag += "X"; };
+  };
+  document.Edit("before", rename(31));
+  document.Replace("Open", {.data = document.Data()}, true);
+  Rename(document, "ONE");
+  document.Edit("several at once", rename(33));
+  document.Adjust("by the program", rename(34));
+  EXPECT_EQ(document.EditedFields(), (std::vector<core::FieldRef>{name_of(33), name_of(32)}));
+  EXPECT_TRUE(document.HasChanged());
+}
+
 }  // namespace
 }  // namespace orvane::document

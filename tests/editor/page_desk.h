@@ -28,6 +28,9 @@ class RecordingHost : public editor::PageHost {
             document::Document::Manner manner) override {
     document_.Edit(at, edit, manner);
   }
+  void EditMany(const std::string& name, const document::Document::Body& edit) override {
+    document_.Edit(name, edit);
+  }
   void DataChanged() override { ++changes; }
   void RebuildTree() override { ++rebuilds; }
   void RefreshMarks() override { ++marks; }
