@@ -124,7 +124,6 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   const char* hint = kListHint;
   if (const std::optional<Field> field = FieldOfCell(kind, index.column(), model_)) {
     auto* box = new CellBox(RuleOf(*field), parent);
-    box->setFrame(false);
     connect(box, &FieldBox::Edited, this, &CellDelegate::Begun);
     hint = box->Rule().hint;
     editor_ = box;
@@ -153,6 +152,16 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
   const int item = text.isEmpty() ? 0 : list->findText(text);
   list->ShowItem(item);
   list->setProperty("shown", item);
+}
+
+// A frame needs more height than a row has.
+void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                        const QModelIndex& /*index*/) const {
+  QRect place = option.rect;
+  place.setSize(place.size().expandedTo({place.width(), editor->sizeHint().height()}));
+  place.moveCenter(option.rect.center());
+  if (place.top() < 0) place.moveTop(0);
+  editor->setGeometry(place);
 }
 
 QString CellDelegate::TextOf(const QWidget& editor) {

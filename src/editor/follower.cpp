@@ -61,9 +61,7 @@ void Follower::GoTo(std::size_t done) {
   if (replaced_) FollowDestination();
   FollowModel();
   views_.tree.Rebuild();
-  if (stays) {
-    ShowCurrentPage();
-  } else if (at) {
+  if (at && !stays) {
     ShowField(*at);
   } else {
     ShowCurrentPage();

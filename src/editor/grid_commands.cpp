@@ -216,7 +216,7 @@ bool GridCommands::HasKind(const std::vector<files::Cell>& cells, CellKind kind)
 QString GridCommands::WhyNoEditor() const {
   const QModelIndex current = grid_.currentIndex();
   if (!current.isValid()) return tr("There is no cell.");
-  const QString lock = model_.LockOf(current);
+  QString lock = model_.LockOf(current);
   if (!lock.isEmpty()) return lock;
   return model_.KindOf(current) == CellKind::kSwitch ? tr("[Space] switches this cell.")
                                                      : QString();
