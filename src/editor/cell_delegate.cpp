@@ -95,9 +95,11 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   QStyledItemDelegate::paint(painter, option, index);
   const QVariant state = index.data(Qt::CheckStateRole);
   if (!state.isValid()) return;
+  QStyleOptionViewItem drawn = option;
+  initStyleOption(&drawn, index);
   const bool selected = (option.state & QStyle::State_Selected) != 0;
   const bool checked = state.toInt() == Qt::Checked;
-  QColor colour = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+  QColor colour = drawn.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
   // An empty box steps back, where that leaves it contrast enough.
   if (!checked && !selected) colour.setAlphaF(0.45F);
   DrawPicture(*painter, option.rect, checked, colour);
@@ -154,13 +156,17 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
   list->setProperty("shown", item);
 }
 
-// A frame needs more height than a row has.
+// A frame needs more height than a row has, and a list more width than a tone.
 void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                         const QModelIndex& /*index*/) const {
   QRect place = option.rect;
-  place.setSize(place.size().expandedTo({place.width(), editor->sizeHint().height()}));
+  const QSize needed = editor->sizeHint();
+  const bool list = qobject_cast<const PickBox*>(editor) != nullptr;
+  place.setSize(place.size().expandedTo({list ? needed.width() : 0, needed.height()}));
   place.moveCenter(option.rect.center());
   if (place.top() < 0) place.moveTop(0);
+  const int beyond = place.right() - editor->parentWidget()->width();
+  if (beyond > 0) place.translate(-beyond - 1, 0);
   editor->setGeometry(place);
 }
 

@@ -13,7 +13,7 @@
 namespace orvane::editor {
 namespace {
 
-constexpr QSize kFirstSize(620, 300);
+constexpr QSize kFirstSize(760, 300);
 
 QString Heading(int refused, int rest) {
   const QString stay =
@@ -38,7 +38,6 @@ RefusedCells::RefusedCells(const files::SheetEdit& edit, const QString& title, Q
   list->setObjectName(QStringLiteral("lstRefused"));
   list->setAccessibleName(tr("Cells that stay as they are"));
   list->setRootIsDecorated(false);
-  list->setWordWrap(true);
   list->setHeaderLabels({tr("Cell"), tr("Text"), tr("Reason")});
   for (const files::RefusedCell& refused : edit.refused) {
     auto* item = new QTreeWidgetItem(

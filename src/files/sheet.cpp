@@ -118,11 +118,14 @@ Typed UnderstandNew(const core::RadioData& data, const Sheet& sheet, Cell cell,
   return OnePart(place, field, text);
 }
 
-// Whatever an EXP channel is made of an LMR channel's place, the LMR channel is gone.
+// Making an EXP channel of an LMR channel's place takes the LMR channel away, and the other way
+// round. An empty one is no loss.
 std::string OtherKindsPlace(const core::RadioData& data, ChannelPlace place) {
   if (place.IsMarine()) return {};
   const ChannelRecord& channel = document::ChannelAt(data, place);
-  if (!channel.Enable || core::OfKind(core::ProfileOf(data), channel, place.IsLmr())) return {};
+  if (!channel.Enable || !(channel.Rxfreq > 0) ||
+      core::OfKind(core::ProfileOf(data), channel, place.IsLmr()))
+    return {};
   ChannelPlace other = place;
   other.kind = place.IsLmr() ? Kind::kExp : Kind::kLmr;
   return "The place is used as " + document::ChannelName(data, other) +

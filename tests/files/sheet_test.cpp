@@ -139,6 +139,8 @@ TEST(Sheet, LocksWhatThePageGreys) {
       {"LMR", 20, "CH Name", [](auto&) {}, "The channel is not in use."},
       {"EXP", 1, "CAN", [](auto&) {}, "The place is used as LMR1."},
       {"EXP", 1, "CH Name", [](auto&) {}, "The place is used as LMR1."},
+      {"EXP", 1, "CAN", [](auto& c) { c.Rxfreq = 0; }, ""},
+      {"EXP", 1, "CH Name", [](auto& c) { c.Rxfreq = 0; }, "The channel is not in use."},
       {"EXP", 14, "CH Name", [](auto&) {}, ""},
       {"EXP", 14, "CH Name", [](auto& c) { c.USA_Group = c.INT_Group = false; },
        "The channel is not in use."},
