@@ -1,7 +1,7 @@
 // screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of each page of the real
 // window, over the contents of a radio in use, of the transfer dialog before, while and after a
-// radio is programmed, and of the list of problems. packaging/screenshots.sh runs it;
-// QT_SCALE_FACTOR scales it.
+// radio is programmed, of a table that is imported, and of the list of problems.
+// packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -81,6 +81,15 @@ void TransferPictures(testing::CommandDesk& desk, const Picture& picture) {
   picture(*desk.Find<QDialog>("frmReceipt"), "receipt");
 }
 
+/// A file with names, a column too many and two lines that are refused.
+void TablePictures(testing::CommandDesk& desk, const Picture& picture) {
+  desk.files.files["/names.csv"] =
+      "Channel,Colour,CH Name\n16,red,HAILING\n22A,blue,COAST GUARD\n6,white,SAR\n161,green,X\n"
+      "68,green,THIRTEEN_SIGN\n67,green,BRG/BRG\n";
+  desk.dialogs.paths = {"/names.csv"};
+  desk.InWindowOf("mnuFileImportTable", [&](QDialog& dialog) { picture(dialog, "import-table"); });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -120,6 +129,7 @@ int main(int argc, char** argv) {
     desk.window->SelectNode(QLatin1String(shot.key));
     picture(*desk.window, shot.file);
   }
+  TablePictures(desk, picture);
   TransferPictures(desk, picture);
   desk.Item("mnuEditProblems").trigger();
   desk.window->SelectNode("PU32");

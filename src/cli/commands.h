@@ -54,5 +54,8 @@ bool Refuse(Workplace& place, const std::string& what, std::string sentence);
 /// Whether nothing worse than a note was found.
 [[nodiscard]] bool RunCheck(Workplace& place);
 [[nodiscard]] ExitStatus RunDiff(Workplace& place);
+[[nodiscard]] bool RunExport(Workplace& place);
+/// Of a dry run: whether no line would be refused.
+[[nodiscard]] bool RunImport(Workplace& place);
 
 }  // namespace orvane::cli

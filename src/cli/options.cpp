@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <array>
 
+#include "core/catalogue.h"
 #include "core/model_profile.h"
 #include "core/text.h"
 #include "files/snapshot.h"
+#include "files/table_file.h"
 #include "link/port_name.h"
 
 namespace orvane::cli {
@@ -43,6 +45,10 @@ constexpr auto kCommands = std::to_array<CommandInfo>({
     {Command::kDiff, "diff", "diff A B [--json]",
      "how two data sets differ, each a file or the ID of a backup; exit status 0: not at all, 1: "
      "they do, 2: trouble"},
+    {Command::kExport, "export", "export IN --table T -o OUT.csv",
+     "one table for a spreadsheet, with every field that the model has"},
+    {Command::kImport, "import", "[--yes] import IN TABLE.csv --table T -o OUT [--dry-run]",
+     "takes a table over by the rules of the window; --dry-run only tells what would change"},
     {Command::kBackups, "backups", "backups [list|show ID|restore ID -o OUT]",
      "data sets that were kept when they were read, programmed or replaced"},
     {Command::kDoctor, "doctor", "doctor [--port P] [--model M] [--json]",
@@ -54,6 +60,7 @@ struct RawOptions {
   Options options;
   std::optional<std::string> model;
   std::optional<std::string> port;
+  std::optional<std::string> table;
 };
 
 std::string UsageLine(const CommandInfo& info) {
@@ -65,6 +72,15 @@ std::string ModelNumbers() {
   for (const core::ModelProfile& profile : core::ModelProfiles()) {
     text += (text.empty() ? "" : ", ") + std::to_string(profile.model_type) + " " +
             core::ModelDisplayName(profile.model_type, true);
+  }
+  return text;
+}
+
+std::string TableNames() {
+  std::string text;
+  for (std::uint8_t table = 0; table < core::Catalogue().size(); ++table) {
+    if (!files::IsTextTable(table)) continue;
+    text += (text.empty() ? "" : ", ") + std::string(core::Catalogue()[table].id);
   }
   return text;
 }
@@ -85,6 +101,10 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
   constexpr const char* kOutput = "file to write: .dat, .hex, .orvsnap, .txt or .pdf";
   const auto output = [&] {
     app.add_option("-o,--output", raw.options.output, kOutput)->required();
+  };
+  const auto table = [&] {
+    const std::string help = "which table: " + TableNames();
+    word("--table", raw.table, help.c_str())->required();
   };
   const auto json = [&] { app.add_flag("--json", raw.options.json, "as JSON"); };
   constexpr const char* kDocument = ".dat, .hex or .orvsnap file";
@@ -152,6 +172,18 @@ void AddOptions(CLI::App& app, const CommandInfo& info, RawOptions& raw) {
       app.add_option("B", raw.options.other, kDocument)->required();
       json();
       break;
+    case Command::kExport:
+      input(kDocument)->required();
+      table();
+      app.add_option("-o,--output", raw.options.output, "file to write: .csv")->required();
+      break;
+    case Command::kImport:
+      input(kDocument)->required();
+      app.add_option("TABLE", raw.options.other, "table as text: .csv, .tsv or .txt")->required();
+      table();
+      app.add_option("-o,--output", raw.options.output, kOutput);
+      app.add_flag("--dry-run", raw.options.dry_run, "tell what would change and write nothing");
+      break;
     case Command::kBackups:
       app.add_option("ACTION", raw.options.action, "list, show or restore; list when left out");
       app.add_option("ID", raw.options.id, "which one, as the list names it");
@@ -210,8 +242,12 @@ std::optional<std::string> WrongOutput(const Options& options) {
   if (options.raw) {
     return WrongExtension(options.output, "With --raw the file to write", {".hex"});
   }
+  if (options.command == Command::kExport) {
+    return WrongExtension(options.output, "The file to write", {".csv"});
+  }
+  const bool imports = options.command == Command::kImport && !options.output.empty();
   if (options.command == Command::kNew || options.command == Command::kConvert ||
-      options.command == Command::kSet || options.command == Command::kRead) {
+      options.command == Command::kSet || options.command == Command::kRead || imports) {
     return WrongExtension(options.output, "The file to write",
                           {".dat", ".hex", files::kSnapshotEnding, ".txt", ".pdf"});
   }
@@ -231,7 +267,14 @@ std::optional<std::string> WrongBackups(const Options& options) {
   return restores ? "restore needs -o and the file to write." : "Only restore takes -o.";
 }
 
-// Brings the values of model and port over. Returns what is wrong with them.
+std::optional<std::string> WrongImport(const Options& options) {
+  if (options.output.empty() && !options.dry_run) {
+    return "import needs -o and the file to write, or --dry-run.";
+  }
+  return WrongExtension(options.other, "The table", {".csv", ".tsv", ".txt"});
+}
+
+// Brings the values of model, port and table over. Returns what is wrong with them.
 std::optional<std::string> TakeValues(RawOptions& raw) {
   if (raw.model) {
     const std::string& model = *raw.model;
@@ -246,6 +289,11 @@ std::optional<std::string> TakeValues(RawOptions& raw) {
              "\" is no port. Give a number 1 to 16, COM1 to COM16 or the path of a device.";
     }
     raw.options.port = *port;
+  }
+  if (raw.table) {
+    const std::optional<std::uint8_t> table = files::FindTextTable(*raw.table);
+    if (!table) return "--table \"" + *raw.table + "\" is no table. Tables: " + TableNames() + ".";
+    raw.options.table = *table;
   }
   return std::nullopt;
 }
@@ -274,6 +322,7 @@ std::optional<std::string> FindMistake(RawOptions& raw) {
   if (raw.options.command == Command::kProgram) {
     if (std::optional<std::string> wrong = WrongFiles(raw.options)) return wrong;
   }
+  if (raw.options.command == Command::kImport) return WrongImport(raw.options);
   if (raw.options.command == Command::kDiff) return WrongCompared(raw.options.other);
   if (raw.options.base.empty()) return std::nullopt;
   return WrongExtension(raw.options.base, "The --base file",

@@ -25,7 +25,9 @@ enum class Command {
   kBackups,
   kDoctor,
   kCheck,
-  kDiff
+  kDiff,
+  kExport,
+  kImport
 };
 
 /// A port number 1..16, or the path of a device.
@@ -40,7 +42,7 @@ struct Options {
   std::optional<std::int16_t> model;
   PortChoice port = 0;  ///< 0: none was named
   std::string input;
-  std::string other;  ///< diff: what the input is compared with
+  std::string other;  ///< diff: what the input is compared with; import: the table
   std::string output;
   std::string base;
   std::string keep;                 ///< program: file for what the radio held before
@@ -48,6 +50,8 @@ struct Options {
   bool verify = false;              ///< program: read back what was written
   std::string action = "list";      ///< backups: list, show or restore
   std::string id;                   ///< of a backup
+  std::uint8_t table = 0;           ///< export, import: its place in the catalogue
+  bool dry_run = false;             ///< import: show and write nothing
   std::vector<std::string> fields;  ///< get: paths; set: PATH=VALUE
 };
 

@@ -53,6 +53,10 @@ ExitStatus Execute(Workplace& place) {
       return StatusOf(RunCheck(place));
     case Command::kDiff:
       return RunDiff(place);
+    case Command::kExport:
+      return StatusOf(RunExport(place));
+    case Command::kImport:
+      return StatusOf(RunImport(place));
   }
   return kFailed;
 }

@@ -26,6 +26,8 @@ constexpr std::string_view kRecentKey = "File";  // followed by its place, from 
 constexpr std::string_view kProgramSection = "Programming";
 constexpr std::string_view kCopyKey = "KeepCopyFirst";
 constexpr std::string_view kReadBackKey = "ReadBack";
+constexpr std::string_view kTableSection = "Tables";
+constexpr std::string_view kSeparatorKey = "Separator";
 constexpr std::string_view kOff = "0";
 constexpr std::string_view kOn = "1";
 
@@ -189,6 +191,14 @@ bool AppSettings::ReadsBack() const {
 
 void AppSettings::SetReadsBack(bool reads) {
   store_.Write(kProgramSection, kReadBackKey, reads ? kOn : kOff);
+}
+
+std::optional<int> AppSettings::TableSeparator() const {
+  return ReadNumber(store_, kTableSection, kSeparatorKey);
+}
+
+void AppSettings::SetTableSeparator(int place) {
+  store_.Write(kTableSection, kSeparatorKey, std::to_string(place));
 }
 
 std::optional<WindowGeometry> AppSettings::MainWindow() const {

@@ -53,6 +53,9 @@ class AppSettings {
   void SetKeepsCopyFirst(bool keeps);
   [[nodiscard]] bool ReadsBack() const;
   void SetReadsBack(bool reads);
+  /// What parts the cells of exported tables, by its place in the list offered; nothing at first.
+  [[nodiscard]] std::optional<int> TableSeparator() const;
+  void SetTableSeparator(int place);
   [[nodiscard]] std::optional<WindowGeometry> MainWindow() const;
   void SetMainWindow(const WindowGeometry& geometry);
 

@@ -154,6 +154,15 @@ constexpr std::array kRows = {
                .where = "Backups",
                .meaning = "The file of the backup was changed, or its disk has faults.",
                .remedy = "Choose another one. The file stays where it is."},
+    MessageRow{.id = kTableUnreadable,
+               .group = kFiles,
+               .text = {"The table cannot be read.\r\n{reason|The line and what is wrong there}"},
+               .icon = Icon::kExclamation,
+               .where = "Import Table; import",
+               .meaning = "The file is no table as this program and spreadsheets write them, or it "
+                          "is damaged.",
+               .remedy = "Save it as CSV in the spreadsheet again, or [export](tables-csv.html) "
+                         "the table once more to see its form. The data is unchanged."},
     MessageRow{.id = kPrintFailed,
                .group = kFiles,
                .text = {"Print Error!!"},
@@ -294,6 +303,16 @@ constexpr std::array kRows = {
                .meaning = "Ctrl-C was pressed, or the program was told to end.",
                .remedy = "Nothing after reading; no file was written. After programming see the "
                          "line about a partly written image, if there is one.",
+               .explained = false},
+    MessageRow{.id = kImportRest,
+               .group = kCommandLine,
+               .text = {"{summary|Some lines are refused}.\r\nImport the rest?"},
+               .icon = Icon::kQuestion,
+               .buttons = Buttons::kYesNo,
+               .where = "import",
+               .meaning = "The lines above cannot be taken over, for the reasons named there.",
+               .remedy = "No writes nothing. Yes takes the other lines over and leaves what the "
+                         "refused ones are about as it is.",
                .explained = false},
 };
 

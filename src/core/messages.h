@@ -63,6 +63,7 @@ enum class MessageId {
   kRecovered,
   kDeleteBackup,
   kBackupDamaged,
+  kTableUnreadable,
   kPrintFailed,
   kNoPrinter,
   kReportSave,
@@ -80,7 +81,8 @@ enum class MessageId {
   kHelpFailed,
   // Command line only.
   kRadioSilent,
-  kTransferCancelled
+  kTransferCancelled,
+  kImportRest
 };
 
 /// Headings of the page of messages.

@@ -9,6 +9,7 @@
 #include "core/catalogue.h"
 #include "core/radio_data.h"
 #include "core/services.h"
+#include "editor/node.h"
 
 namespace orvane::editor {
 
@@ -39,6 +40,8 @@ class CommandHost {
   /// See BackupKeeper. "" where no backups are kept.
   [[nodiscard]] virtual std::string CopyWithinTheHour(std::int16_t model_type) const = 0;
   virtual void KeepReceipt(const std::string& began, const std::string& text) = 0;
+  /// What the page on show is about.
+  [[nodiscard]] virtual NodeRef ShownNode() const = 0;
   /// The page with that field, and the focus in it.
   virtual void ShowField(core::FieldRef at) = 0;
   /// The strip about partly written radios, as the marks are now.

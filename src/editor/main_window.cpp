@@ -53,6 +53,7 @@ MainWindow::MainWindow(const WindowServices& services)
       file_commands_(services_, *this),
       model_commands_(services_, *this, menus_, destination_menu_, file_commands_),
       window_commands_(services_, *this, file_commands_),
+      table_commands_(services_, *this),
       transfer_commands_(services_, *this, [this] { window_commands_.FindCable(); }) {
   setObjectName(QStringLiteral("frmMain"));
   setContextMenuPolicy(Qt::PreventContextMenu);
@@ -155,6 +156,8 @@ void MainWindow::ConnectCommands() {
   run(menus_.file_save, file_commands_, &FileCommands::Save);
   run(menus_.file_save_as, file_commands_, &FileCommands::SaveAs);
   run(menus_.backups, window_commands_, &WindowCommands::Backups);
+  run(menus_.export_table, table_commands_, &TableCommands::ExportTable);
+  run(menus_.import_table, table_commands_, &TableCommands::ImportTable);
   run(menus_.file_print, window_commands_, &WindowCommands::Print);
   run(menus_.file_print_to_file, window_commands_, &WindowCommands::PrintToFile);
   run(menus_.program, transfer_commands_, &TransferCommands::Program);
@@ -243,6 +246,10 @@ std::string MainWindow::CopyWithinTheHour(std::int16_t model_type) const {
 
 void MainWindow::KeepReceipt(const std::string& began, const std::string& text) {
   if (backups_ != nullptr) backups_->KeepReceipt(began, text);
+}
+
+NodeRef MainWindow::ShownNode() const {
+  return NodeOfKey(navigator_->CurrentKey()).value_or(NodeRef{});
 }
 
 void MainWindow::ShowField(core::FieldRef at) {

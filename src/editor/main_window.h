@@ -25,6 +25,7 @@
 #include "editor/side_lists.h"
 #include "editor/simulated_radio.h"
 #include "editor/splitter.h"
+#include "editor/table_commands.h"
 #include "editor/transfer_commands.h"
 #include "editor/tree_model.h"
 #include "editor/window_commands.h"
@@ -74,6 +75,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
                                               const std::string& file) override;
   [[nodiscard]] std::string CopyWithinTheHour(std::int16_t model_type) const override;
   void KeepReceipt(const std::string& began, const std::string& text) override;
+  [[nodiscard]] NodeRef ShownNode() const override;
   void ShowField(core::FieldRef at) override;
   void ShowPartlyWritten() override;
   void Wait(double seconds) override;
@@ -154,6 +156,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   FileCommands file_commands_;
   ModelCommands model_commands_;
   WindowCommands window_commands_;
+  TableCommands table_commands_;
   TransferCommands transfer_commands_;
   std::unique_ptr<SimulatedRadio> simulated_radio_;
 };

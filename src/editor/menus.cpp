@@ -63,6 +63,16 @@ void AddFileMenu(QMenuBar& bar, Menus& menus) {
   menus.recent->setToolTipsVisible(true);
   menus.backups = AddItem(file, QStringLiteral("mnuFileBackups"), QStringLiteral("&Backups..."));
   file.addSeparator();
+  menus.export_table =
+      AddItem(file, QStringLiteral("mnuFileExportTable"), QStringLiteral("&Export Table..."));
+  menus.export_table->setToolTip(
+      QStringLiteral("Writes one table with all its fields as CSV, for a spreadsheet"));
+  menus.import_table =
+      AddItem(file, QStringLiteral("mnuFileImportTable"), QStringLiteral("&Import Table..."));
+  menus.import_table->setToolTip(
+      QStringLiteral("Shows what a table in a file would change, and takes it over as one step"));
+  file.setToolTipsVisible(true);
+  file.addSeparator();
   menus.file_exit =
       AddItem(file, QStringLiteral("mnuFileExit"), QStringLiteral("E&xit"), Qt::CTRL | Qt::Key_Q);
 }

@@ -25,6 +25,8 @@ struct Menus {
   QAction* no_recent;
   std::array<QAction*, kRecentFiles> recent_files;
   QAction* backups;
+  QAction* export_table;
+  QAction* import_table;
   QAction* file_exit;
   std::array<QAction*, kModels> models;
   QAction* undo;

@@ -79,4 +79,7 @@ struct ImportPlan {
 [[nodiscard]] ImportPlan PlanImport(std::string_view text, std::uint8_t table,
                                     const core::RadioData& data, core::Date today);
 
+/// "3 lines change, 1 is refused, 236 stay as they are", without a full stop.
+[[nodiscard]] std::string SummaryOf(const ImportPlan& plan);
+
 }  // namespace orvane::files

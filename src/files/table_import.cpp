@@ -278,6 +278,26 @@ int ImportPlan::Count(Verdict verdict) const {
                                         [=](const Line& line) { return line.verdict == verdict; }));
 }
 
+std::string SummaryOf(const ImportPlan& plan) {
+  const struct {
+    Verdict verdict;
+    const char* one;
+    const char* many;
+  } parts[] = {{Verdict::kChanges, "changes", "change"},
+               {Verdict::kRefused, "is refused", "are refused"},
+               {Verdict::kSame, "stays as it is", "stay as they are"}};
+  std::string text;
+  for (const auto& part : parts) {
+    const int count = plan.Count(part.verdict);
+    if (count == 0) continue;
+    const bool first = text.empty();
+    text += (first ? "" : ", ") + std::to_string(count);
+    if (first) text += count == 1 ? " line" : " lines";
+    text += std::string(" ") + (count == 1 ? part.one : part.many);
+  }
+  return text.empty() ? "There is no line in it" : text;
+}
+
 ImportPlan PlanImport(std::string_view text, std::uint8_t table, const core::RadioData& data,
                       core::Date today) {
   const TableRows rows = SplitTable(text);

@@ -31,5 +31,6 @@ inline constexpr int kWeatherPageContext = 1005;
 inline constexpr int kTransferContext = 1012;
 inline constexpr int kFindCableContext = 3000;
 inline constexpr int kProblemsContext = 3001;
+inline constexpr int kTablesAsTextContext = 3010;
 
 }  // namespace orvane::help

@@ -43,7 +43,8 @@ class MenusTest : public QObject {
              QStringList({"&File", "&Edit", "&Transfer", "&Destination", "&Options", "&Help"}));
     QCOMPARE(Captions(desk, "mnuFile"),
              QStringList({"&New", "&Open", "&Save", "Save &As...", "&Print", "P&rint to File",
-                          "Recent &Files", "&Backups...", "E&xit"}));
+                          "Recent &Files", "&Backups...", "&Export Table...", "&Import Table...",
+                          "E&xit"}));
     QCOMPARE(Captions(desk, "mnuEditModel"), QStringList({"&KT740 Series"}));
     QCOMPARE(Captions(desk, "mnuTransfer"),
              QStringList({"&Program to Radio", "&Read from Radio", "&Compare with Radio..."}));
