@@ -72,8 +72,9 @@ class TableCommandsTest : public QObject {
     for (const auto& [key, table] : pages) {
       const Row row(key);
       desk.window->SelectNode(key);
-      desk.InWindowOf("mnuFileExportTable",
-                      [&table](QDialog& dialog) { QCOMPARE(Tables(dialog).currentText(), table); });
+      desk.InWindowOf("mnuFileExportTable", [&expected = table](QDialog& dialog) {
+        QCOMPARE(Tables(dialog).currentText(), expected);
+      });
     }
     QVERIFY(desk.dialogs.requests.empty());
   }
