@@ -1,5 +1,6 @@
 // Fills a page of the help: each comment <!-- messages: GROUP --> of the page given is replaced by
-// the table rows of that group, <!-- verdicts --> by those of the connection's verdicts.
+// the table rows of that group, <!-- verdicts --> by those of the connection's verdicts,
+// <!-- find words --> by those of the words that a search knows.
 
 #include <array>
 #include <cstddef>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "core/messages.h"
+#include "document/find_words.h"
 #include "link/doctor.h"
 
 namespace {
@@ -77,6 +79,15 @@ std::string Verdicts() {
   return rows;
 }
 
+std::string FindWordRows() {
+  std::string rows = "<tr><th>Word</th><th>What it takes</th><th>What it finds</th></tr>\n";
+  for (const orvane::document::FindWord& word : orvane::document::FindWords()) {
+    rows += "<tr><td><b>" + Html(word.word) + "</b></td><td>" + Html(word.values) + ": <i>" +
+            Html(word.example) + "</i></td><td>channels " + Html(word.finds) + "</td></tr>\n";
+  }
+  return rows;
+}
+
 /// True when the page had the place.
 bool Fill(std::string& page, std::string_view place, const std::string& rows) {
   const std::string mark = "<!-- " + std::string(place) + " -->\n";
@@ -86,8 +97,9 @@ bool Fill(std::string& page, std::string_view place, const std::string& rows) {
   return true;
 }
 
-/// A page has the places of all groups of messages, or that of the verdicts.
+/// A page has the places of all groups of messages, or that of another table.
 bool Fill(std::string& page) {
+  if (Fill(page, "find words", FindWordRows())) return true;
   if (Fill(page, "verdicts", Verdicts())) return true;
   for (const auto& [name, group] : kGroups) {
     if (Fill(page, "messages: " + std::string(name), Rows(group))) continue;

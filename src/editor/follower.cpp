@@ -97,9 +97,18 @@ void Follower::ShowField(core::FieldRef at) {
   if (!views_.area.FocusField(at) && !views_.area.HasFocusInside()) views_.tree.setFocus();
 }
 
-void Follower::VisitField(core::FieldRef at) {
-  const bool leaves = KeyOfField(at) != views_.navigator.CurrentKey();
-  if (!leaves || views_.navigator.CheckPage()) ShowField(at);
+bool Follower::VisitField(core::FieldRef at) {
+  if (!ShowPageOf(at)) return false;
+  ShowField(at);
+  return true;
+}
+
+bool Follower::ShowPageOf(core::FieldRef at) {
+  const QString key = KeyOfField(at);
+  if (key == views_.navigator.CurrentKey()) return true;
+  if (!views_.navigator.CheckPage()) return false;
+  views_.navigator.Show(key);
+  return true;
 }
 
 void Follower::ShowCurrentPage() {

@@ -56,7 +56,10 @@ class Follower : public QObject, private document::Watcher {
   /// The page with that field, and the focus in it.
   void ShowField(core::FieldRef at);
   /// The same for a user who leaves the page on show: not while it holds what must not be left.
-  void VisitField(core::FieldRef at);
+  /// False when the page stays; it has said why.
+  bool VisitField(core::FieldRef at);
+  /// The page alone, in the same way; the focus stays where it is.
+  bool ShowPageOf(core::FieldRef at);
 
   /// The second panel tells whether the data is saved, but for a notice, which stays until the
   /// next hint.

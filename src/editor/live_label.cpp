@@ -12,7 +12,7 @@ class LiveText : public QAccessibleWidget {
       : QAccessibleWidget(&label, QAccessible::Notification), label_(label) {}
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name ? label_.text() : QAccessibleWidget::text(kind);
+    return kind == QAccessible::Name ? label_.Spoken() : QAccessibleWidget::text(kind);
   }
 
  private:
@@ -31,16 +31,22 @@ LiveLabel::LiveLabel(QWidget* parent) : CutLabel(parent) {
   setTextFormat(Qt::PlainText);
 }
 
-void LiveLabel::Tell(const QString& text) {
-  if (text == this->text()) return;
+void LiveLabel::Tell(const QString& text, const QString& also) {
+  if (text == this->text() && also == also_) return;
   setText(text);
+  told_ = text;
+  also_ = also;
   if (!text.isEmpty()) Announce();
+}
+
+QString LiveLabel::Spoken() const {
+  return also_.isEmpty() || text() != told_ ? text() : text() + QLatin1String(". ") + also_;
 }
 
 void LiveLabel::Announce() {
   emit Announced();
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-  QAccessibleAnnouncementEvent event(this, text());
+  QAccessibleAnnouncementEvent event(this, Spoken());
   QAccessible::updateAccessibility(&event);
 #else
   // Screen readers speak a notice that appears; some of them, one that alerts.

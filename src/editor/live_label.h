@@ -14,13 +14,20 @@ class LiveLabel : public CutLabel {
 
   /// Shows the text and has it spoken; a text that is on show already, or none, stays unspoken.
   /// QLabel::setText changes the text in silence, for what changes too often to be listened to.
-  void Tell(const QString& text);
+  /// also: what is spoken behind it, for which there is no room.
+  void Tell(const QString& text, const QString& also = {});
   /// Has the text on show spoken.
   void Announce();
+  /// What a screen reader says.
+  [[nodiscard]] QString Spoken() const;
 
  signals:
   /// The text on show was handed over to be spoken.
   void Announced();
+
+ private:
+  QString told_;  ///< the text that was told last, which also_ goes with
+  QString also_;
 };
 
 }  // namespace orvane::editor

@@ -66,7 +66,7 @@ MainWindow::MainWindow(const WindowServices& services)
   splitter_->setChildrenCollapsible(false);
   tree_->setObjectName(QStringLiteral("tvTreeView"));
   tree_->setAccessibleName(tr("Navigation"));
-  tree_->setMinimumWidth(kSplitterMinimum);
+  QVBoxLayout& navigation = BuildNavigation();
   BuildHeading();
   setCentralWidget(BuildCentre());
 
@@ -80,6 +80,8 @@ MainWindow::MainWindow(const WindowServices& services)
   follower_->setParent(this);
   side_lists_ = std::make_unique<SideLists>(document_, services_.clock,
                                             SideLists::Place{*this, *this, *follower_, menus_});
+  finder_ = std::make_unique<Finder>(
+      document_, Finder::Place{navigation, *this, *follower_, *navigator_, *tree_, *area_, menus_});
   ConnectCommands();
   qApp->installEventFilter(this);
   Load();
@@ -106,6 +108,17 @@ void MainWindow::BuildStatusBar() {
   hint_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   notice_ = add_panel("sbStatusBar_2", tr("Status"), 0);
   model_name_ = add_panel("sbStatusBar_3", tr("Model"), 0);
+}
+
+QVBoxLayout& MainWindow::BuildNavigation() {
+  auto* side = new QWidget;
+  side->setMinimumWidth(kSplitterMinimum);
+  auto* column = new QVBoxLayout(side);
+  column->setContentsMargins({});
+  column->setSpacing(0);
+  column->addWidget(tree_, 1);
+  splitter_->insertWidget(0, side);
+  return *column;
 }
 
 void MainWindow::BuildHeading() {

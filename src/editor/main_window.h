@@ -9,6 +9,7 @@
 #include "editor/command_host.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
+#include "editor/finder.h"
 #include "editor/first_steps.h"
 #include "editor/follower.h"
 #include "editor/live_label.h"
@@ -99,6 +100,8 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   PageType* MakePage(int help_context);
   template <class PageType>
   [[nodiscard]] LazyPage PageLater(int help_context);
+  /// The tree with its layout, to whose top other things may come.
+  [[nodiscard]] QVBoxLayout& BuildNavigation();
   void BuildHeading();
   [[nodiscard]] QWidget* BuildCentre();
   void ConnectCommands();
@@ -143,6 +146,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   std::unique_ptr<Autosave> autosave_;     ///< null: unsaved data are not kept
   std::unique_ptr<BackupKeeper> backups_;  ///< null: none are kept
   std::unique_ptr<SideLists> side_lists_;
+  std::unique_ptr<Finder> finder_;
   QTimer* start_timer_;
   std::string file_at_start_;
   bool simulated_at_start_ = false;

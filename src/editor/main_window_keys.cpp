@@ -1,5 +1,7 @@
 #include <QApplication>
 #include <QKeyEvent>
+#include <algorithm>
+#include <array>
 
 #include "editor/cell_delegate.h"
 #include "editor/main_window.h"
@@ -7,12 +9,15 @@
 namespace orvane::editor {
 namespace {
 
-// The controls that act on Enter: the grid jumps to a channel, a cell of it is taken, the history
-// goes to a step, a problem to its field, the menu bar opens a menu.
+// The controls that act on Enter: the grid and what was found jump to a channel, a cell is taken,
+// the history goes to a step, a problem to its field, the menu bar opens a menu.
 bool UsesEnter(const QWidget& target) {
-  const QString name = target.objectName();
-  return name == QLatin1String("MSFlexGrid1") || name == QLatin1String(kCellEditorName) ||
-         name == QLatin1String("lstHistory") || name == QLatin1String("lstProblems") ||
+  static constexpr std::array kNames = {"MSFlexGrid1", kCellEditorName, "lstHistory",
+                                        "lstProblems", "txtFind",       "lstFind"};
+  return std::any_of(kNames.begin(), kNames.end(),
+                     [name = target.objectName()](const char* one) {
+                       return name == QLatin1String(one);
+                     }) ||
          qobject_cast<const QMenuBar*>(&target) != nullptr;
 }
 

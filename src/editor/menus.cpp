@@ -77,6 +77,19 @@ void AddFileMenu(QMenuBar& bar, Menus& menus) {
       AddItem(file, QStringLiteral("mnuFileExit"), QStringLiteral("E&xit"), Qt::CTRL | Qt::Key_Q);
 }
 
+void AddFindItems(QMenu& edit, Menus& menus) {
+  menus.find = AddItem(edit, QStringLiteral("mnuEditFind"), QStringLiteral("&Find..."),
+                       Qt::CTRL | Qt::Key_F);
+  menus.find->setToolTip(QStringLiteral(
+      "Finds channels of all groups by number, name or frequency, and by their properties"));
+  menus.find_next =
+      AddItem(edit, QStringLiteral("mnuEditFindNext"), QStringLiteral("Find &Next"), Qt::Key_F3);
+  menus.find_next->setToolTip(QStringLiteral("Goes to the next channel that Find has found"));
+  menus.find_previous = AddItem(edit, QStringLiteral("mnuEditFindPrevious"),
+                                QStringLiteral("Find Pre&vious"), Qt::SHIFT | Qt::Key_F3);
+  menus.find_previous->setToolTip(QStringLiteral("Goes back to the channel found before this one"));
+}
+
 void AddEditMenu(QMenuBar& bar, Menus& menus) {
   QMenu& edit = *AddMenu(bar, "mnuEdit", QStringLiteral("&Edit"));
   QMenu& model = *AddSubMenu(edit, "mnuEditModel", QStringLiteral("&Model"));
@@ -91,6 +104,8 @@ void AddEditMenu(QMenuBar& bar, Menus& menus) {
                        QKeySequence(Qt::CTRL | Qt::Key_Z));
   menus.redo = AddItem(edit, QStringLiteral("mnuEditRedo"), QStringLiteral("&Redo"));
   menus.redo->setShortcuts({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z});
+  edit.addSeparator();
+  AddFindItems(edit, menus);
   edit.addSeparator();
   menus.problems = AddItem(edit, QStringLiteral("mnuEditProblems"), QStringLiteral("&Problems"));
   menus.problems->setCheckable(true);

@@ -31,6 +31,9 @@ struct Menus {
   std::array<QAction*, kModels> models;
   QAction* undo;
   QAction* redo;
+  QAction* find;
+  QAction* find_next;
+  QAction* find_previous;
   QAction* problems;  ///< shows and hides the list of problems
   QAction* history;   ///< shows and hides the list of steps
   QAction* program;

@@ -32,5 +32,6 @@ inline constexpr int kTransferContext = 1012;
 inline constexpr int kFindCableContext = 3000;
 inline constexpr int kProblemsContext = 3001;
 inline constexpr int kTablesAsTextContext = 3010;
+inline constexpr int kFindContext = 3011;
 
 }  // namespace orvane::help
