@@ -1,6 +1,6 @@
 // screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of each page of the real
 // window, over the contents of a radio in use, of the transfer dialog before, while and after a
-// radio is programmed, of a table that is imported, and of the list of problems.
+// radio is programmed, of a table that is imported, of the list of problems and of a comparison.
 // packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
 
 #include <QApplication>
@@ -9,12 +9,14 @@
 #include <QPalette>
 #include <QStyleFactory>
 #include <QTextStream>
+#include <QTreeView>
 #include <array>
 #include <functional>
 #include <optional>
 
 #include "core/model_profile.h"
 #include "editor/command_desk.h"
+#include "files/settings_file.h"
 #include "image/sample_radio.h"
 
 namespace {
@@ -81,13 +83,8 @@ void TransferPictures(testing::CommandDesk& desk, const Picture& picture) {
   picture(*desk.Find<QDialog>("frmReceipt"), "receipt");
 }
 
-/// A file with names, a column too many and two lines that are refused.
-void TablePictures(testing::CommandDesk& desk, const Picture& picture) {
-  desk.files.files["/names.csv"] =
-      "Channel,Colour,CH Name\n16,red,HAILING\n22A,blue,COAST GUARD\n6,white,SAR\n161,green,X\n"
-      "68,green,THIRTEEN_SIGN\n67,green,BRG/BRG\n";
-  desk.dialogs.paths = {"/names.csv"};
-  desk.InWindowOf("mnuFileImportTable", [&](QDialog& dialog) { picture(dialog, "import-table"); });
+// radio is programmed, of a table that is imported, of the list of problems and of a comparison.
+// packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
 }
 
 }  // namespace
@@ -134,6 +131,7 @@ int main(int argc, char** argv) {
   desk.Item("mnuEditProblems").trigger();
   desk.window->SelectNode("PU32");
   picture(*desk.window, "problems");
+  ComparisonPicture(desk, picture);
   if (!saved) QTextStream(stderr) << "cannot write into " << folder.path() << "\n";
   return saved ? 0 : 1;
 }

@@ -83,6 +83,13 @@ class EventPump {
   virtual void ProcessEvents() = 0;
 };
 
+/// For work that is done at one go: nothing else happens meanwhile.
+class NoEvents : public EventPump {
+ public:
+  void WaitForEvents(double /*deadline*/) override {}
+  void ProcessEvents() override {}
+};
+
 /// A failure of the system: its number and the system's own words.
 struct SystemError {
   int number = 0;

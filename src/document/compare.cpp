@@ -155,6 +155,13 @@ Difference RowOf(const RadioData& ours, const RadioData& theirs, FieldRef at) {
   return {at, core::NameOf(at), TextOf(ours, at), TextOf(theirs, at)};
 }
 
+bool Differs(const RadioData& ours, const RadioData& theirs, const Difference& row) {
+  if (!row.IsMemory()) return !IsSame(ours, theirs, row.at);
+  core::MemoryImage taken = ours.Image;
+  image::CopyBits(taken, theirs.Image, row.bits);
+  return !(taken == ours.Image);
+}
+
 std::vector<Difference> CompareMemory(const RadioData& ours, const RadioData& theirs) {
   std::vector<Difference> rows;
   FieldRef at{.table = static_cast<std::uint8_t>(RecordTables().size())};

@@ -49,6 +49,9 @@ enum class Listed : std::uint8_t { kDifferences, kAll };
 /// The row of a field, whether it differs or not.
 [[nodiscard]] Difference RowOf(const core::RadioData& ours, const core::RadioData& theirs,
                                core::FieldRef at);
+/// Whether the two differ in a row that came from comparing data sets of their model.
+[[nodiscard]] bool Differs(const core::RadioData& ours, const core::RadioData& theirs,
+                           const Difference& row);
 /// Where memory without a field differs. REQUIRES: data sets of one model.
 [[nodiscard]] std::vector<Difference> CompareMemory(const core::RadioData& ours,
                                                     const core::RadioData& theirs);

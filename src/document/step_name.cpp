@@ -10,9 +10,6 @@
 #include "document/edits.h"
 
 namespace orvane::document {
-namespace {
-
-// As the navigation tree or the page calls the place; "" where the field needs no place.
 std::string PlaceName(const core::RadioData& data, core::FieldRef at) {
   const core::Table& table = core::TableOf(at);
   const core::ModelProfile& profile = core::ProfileOf(data);
@@ -32,8 +29,6 @@ std::string PlaceName(const core::RadioData& data, core::FieldRef at) {
   return at.entry == core::kExtraGroup ? std::string(profile.extra_word) + " CH"
                                        : core::UpperCase(table.entry_name(at.entry));
 }
-
-}  // namespace
 
 std::string StepName(const core::RadioData& data, core::FieldRef at) {
   const std::string place = PlaceName(data, at);

@@ -10,10 +10,9 @@
 
 #include "core/message_facts.h"
 #include "core/product.h"
-#include "document/compare.h"
-#include "editor/comparison_window.h"
 #include "editor/dialog_parts.h"
 #include "editor/save_as.h"
+#include "editor/words.h"
 #include "files/image_file.h"
 #include "files/settings_file.h"
 #include "platform/ansi_text.h"
@@ -27,12 +26,11 @@ constexpr QSize kFirstSize(820, 420);
 constexpr int kNamesWidth = 220;
 constexpr qint64 kSlice = 8;  // milliseconds of the window's thread at a time
 
-/// Every word must stand in some column.
 class WordFilter : public QSortFilterProxyModel {
  public:
   using QSortFilterProxyModel::QSortFilterProxyModel;
   void SetWords(const QString& text) {
-    words_ = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    words_ = WordsOf(text);
     invalidateFilter();
   }
 
@@ -42,9 +40,7 @@ class WordFilter : public QSortFilterProxyModel {
     for (int column = 0; column < sourceModel()->columnCount(parent); ++column) {
       all += sourceModel()->index(row, column, parent).data().toString() + QLatin1Char('\n');
     }
-    return std::all_of(words_.begin(), words_.end(), [&all](const QString& word) {
-      return all.contains(word, Qt::CaseInsensitive);
-    });
+    return HasEachWord(all, words_);
   }
 
  private:
@@ -62,14 +58,15 @@ std::string BytesFor(const std::string& path, files::Snapshot& snapshot, core::D
 
 }  // namespace
 
-BackupsDialog::BackupsDialog(const WindowServices& services, QWidget* parent)
+BackupsDialog::BackupsDialog(const WindowServices& services, Purpose purpose, QWidget* parent)
     : QDialog(parent),
       services_(services),
+      purpose_(purpose),
       library_(services.files, services.backups_folder),
       list_(new BackupList(library_, this)),
       shown_(new WordFilter(this)) {
   setObjectName(QStringLiteral("frmBackups"));
-  setWindowTitle(tr("Backups"));
+  setWindowTitle(purpose == Purpose::kManage ? tr("Backups") : tr("Compare with a Backup"));
   new QVBoxLayout(this);
   AddFilter();
   AddList();
@@ -111,7 +108,8 @@ void BackupsDialog::AddList() {
     view_->resizeColumnToContents(column);
   view_->header()->resizeSection(BackupList::kNames, kNamesWidth);
   layout()->addWidget(view_);
-  connect(view_, &QTreeView::activated, this, &BackupsDialog::OpenChosen);
+  connect(view_, &QTreeView::activated, this,
+          purpose_ == Purpose::kManage ? &BackupsDialog::OpenChosen : &BackupsDialog::Compare);
   connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           &BackupsDialog::ShowState);
   state_ = new QLabel(this);
@@ -123,23 +121,34 @@ void BackupsDialog::AddList() {
 
 void BackupsDialog::AddButtons() {
   auto* row = new QHBoxLayout;
-  const auto add = [&](const char* name, const QString& caption, auto command) {
-    QPushButton* const button = AddButton(*this, *row, name, caption);
-    connect(button, &QPushButton::clicked, this, command);
-    return button;
-  };
-  open_ = add("cmdOpen", tr("&Open"), &BackupsDialog::OpenChosen);
+  const bool manages = purpose_ == Purpose::kManage;
+  if (manages) AddManagingButtons(*row);
+  compare_ = AddButton(*this, *row, "cmdCompare", tr("Co&mpare"));
+  compare_->setToolTip(manages
+                           ? tr("How the data on the screen and the backup differ, field by field")
+                           : tr("Takes the backup into the comparison"));
+  compare_->setDefault(!manages);
+  connect(compare_, &QPushButton::clicked, this, &BackupsDialog::Compare);
+  if (manages) {
+    delete_ = AddButton(*this, *row, "cmdDelete", tr("De&lete"));
+    connect(delete_, &QPushButton::clicked, this, &BackupsDialog::Delete);
+  }
+  row->addStretch();
+  connect(AddButton(*this, *row, "cmdFolder", tr("Show Fol&der")), &QPushButton::clicked, this,
+          &BackupsDialog::ShowFolder);
+  connect(AddButton(*this, *row, "cmdClose", tr("&Close")), &QPushButton::clicked, this,
+          &BackupsDialog::reject);
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+void BackupsDialog::AddManagingButtons(QBoxLayout& row) {
+  open_ = AddButton(*this, row, "cmdOpen", tr("&Open"));
   open_->setDefault(true);
   open_->setToolTip(
       tr("Puts the backup in the place of the data on the screen; Undo takes it back"));
-  save_as_ = add("cmdSaveAs", tr("Save &As..."), &BackupsDialog::SaveAs);
-  compare_ = add("cmdCompare", tr("Co&mpare"), &BackupsDialog::Compare);
-  compare_->setToolTip(tr("How the data on the screen and the backup differ, field by field"));
-  delete_ = add("cmdDelete", tr("De&lete"), &BackupsDialog::Delete);
-  row->addStretch();
-  add("cmdFolder", tr("Show Fol&der"), &BackupsDialog::ShowFolder);
-  add("cmdClose", tr("&Close"), &BackupsDialog::reject);
-  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+  connect(open_, &QPushButton::clicked, this, &BackupsDialog::OpenChosen);
+  save_as_ = AddButton(*this, row, "cmdSaveAs", tr("Save &As..."));
+  connect(save_as_, &QPushButton::clicked, this, &BackupsDialog::SaveAs);
 }
 
 void BackupsDialog::ReadNames() {
@@ -208,11 +217,8 @@ void BackupsDialog::SaveAs() {
 void BackupsDialog::Compare() {
   const std::optional<files::Backup> backup = Chosen();
   if (!backup) return;
-  const files::Snapshot snapshot = Load(*backup);
-  if (snapshot.data == nullptr) return;
-  ComparisonWindow(services_, document::Compare(services_.document.Data(), *snapshot.data),
-                   {tr("On the screen"), tr("In the backup")}, this)
-      .exec();
+  to_compare_ = Load(*backup);
+  if (to_compare_.data != nullptr) accept();
 }
 
 void BackupsDialog::Delete() {

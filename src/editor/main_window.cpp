@@ -7,6 +7,7 @@
 #include <QStatusBar>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "core/app_settings.h"
 #include "editor/tool_bar.h"
@@ -52,9 +53,16 @@ MainWindow::MainWindow(const WindowServices& services)
       recent_menu_(menus_, services.files, services.settings),
       file_commands_(services_, *this),
       model_commands_(services_, *this, menus_, destination_menu_, file_commands_),
-      window_commands_(services_, *this, file_commands_),
+      window_commands_(services_, *this, file_commands_,
+                       [this](files::Snapshot backup) {
+                         comparison_commands_.CompareWithBackup(std::move(backup));
+                       }),
       table_commands_(services_, *this),
-      transfer_commands_(services_, *this, [this] { window_commands_.FindCable(); }) {
+      transfer_commands_(services_, *this, [this] { window_commands_.FindCable(); }),
+      comparison_commands_(
+          services_, *this,
+          [this](const core::RadioData& like) { return transfer_commands_.ReadCopy(like); },
+          {menus_.undo, menus_.redo}) {
   setObjectName(QStringLiteral("frmMain"));
   setContextMenuPolicy(Qt::PreventContextMenu);
   setAcceptDrops(true);
@@ -175,7 +183,8 @@ void MainWindow::ConnectCommands() {
   run(menus_.file_print_to_file, window_commands_, &WindowCommands::PrintToFile);
   run(menus_.program, transfer_commands_, &TransferCommands::Program);
   run(menus_.read, transfer_commands_, &TransferCommands::Read);
-  run(menus_.compare_radio, transfer_commands_, &TransferCommands::CompareWithRadio);
+  run(menus_.compare, comparison_commands_, &ComparisonCommands::Compare);
+  run(menus_.compare_radio, comparison_commands_, &ComparisonCommands::CompareWithRadio);
   run(menus_.find_cable, window_commands_, &WindowCommands::FindCable);
   run(menus_.help_contents, window_commands_, &WindowCommands::HelpContents);
   run(menus_.about, window_commands_, &WindowCommands::About);

@@ -7,6 +7,7 @@
 #include "editor/autosave.h"
 #include "editor/backup_keeper.h"
 #include "editor/command_host.h"
+#include "editor/comparison_commands.h"
 #include "editor/destination_menu.h"
 #include "editor/file_commands.h"
 #include "editor/finder.h"
@@ -163,6 +164,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   TableCommands table_commands_;
   TransferCommands transfer_commands_;
   std::unique_ptr<SimulatedRadio> simulated_radio_;
+  ComparisonCommands comparison_commands_;
 };
 
 }  // namespace orvane::editor

@@ -114,6 +114,10 @@ void AddEditMenu(QMenuBar& bar, Menus& menus) {
   menus.history = AddItem(edit, QStringLiteral("mnuEditHistory"), QStringLiteral("&History"));
   menus.history->setCheckable(true);
   menus.history->setToolTip(QStringLiteral("The list of the steps, to go to any of them"));
+  menus.compare = AddItem(edit, QStringLiteral("mnuEditCompare"), QStringLiteral("&Compare..."));
+  menus.compare->setToolTip(QStringLiteral(
+      "Two of the open data, files, backups and radios side by side; what differs can be taken "
+      "over"));
   edit.setToolTipsVisible(true);
 }
 

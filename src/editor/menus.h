@@ -36,6 +36,7 @@ struct Menus {
   QAction* find_previous;
   QAction* problems;  ///< shows and hides the list of problems
   QAction* history;   ///< shows and hides the list of steps
+  QAction* compare;
   QAction* program;
   QAction* read;
   QAction* compare_radio;

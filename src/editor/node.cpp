@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/field_ref.h"
+#include "platform/ansi_text.h"
 
 namespace orvane::editor {
 namespace {
@@ -82,6 +83,10 @@ QString PlainNodeName(NodeKind kind) {
 QString MarineGroupName(core::MarineGroup group) {
   constexpr std::array kNames = {"USA", "INTL", "CANADA"};
   return QLatin1String(kNames[static_cast<std::size_t>(group)]);
+}
+
+QString ExtraGroupName(const core::ModelProfile& profile, bool lmr_root) {
+  return platform::FromAnsi(profile.GroupWord(lmr_root)) + QLatin1String(" Channel");
 }
 
 QString ExtraGroupDescription(bool lmr_root) {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/catalogue.h"
+#include "core/model_profile.h"
 #include "core/radio_data.h"
 #include "document/edits.h"
 
@@ -37,6 +38,8 @@ struct NodeRef {
 [[nodiscard]] QString PlainNodeName(NodeKind kind);
 /// Name of a marine group's node.
 [[nodiscard]] QString MarineGroupName(core::MarineGroup group);
+/// Name of the node above the extra channels of that kind: "LMR Channel".
+[[nodiscard]] QString ExtraGroupName(const core::ModelProfile& profile, bool lmr_root);
 /// What the channels under either heading of the one extra table have in common; models without
 /// LMR channels call both of them "EXP".
 [[nodiscard]] QString ExtraGroupDescription(bool lmr_root);

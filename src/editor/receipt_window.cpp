@@ -7,9 +7,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "core/messages.h"
-#include "core/product.h"
 #include "editor/dialog_parts.h"
+#include "editor/print_text.h"
 #include "editor/save_as.h"
 #include "files/receipt_text.h"
 #include "platform/ansi_text.h"
@@ -58,18 +57,7 @@ ReceiptWindow::ReceiptWindow(const WindowServices& services, link::Receipt recei
 }
 
 void ReceiptWindow::Print() {
-  if (!services_.printer.HasPrinter()) {
-    services_.prompts.Show(
-        core::MakeMessage(core::MessageId::kPrintFailed, core::kProgramTitle,
-                          {{"reason", "There is no printer. Save it instead."}}));
-    return;
-  }
-  if (!services_.printer.Ask(*this)) return;
-  const auto failure =
-      services_.printer.PrintText(TextOf(receipt_), {receipt_.file, services_.clock.Today()});
-  if (!failure) return;
-  services_.prompts.Show(core::MakeMessage(core::MessageId::kPrintFailed, core::kProgramTitle,
-                                           {{"reason", failure->description}}));
+  PrintText(services_, *this, TextOf(receipt_), receipt_.file);
 }
 
 }  // namespace orvane::editor

@@ -6,8 +6,6 @@
 #include "core/number_text.h"
 #include "core/product.h"
 #include "core/text.h"
-#include "document/compare.h"
-#include "editor/comparison_window.h"
 #include "editor/receipt_window.h"
 #include "files/receipt_text.h"
 #include "files/settings_file.h"
@@ -113,18 +111,11 @@ void TransferCommands::TakeAdjustments(const core::RadioData& sent) {
       std::string(core::kProgramToRadio), [&](core::RadioData& data) { data = sent; }, still_saved);
 }
 
-void TransferCommands::CompareWithRadio() {
-  if (!host_.CheckPage()) return;
-  TransferDialog dialog = MakeDialog({.data = document_.Data(), .only_looks = true});
+std::unique_ptr<core::RadioData> TransferCommands::ReadCopy(const core::RadioData& like) {
+  TransferDialog dialog = MakeDialog({.data = like, .only_looks = true});
   Exec(dialog);
-  if (dialog.Job().Programs() || !dialog.DataMoved()) return;
-  // What the radio would hold after programming: encoding leaves some fields out.
-  const auto ours = document::AfterProgramming(document_.Data(), services_.clock.Today());
-  ComparisonWindow(services_, document::Compare(*ours, dialog.Job().data),
-                   {QObject::tr("On the screen"), QObject::tr("In the radio"),
-                    QObject::tr("As the radio would hold it after programming")},
-                   &host_.Widget())
-      .exec();
+  if (dialog.Job().Programs() || !dialog.DataMoved()) return nullptr;
+  return std::make_unique<core::RadioData>(std::move(dialog.Job().data));
 }
 
 void TransferCommands::ProgramFromMark(const std::string& port, Take take) {

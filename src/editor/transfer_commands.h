@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "editor/command_host.h"
@@ -21,8 +22,9 @@ class TransferCommands {
 
   void Program();
   void Read();
-  /// Reads into a copy and shows how the radio differs. Changes nothing.
-  void CompareWithRadio();
+  /// What a radio of the given data's model holds, read into a copy: nothing is changed, here or in
+  /// the radio. Null when the user gave up or it failed. The page is not checked.
+  [[nodiscard]] std::unique_ptr<core::RadioData> ReadCopy(const core::RadioData& like);
 
   /// The ways on from a radio that was left partly written.
   void ProgramAgain(const std::string& port);

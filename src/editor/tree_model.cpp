@@ -76,8 +76,7 @@ class TreeModel::Builder {
   }
 
   void AddExtra(bool lmr_root, NodeKind root_kind, NodeKind channel_kind, const QString& suffix) {
-    const QString word = FromAnsi(profile_.GroupWord(lmr_root));
-    const int root = Add(-1, {.kind = root_kind}, word + QLatin1String(" Channel") + suffix);
+    const int root = Add(-1, {.kind = root_kind}, ExtraGroupName(profile_, lmr_root) + suffix);
     for (int number = core::ExtraTable::kFirst; number <= core::ExtraTable::kLast; ++number) {
       QString text = FromAnsi(core::ExtraChannelName(profile_, number, lmr_root));
       if (core::MarkedEnabled(data_, number, lmr_root)) text += FromAnsi(core::kEnabledMark);

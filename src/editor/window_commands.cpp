@@ -22,13 +22,24 @@ constexpr const char* kPdfFilter = "PDF files(*.pdf)|*.pdf|All files(*.*)|*.*";
 }  // namespace
 
 WindowCommands::WindowCommands(const WindowServices& services, CommandHost& host,
-                               FileCommands& files)
-    : services_(services), document_(services.document), host_(host), file_commands_(files) {}
+                               FileCommands& files,
+                               std::function<void(files::Snapshot backup)> compare)
+    : services_(services),
+      document_(services.document),
+      host_(host),
+      file_commands_(files),
+      compare_(std::move(compare)) {}
 
 void WindowCommands::Backups() {
   if (!host_.CheckPage()) return;
-  BackupsDialog dialog(services_, &host_.Widget());
-  if (dialog.exec() == QDialog::Accepted) file_commands_.OpenFile(dialog.PathToOpen());
+  BackupsDialog dialog(services_, BackupsDialog::Purpose::kManage, &host_.Widget());
+  if (dialog.exec() != QDialog::Accepted) return;
+  files::Snapshot compared = dialog.TakeCompared();
+  if (compared.data != nullptr) {
+    compare_(std::move(compared));
+  } else {
+    file_commands_.OpenFile(dialog.PathToOpen());
+  }
 }
 
 void WindowCommands::FindCable() {

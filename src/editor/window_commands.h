@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
+
 #include "editor/command_host.h"
 #include "editor/file_commands.h"
 #include "editor/window_services.h"
+#include "files/snapshot.h"
 
 namespace orvane::editor {
 
@@ -10,7 +13,9 @@ namespace orvane::editor {
 /// it needs one, and tells the user itself what goes wrong.
 class WindowCommands {
  public:
-  WindowCommands(const WindowServices& services, CommandHost& host, FileCommands& files);
+  /// compare: shows how a backup differs from the document.
+  WindowCommands(const WindowServices& services, CommandHost& host, FileCommands& files,
+                 std::function<void(files::Snapshot backup)> compare);
 
   void Print();
   void PrintToFile();
@@ -36,6 +41,7 @@ class WindowCommands {
   document::Document& document_;
   CommandHost& host_;
   FileCommands& file_commands_;
+  const std::function<void(files::Snapshot backup)> compare_;
 };
 
 }  // namespace orvane::editor

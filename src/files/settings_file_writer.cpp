@@ -157,10 +157,7 @@ std::string SettingFileText(const core::RadioData& data, core::EventPump& pump) 
 }
 
 std::string SettingFileText(const core::RadioData& data) {
-  struct NoPump : core::EventPump {
-    void WaitForEvents(double /*deadline*/) override {}
-    void ProcessEvents() override {}
-  } pump;
+  core::NoEvents pump;
   return SettingFileText(data, pump);
 }
 

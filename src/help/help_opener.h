@@ -33,5 +33,6 @@ inline constexpr int kFindCableContext = 3000;
 inline constexpr int kProblemsContext = 3001;
 inline constexpr int kTablesAsTextContext = 3010;
 inline constexpr int kFindContext = 3011;
+inline constexpr int kCompareContext = 3020;
 
 }  // namespace orvane::help

@@ -120,17 +120,28 @@ class BackupsTest : public QObject {
     WindowDesk desk;
     desk.Start();
     desk.data = Keep(desk, 5, "HARBOUR", "2026-11-24 11:12:13", "read");
+    Keep(desk, 5, "FERRY", "2026-11-24 12:13:14", "programmed");
     desk.data.Marine[0][32].ChTag = "MINE";
-    QString verdict;
-    desk.InWindowOf("mnuFileBackups", [&](QDialog& dialog) {
-      QTimer::singleShot(0, &dialog, [&] {
-        auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        verdict = window->findChild<QLabel*>("lblVerdict")->text();
-        window->close();
-      });
-      Click(dialog, "cmdCompare");
+    const auto sides = [&desk] {
+      const auto* header = desk.Find<QDialog>("frmComparison")->findChild<QTreeView*>();
+      const QAbstractItemModel& model = *header->model();
+      return model.headerData(1, Qt::Horizontal).toString() + '|' +
+             model.headerData(2, Qt::Horizontal).toString();
+    };
+    desk.InWindowOf("mnuFileBackups", [](QDialog& dialog) { Click(dialog, "cmdCompare"); });
+    auto* comparison = desk.Find<QDialog>("frmComparison");
+    QVERIFY(comparison != nullptr);
+    QCOMPARE(comparison->findChild<QLabel*>("lblVerdict")->text(), "1 field differs.");
+    QCOMPARE(sides(), "Open data|Backup of 2026-11-24 12:13:14");
+    // The comparison itself asks for another one.
+    QTimer::singleShot(0, comparison, [] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      QVERIFY(dialog != nullptr && dialog->findChild<QPushButton*>("cmdOpen") == nullptr);
+      dialog->findChild<QLineEdit*>("txtFilter")->setText("harbour");
+      Click(*dialog, "cmdCompare");
     });
-    QCOMPARE(verdict, "1 field differs.");
+    comparison->findChild<QAction*>("mnuLeftBackup")->trigger();
+    QCOMPARE(sides(), "Backup of 2026-11-24 11:12:13|Backup of 2026-11-24 12:13:14");
   }
 
   void OneIsDeletedOnlyAfterYes() {

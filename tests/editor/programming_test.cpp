@@ -319,25 +319,16 @@ class ProgrammingTest : public QObject {
     for (const bool differs : {true, false}) {
       const Row row(differs);
       if (!differs) Channel16(desk.data).ChTag = Channel16(desk.sample).ChTag;
-      QTimer::singleShot(0, desk.window.get(), [&] {
-        QTimer::singleShot(0, desk.window.get(), [&] {
-          auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-          QCOMPARE(window->objectName(), "frmComparison");
-          const QString verdict = Child<QLabel>("lblVerdict")->text();
-          QCOMPARE(verdict, differs ? "1 field differs."
-                                    : "No difference: on the screen and in the radio are the "
-                                      "same.");
-          Click("cmdCopy");
-          QCOMPARE(QApplication::clipboard()->text().contains("CH Name\tMINE\t"), differs);
-          desk.dialogs.paths = {"/out/differences.txt"};
-          Click("cmdSaveAs");
-          QCOMPARE(desk.files.files["/out/differences.txt"],
-                   QApplication::clipboard()->text().toStdString());
-          window->close();
-        });
-        Click("cmdOK");
-      });
-      desk.Item(kCompare).trigger();
+      QVERIFY(desk.Transfer(kCompare));
+      const auto* comparison = desk.Find<QDialog>("frmComparison");
+      QVERIFY(comparison != nullptr && comparison->isVisible());
+      const QString verdict = comparison->findChild<QLabel*>("lblVerdict")->text();
+      const QString radio = "Radio, read at " + QString::fromStdString(desk.clock.TimeOfDay());
+      QCOMPARE(verdict,
+               differs ? QString("1 field differs.")
+                       : "No difference: Open data, as programmed and " + radio + " are the same.");
+      comparison->findChild<QPushButton*>("cmdCopy")->click();
+      QCOMPARE(QApplication::clipboard()->text().contains("CH Name\tMINE\t"), differs);
       QCOMPARE(desk.Messages().join('|'), QString());
       QCOMPARE(desk.document.Steps().size(), steps);
     }
