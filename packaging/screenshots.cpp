@@ -83,8 +83,43 @@ void TransferPictures(testing::CommandDesk& desk, const Picture& picture) {
   picture(*desk.Find<QDialog>("frmReceipt"), "receipt");
 }
 
-// radio is programmed, of a table that is imported, of the list of problems and of a comparison.
-// packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
+/// A file with names, a column too many and two lines that are refused.
+void TablePictures(testing::CommandDesk& desk, const Picture& picture) {
+  desk.files.files["/names.csv"] =
+      "Channel,Colour,CH Name\n16,red,HAILING\n22A,blue,COAST GUARD\n6,white,SAR\n161,green,X\n"
+      "68,green,THIRTEEN_SIGN\n67,green,BRG/BRG\n";
+  desk.dialogs.paths = {"/names.csv"};
+  desk.InWindowOf("mnuFileImportTable", [&](QDialog& dialog) { picture(dialog, "import-table"); });
+}
+
+/// All differences taken over, but for one that is refused.
+void ComparisonPicture(testing::CommandDesk& desk, const Picture& picture) {
+  core::RadioData ferry = image::MakeSampleRadio(core::kDefaultModelType, desk.clock.Today());
+  desk.data = ferry;
+  desk.ShowArranged();
+  ferry.Marine[0][32].ChTag = "HARBOUR";
+  ferry.Common.SQL = 9;
+  ferry.EXP[1].Narrow = false;
+  for (const std::size_t channel : {11U, 17U}) {
+    ferry.Marine[2][channel].Enable = !ferry.Marine[2][channel].Enable;
+  }
+  desk.files.files["/boats/ferry.dat"] = files::SettingFileText(ferry);
+  desk.dialogs.paths = {"/boats/ferry.dat"};
+  desk.Item("mnuEditCompare").trigger();
+  auto* window = desk.Find<QDialog>("frmComparison");
+  window->findChild<QAction*>("mnuRightFile")->trigger();
+  auto* list = window->findChild<QTreeView*>("lstDifferences");
+  for (const char* value : {"9", "Off"}) {
+    const QModelIndexList found =
+        list->model()->match(list->model()->index(0, 2), Qt::DisplayRole, QLatin1String(value), 9,
+                             Qt::MatchExactly | Qt::MatchRecursive);
+    for (const QModelIndex& index : found) {
+      list->selectionModel()->select(index,
+                                     QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+  }
+  window->findChild<QPushButton*>("cmdTakeLeft")->click();
+  picture(*window, "comparison");
 }
 
 }  // namespace

@@ -53,9 +53,9 @@ void ComparisonWindow::ShowSides(ComparedData left, ComparedData right) {
 
 void ComparisonWindow::Choose(Side side, ComparedData chosen) {
   if (chosen.kind == ComparedData::Kind::kNone) return;
-  ComparedData left = side == kLeft ? std::move(chosen) : sides_[kLeft];
-  ComparedData right = side == kLeft ? sides_[kRight] : std::move(chosen);
-  ShowSides(std::move(left), std::move(right));
+  std::array<ComparedData, kSides.size()> sides = sides_;
+  sides[side] = std::move(chosen);
+  ShowSides(std::move(sides[kLeft]), std::move(sides[kRight]));
 }
 
 // The open data against themselves would be no comparison.
