@@ -1,5 +1,6 @@
 #include <benchmark/benchmark.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
 #include <algorithm>
@@ -146,6 +147,32 @@ void UndoAndShow(benchmark::State& state) {
   }
 }
 BENCHMARK(UndoAndShow)->Unit(benchmark::kMillisecond);
+
+/// A letter typed into Find: the channels found are listed anew. Each round begins from the list of
+/// what stands before the letter.
+void FindLetter(benchmark::State& state, const char* before, Qt::Key letter) {
+  UsedWindow desk;
+  desk.Show("PU32");
+  desk.Item("mnuEditFind").trigger();
+  QWidget* const line = desk.window->focusWidget();
+  QTest::keyClicks(line, QLatin1String(before));
+  UsedWindow::Settle();
+  const auto* const rows = desk.Find<QAbstractItemView>("lstFind")->model();
+  Rounds rounds(state);
+  for (auto _ : state) {
+    rounds.Measure([&] {
+      QTest::keyClick(line, letter);
+      UsedWindow::Settle();
+    });
+    state.counters["rows"] = rows->rowCount();
+    QTest::keyClick(line, Qt::Key_Backspace);
+    UsedWindow::Settle();
+  }
+}
+BENCHMARK_CAPTURE(FindLetter, Number, "1", Qt::Key_6)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FindLetter, MostChannels, "15", Qt::Key_6)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FindLetter, AllChannels, "used:no scan:", Qt::Key_N)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace orvane::bench

@@ -1,6 +1,10 @@
 // screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of each page of the real
 // window, over the contents of a radio in use, of the transfer dialog before, while and after a
+<<<<<<< HEAD
 // radio is programmed, of a table that is imported, of the list of problems and of a comparison.
+=======
+// radio is programmed, of a table that is imported, of Find, and of the list of problems.
+>>>>>>> 191c6d3 (A channel found is drawn in two parts, so that its frequency stays in a narrow tree; what is not in use is as faint as in the tables; a letter in Find is measured)
 // packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
 
 #include <QApplication>
@@ -162,6 +166,11 @@ int main(int argc, char** argv) {
     picture(*desk.window, shot.file);
   }
   TablePictures(desk, picture);
+  desk.window->SelectNode("PU32");
+  desk.Item("mnuEditFind").trigger();
+  QTest::keyClicks(desk.window->focusWidget(), "16");
+  picture(*desk.window, "find");
+  QTest::keyClick(desk.window->focusWidget(), Qt::Key_Escape);
   TransferPictures(desk, picture);
   desk.Item("mnuEditProblems").trigger();
   desk.window->SelectNode("PU32");

@@ -174,6 +174,16 @@ void FindIn(const ChannelTable& table, const Query& query, std::vector<Ranked>& 
   }
 }
 
+std::string Joined(const Hit& hit, std::string_view frequency) {
+  std::string text = hit.group + " " + hit.number;
+  for (const std::string_view part : {std::string_view(hit.name), frequency}) {
+    if (!part.empty()) text.append(" ").append(part);
+  }
+  if (hit.use == Use::kSwitchedOff) text += " (not in use)";
+  if (hit.use == Use::kGroupOff) text += " (group not in use)";
+  return text;
+}
+
 }  // namespace
 
 Query ParseQuery(std::string_view typed) {
@@ -189,15 +199,12 @@ Query ParseQuery(std::string_view typed) {
   return query;
 }
 
+std::string NameTextOf(const Hit& hit) {
+  return Joined(hit, {});
+}
+
 std::string TextOf(const Hit& hit) {
-  std::string text = hit.group + " " + hit.number;
-  for (const std::string_view part :
-       {std::string_view(hit.name), std::string_view(hit.frequency)}) {
-    if (!part.empty()) text.append(" ").append(part);
-  }
-  if (hit.use == Use::kSwitchedOff) text += " (not in use)";
-  if (hit.use == Use::kGroupOff) text += " (group not in use)";
-  return text;
+  return Joined(hit, hit.frequency);
 }
 
 std::vector<Hit> Find(const RadioData& data, const Query& query) {

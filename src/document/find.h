@@ -38,7 +38,9 @@ struct Hit {
   std::string name;       ///< "" for none
   std::string frequency;  ///< MHz, "156.800"; "161.600/157.000" to listen and to send; "" for none
 };
-/// "USA 16 DISTRESS 156.800 (not in use)".
+/// "USA 16 DISTRESS (not in use)".
+[[nodiscard]] std::string NameTextOf(const Hit& hit);
+/// The same with the frequency: "USA 16 DISTRESS 156.800 (not in use)".
 [[nodiscard]] std::string TextOf(const Hit& hit);
 
 /// Best first: the number itself, or the frequency; the beginning of a number; the beginning of a

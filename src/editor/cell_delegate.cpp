@@ -114,10 +114,7 @@ void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     option->backgroundBrush = Blended(base, palette.color(QPalette::Highlight), kCurrentRow);
   }
   if (model_.IsInUse(index.row())) return;
-  const QColor faint =
-      StandingOut(palette.color(QPalette::Disabled, QPalette::Text), palette.color(QPalette::Text),
-                  {base, palette.color(QPalette::AlternateBase)});
-  palette.setColor(QPalette::Text, faint);
+  palette.setColor(QPalette::Text, FaintText(palette));
 }
 
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,

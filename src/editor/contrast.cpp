@@ -47,4 +47,10 @@ QColor StandingOut(const QColor& colour, const QColor& clear_colour,
   return LeastContrast(black, grounds) > LeastContrast(white, grounds) ? black : white;
 }
 
+QColor FaintText(const QPalette& palette) {
+  return StandingOut(palette.color(QPalette::Disabled, QPalette::Text),
+                     palette.color(QPalette::Text),
+                     {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase)});
+}
+
 }  // namespace orvane::editor

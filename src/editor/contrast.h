@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 #include <initializer_list>
 
 namespace orvane::editor {
@@ -15,5 +16,8 @@ inline constexpr double kGraphicsContrast = 3.0;
 /// Where not even clear_colour stands out, that is black or white instead.
 [[nodiscard]] QColor StandingOut(const QColor& colour, const QColor& clear_colour,
                                  std::initializer_list<QColor> grounds);
+
+/// Of a text in a list that tells of what is not in use: stepping back, and still to be read.
+[[nodiscard]] QColor FaintText(const QPalette& palette);
 
 }  // namespace orvane::editor

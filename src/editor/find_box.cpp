@@ -8,12 +8,14 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "editor/find_delegate.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
 namespace {
 
 constexpr int kLongestQuery = 80;
+constexpr int kGap = 3;  // pixels, towards the tree
 constexpr int kFewestLines = 6;
 constexpr int kShareOfHeight = 3;  // the list takes one of so many parts; the tree keeps the rest
 
@@ -64,7 +66,7 @@ FindBox::~FindBox() {
 void FindBox::Build() {
   line_->setObjectName(QStringLiteral("txtFind"));
   line_->setAccessibleName(tr("Find channels"));
-  line_->setPlaceholderText(tr("16, distress, 156.8, tx:no"));
+  line_->setPlaceholderText(tr("16, port, tx:no"));
   line_->setMaxLength(kLongestQuery);
   line_->setToolTip(WordsToolTip());
   told_->setObjectName(QStringLiteral("lblFind"));
@@ -77,6 +79,7 @@ void FindBox::Build() {
   view_->setUniformItemSizes(true);
   view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view_->setModel(model_);
+  view_->setItemDelegate(new FindDelegate(view_));
   view_->hide();
   for (QWidget* part : {static_cast<QWidget*>(line_), static_cast<QWidget*>(view_)}) {
     part->installEventFilter(this);
@@ -105,6 +108,7 @@ void FindBox::Build() {
   column->addLayout(row);
   column->addWidget(told_);
   column->addWidget(view_);
+  column->addSpacing(kGap);
 }
 
 void FindBox::Open() {
@@ -174,7 +178,7 @@ const document::Hit* FindBox::Current() {
 }
 
 QString FindBox::PlaceText() const {
-  const QString place = tr("%1 of %2").arg(row_ + 1).arg(model_->rowCount());
+  QString place = tr("%1 of %2").arg(row_ + 1).arg(model_->rowCount());
   if (!again_) return place;
   return place + (row_ == 0 ? tr(", from the first one again") : tr(", from the last one again"));
 }

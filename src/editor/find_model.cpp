@@ -1,10 +1,10 @@
 #include "editor/find_model.h"
 
 #include <QGuiApplication>
-#include <QPalette>
 #include <algorithm>
 #include <utility>
 
+#include "editor/contrast.h"
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
@@ -34,9 +34,11 @@ QVariant FindModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const document::Hit& hit = *At(index.row());
   if (role == Qt::DisplayRole) return platform::FromAnsi(document::TextOf(hit));
+  if (role == kNameRole) return platform::FromAnsi(document::NameTextOf(hit));
+  if (role == kFrequencyRole) return platform::FromAnsi(hit.frequency);
   // Its text says so as well.
   if (role == Qt::ForegroundRole && hit.use != document::Use::kInUse) {
-    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    return FaintText(QGuiApplication::palette());
   }
   return {};
 }

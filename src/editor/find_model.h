@@ -15,6 +15,10 @@ class FindModel : public QAbstractListModel {
  public:
   using QAbstractListModel::QAbstractListModel;
 
+  // The text of a row in two parts.
+  static constexpr int kNameRole = Qt::UserRole;
+  static constexpr int kFrequencyRole = Qt::UserRole + 1;
+
   void Take(std::vector<document::Hit> hits);
   [[nodiscard]] const std::vector<document::Hit>& Hits() const { return hits_; }
   /// Null beyond the rows.

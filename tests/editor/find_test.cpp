@@ -140,6 +140,10 @@ class FindTest : public QObject {
       told = static_cast<int>(announced.count());
       QCOMPARE(desk.Focus(), "txtFind");
       QCOMPARE(desk.List().isVisible(), *step.chosen != 0);
+      const QModelIndex row_chosen = desk.List().currentIndex();
+      const QStringList parts = {row_chosen.data(editor::FindModel::kNameRole).toString(),
+                                 row_chosen.data(editor::FindModel::kFrequencyRole).toString()};
+      QCOMPARE(parts.join(' ').trimmed(), step.chosen);
     }
     desk.Press(Qt::Key_Return);  // nothing to go to
     QCOMPARE(desk.Focus(), "txtFind");
