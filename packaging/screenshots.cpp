@@ -1,10 +1,7 @@
 // screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of each page of the real
 // window, over the contents of a radio in use, of the transfer dialog before, while and after a
-<<<<<<< HEAD
-// radio is programmed, of a table that is imported, of the list of problems and of a comparison.
-=======
-// radio is programmed, of a table that is imported, of Find, and of the list of problems.
->>>>>>> 191c6d3 (A channel found is drawn in two parts, so that its frequency stays in a narrow tree; what is not in use is as faint as in the tables; a letter in Find is measured)
+// radio is programmed, of a table that is imported, of Find, of the list of problems and of a
+// comparison.
 // packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
 
 #include <QApplication>
