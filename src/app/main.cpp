@@ -5,11 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "app/on_demand.h"
 #include "core/app_settings.h"
 #include "core/product.h"
 #include "editor/main_window.h"
+#include "editor/program_style.h"
 #include "editor/window_commands.h"
-#include "help/help_viewer.h"
 #include "platform/ansi_text.h"
 #include "platform/file_dialogs.h"
 #include "platform/file_error_log.h"
@@ -24,7 +25,6 @@
 #include "platform/qt_recovery_store.h"
 #include "platform/qt_serial_port.h"
 #include "platform/qt_settings_store.h"
-#include "platform/report_printer.h"
 #include "platform/system_devices.h"
 
 namespace {
@@ -80,6 +80,7 @@ int main(int argc, char** argv) {
     return std::cout.good() ? 0 : 1;
   }
   QApplication application(argc, argv);
+  QApplication::setStyle(new orvane::editor::ProgramStyle);
   QApplication::setApplicationName(QLatin1String(orvane::core::kProductName.data()));
 
   const orvane::core::StartWords words =
@@ -106,8 +107,10 @@ int main(int argc, char** argv) {
 
   platform::QtRecoveryStore recovery(platform::RecoveryFolder());
   platform::DesktopInterrupts interrupts;
-  platform::QtReportPrinter printer;
-  orvane::help::HelpViewer help(platform::DataFolder() + "/Orvane.qch", platform::CacheFolder());
+  orvane::app::OnDemand on_demand;
+  orvane::app::PrinterOnDemand printer(on_demand);
+  orvane::app::HelpOnDemand help(on_demand, platform::DataFolder() + "/Orvane.qch",
+                                 platform::CacheFolder());
 
   const auto make_port = [&ports](int number) {
     return std::make_unique<platform::QtSerialPort>(platform::DeviceOfPort(ports, number));

@@ -33,7 +33,7 @@ FirstSteps::FirstSteps(const Menus& menus, QWidget* parent)
   column->addStretch();
   AddSteps();
   AddSimulated();
-  AddFiles();
+  recent_.widget->hide();
   SetShape(Shape::kSquare);
 }
 
@@ -89,15 +89,18 @@ void FirstSteps::AddFiles() {
     connect(button, &QPushButton::clicked, menus_.recent_files[static_cast<std::size_t>(place)],
             &QAction::trigger);
   }
+  Arrange(recent_, shape_);
 }
 
 void FirstSteps::ShowFiles() {
+  const bool any = menus_.recent_files.front()->isVisible();
+  recent_.widget->setVisible(any);
+  if (!any) return;
+  if (recent_.buttons.empty()) AddFiles();
   const QFontMetrics font = fontMetrics();
-  bool any = false;
   for (std::size_t place = 0; place < recent_.buttons.size(); ++place) {
     const QAction& item = *menus_.recent_files[place];
     QPushButton& button = *recent_.buttons[place];
-    any = any || item.isVisible();
     button.setVisible(item.isVisible());
     if (!item.isVisible()) continue;
     const QString path = item.data().toString();
@@ -108,7 +111,6 @@ void FirstSteps::ShowFiles() {
     button.setAccessibleDescription(path);
     Follow(button, item, path);
   }
-  recent_.widget->setVisible(any);
 }
 
 void FirstSteps::Show(document::StartOffer offer) {
@@ -118,6 +120,7 @@ void FirstSteps::Show(document::StartOffer offer) {
 }
 
 void FirstSteps::SetShape(Shape shape) {
+  shape_ = shape;
   for (const Box* box : {&steps_, &recent_}) Arrange(*box, shape);
 }
 

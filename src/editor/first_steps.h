@@ -44,7 +44,8 @@ class FirstSteps : public QWidget {
 
   const Menus menus_;
   Box steps_;
-  Box recent_;
+  Box recent_;  ///< without buttons as long as there was no file
+  Shape shape_ = Shape::kSquare;
 };
 
 }  // namespace orvane::editor

@@ -32,10 +32,17 @@ document::Document& Begun(const WindowServices& services) {
   return services.document;
 }
 
+/// On another core, if there is one: it takes as long as all menus and the toolbar together.
+std::future<QImage> ReadLogo(const std::string& folder) {
+  const QString path = platform::FromUtf8(folder) + QLatin1String("/Keldrin.gif");
+  return std::async([path] { return QImage(path); });
+}
+
 }  // namespace
 
 MainWindow::MainWindow(const WindowServices& services)
     : services_(services),
+      logo_(ReadLogo(services.data_folder)),
       document_(Begun(services)),
       state_(services.state),
       settings_(services.settings),
@@ -297,7 +304,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   const int tree_width = static_cast<int>(kTreeShare * width());
   splitter_->setSizes({tree_width, width() - tree_width});
   if (general_ != nullptr && !general_->LogoShown()) {
-    general_->ShowLogo(platform::FromUtf8(services_.data_folder) + QLatin1String("/Keldrin.gif"));
+    general_->ShowLogo(logo_.get());
   }
 }
 

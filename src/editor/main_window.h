@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QImage>
 #include <QMainWindow>
 #include <QTimer>
+#include <future>
 #include <memory>
 
 #include "editor/autosave.h"
@@ -126,6 +128,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void SwitchSide();
 
   const WindowServices services_;
+  std::future<QImage> logo_;  ///< read while the window is built
   document::Document& document_;
   core::RunState& state_;
   core::AppSettings settings_;

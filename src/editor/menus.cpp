@@ -143,7 +143,6 @@ void AddOptionsMenu(QMenuBar& bar, Menus& menus) {
   menus.no_port = AddItem(*menus.serial_port, QStringLiteral("mnuOptionsSerialPortNone"),
                           QStringLiteral("(not exist)"));
   menus.no_port->setEnabled(false);
-  AddItems(*menus.serial_port, "mnuOptionsSerialPort1", menus.ports);
   menus.gone_port = AddItem(*menus.serial_port, QStringLiteral("mnuOptionsSerialPortGone"), {});
   menus.gone_port->setEnabled(false);
   menus.gone_port->setVisible(false);
@@ -172,9 +171,8 @@ Menus BuildMenus(QMenuBar& bar) {
   menus.destination = AddMenu(bar, "mnuDestination", QStringLiteral("&Destination"));
   AddItems(*menus.destination, "mnuDestination", menus.destinations);
   menus.destination->setToolTipsVisible(true);
-  for (QAction* item : menus.destinations) {
-    item->setToolTip(ToolTipText(core::ExplainWord("Destination")));
-  }
+  const QString destination = ToolTipText(core::ExplainWord("Destination"));
+  for (QAction* item : menus.destinations) item->setToolTip(destination);
   AddOptionsMenu(bar, menus);
   QMenu& help = *AddMenu(bar, "mnuHelp", QStringLiteral("&Help"));
   menus.help_contents =

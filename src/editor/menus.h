@@ -12,7 +12,6 @@ namespace orvane::editor {
 struct Menus {
   static constexpr int kModels = 4;
   static constexpr int kDestinations = 11;
-  static constexpr int kPorts = 64;
   static constexpr int kRecentFiles = 10;
 
   QAction* file_new;
@@ -44,8 +43,7 @@ struct Menus {
   std::array<QAction*, kDestinations> destinations;
   QMenu* serial_port;
   QAction* no_port;
-  std::array<QAction*, kPorts> ports;
-  QAction* gone_port;   ///< the chosen port while it is not there
+  QAction* gone_port;   ///< the chosen port while it is not there; those that are stand before it
   QAction* find_cable;  ///< in the port menu and in the Help menu
   QAction* simulated_radio;
   QAction* end_simulated;

@@ -52,9 +52,9 @@ void GeneralPage::resizeEvent(QResizeEvent* event) {
 
 void GeneralPage::Fill(const NodeRef& /*node*/) {}
 
-void GeneralPage::ShowLogo(const QString& path) {
+void GeneralPage::ShowLogo(const QImage& picture) {
   shown_ = true;
-  logo_->setPixmap(QPixmap(path));
+  logo_->setPixmap(QPixmap::fromImage(picture));
   logo_->show();
 }
 

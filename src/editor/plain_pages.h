@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QLabel>
 #include <QString>
 
@@ -16,8 +17,8 @@ class GeneralPage : public Page {
   explicit GeneralPage(PageServices services, QWidget* parent = nullptr);
   void Fill(const NodeRef& node) override;
 
-  /// The picture stays hidden until this; a file that cannot be read leaves the page empty.
-  void ShowLogo(const QString& path);
+  /// The picture stays hidden until this; one that could not be read leaves the page empty.
+  void ShowLogo(const QImage& picture);
   [[nodiscard]] bool LogoShown() const { return shown_; }
   /// Takes the widget over.
   void PutBeside(FirstSteps* steps);

@@ -10,20 +10,28 @@ namespace orvane::editor {
 SerialPortMenu::SerialPortMenu(const Menus& menus, link::PortFinder& finder,
                                core::SettingsStore& settings)
     : menus_(menus), list_(finder), settings_(settings), port_number_(settings_.PortNumber()) {
-  for (int index = 0; index < Menus::kPorts; ++index) {
-    QAction* item = menus_.ports[static_cast<std::size_t>(index)];
-    item->setCheckable(true);
-    item->setVisible(false);
-    connect(item, &QAction::triggered, this, [this, index] { Pick(index); });
-  }
   connect(menus_.serial_port, &QMenu::aboutToShow, this, &SerialPortMenu::UpdateComList);
 }
 
+void SerialPortMenu::MakeItems() {
+  for (int index = 0; index < kPorts; ++index) {
+    auto* item = new QAction(menus_.serial_port);
+    item->setObjectName(QStringLiteral("mnuOptionsSerialPort1_%1").arg(index));
+    item->setMenuRole(QAction::NoRole);
+    item->setCheckable(true);
+    item->setVisible(false);
+    connect(item, &QAction::triggered, this, [this, index] { Pick(index); });
+    items_.push_back(item);
+  }
+  menus_.serial_port->insertActions(menus_.gone_port, {items_.begin(), items_.end()});
+}
+
 void SerialPortMenu::UpdateComList() {
+  if (items_.empty()) MakeItems();
   const int count = list_.Create();
   menus_.no_port->setVisible(count == 0);
-  for (int index = 0; index < Menus::kPorts; ++index) {
-    QAction* item = menus_.ports[static_cast<std::size_t>(index)];
+  for (int index = 0; index < kPorts; ++index) {
+    QAction* item = items_[static_cast<std::size_t>(index)];
     item->setVisible(index < count);
     if (index < count) {
       item->setText(PlainCaption(platform::FromUtf8(list_.RefComName(index))));
@@ -70,9 +78,9 @@ void SerialPortMenu::GiveBack() {
 }
 
 void SerialPortMenu::CheckOnly(int index) {
-  chosen_ = index < 0 ? QString() : menus_.ports[static_cast<std::size_t>(index)]->text().trimmed();
-  for (int other = 0; other < Menus::kPorts; ++other) {
-    menus_.ports[static_cast<std::size_t>(other)]->setChecked(other == index);
+  chosen_ = index < 0 ? QString() : items_[static_cast<std::size_t>(index)]->text().trimmed();
+  for (int other = 0; other < kPorts; ++other) {
+    items_[static_cast<std::size_t>(other)]->setChecked(other == index);
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <vector>
 
 #include "core/app_settings.h"
 #include "editor/menus.h"
@@ -30,11 +31,16 @@ class SerialPortMenu : public QObject {
   void GiveBack();
 
  private:
+  static constexpr int kPorts = 64;
+
+  /// Nobody needs the items before the menu is filled.
+  void MakeItems();
   void Pick(int index);
   /// -1: none.
   void CheckOnly(int index);
 
   const Menus menus_;
+  std::vector<QAction*> items_;  ///< kPorts, once they were made
   link::CComList list_;
   core::AppSettings settings_;
   int port_number_;

@@ -11,7 +11,7 @@
 namespace orvane::platform {
 
 /// Its standard input is a pipe of this process: the program ends when that does.
-class QtRadioProcess : public link::RadioProcess {
+class QtRadioProcess final : public link::RadioProcess {
  public:
   /// folder: where the program is looked for.
   explicit QtRadioProcess(const std::string& folder);

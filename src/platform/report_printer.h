@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QPrinter>
 #include <QWidget>
-#include <functional>
-#include <memory>
 #include <optional>
+#include <string>
 
 #include "core/radio_data.h"
 #include "core/services.h"
@@ -25,23 +23,6 @@ class ReportPrinter {
   /// The same for a text.
   [[nodiscard]] virtual std::optional<core::SystemError> PrintText(
       const std::string& text, const files::Imprint& imprint) = 0;
-};
-
-/// The printers the system knows, through its own dialog.
-class QtReportPrinter : public ReportPrinter {
- public:
-  [[nodiscard]] bool HasPrinter() const override;
-  [[nodiscard]] bool Ask(QWidget& parent) override;
-  [[nodiscard]] std::optional<core::SystemError> Print(const core::RadioData& data,
-                                                       const files::Imprint& imprint) override;
-  [[nodiscard]] std::optional<core::SystemError> PrintText(const std::string& text,
-                                                           const files::Imprint& imprint) override;
-
- private:
-  using Painting = std::function<std::optional<core::SystemError>(QPrinter&)>;
-  [[nodiscard]] std::optional<core::SystemError> PrintPages(const Painting& paint);
-
-  std::unique_ptr<QPrinter> printer_;
 };
 
 }  // namespace orvane::platform

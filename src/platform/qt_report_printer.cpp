@@ -1,4 +1,4 @@
-#include "platform/report_printer.h"
+#include "platform/qt_report_printer.h"
 
 #include <QPrintDialog>
 #include <QPrinterInfo>

@@ -1,0 +1,19 @@
+#include "app/on_demand_module.h"
+
+#include <QtGlobal>
+
+#include "help/help_viewer.h"
+#include "platform/qt_report_printer.h"
+
+extern "C" {
+
+Q_DECL_EXPORT orvane::help::HelpOpener* orvane_make_help(const std::string& help_file,
+                                                         const std::string& cache_folder) {
+  return new orvane::help::HelpViewer(help_file, cache_folder);
+}
+
+Q_DECL_EXPORT orvane::platform::ReportPrinter* orvane_make_printer() {
+  return new orvane::platform::QtReportPrinter;
+}
+
+}  // extern "C"
