@@ -82,6 +82,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setStyle(new orvane::editor::ProgramStyle);
   QApplication::setApplicationName(QLatin1String(orvane::core::kProductName.data()));
+  QApplication::setDesktopFileName(QStringLiteral("orvane"));  // the menu entry, whose icon it has
 
   const orvane::core::StartWords words =
       orvane::core::ReadStartWords(ArgumentsOf(QApplication::arguments()));

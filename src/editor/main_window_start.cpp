@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QScreen>
 #include <algorithm>
 #include <optional>
@@ -8,6 +9,7 @@
 #include "editor/main_window.h"
 #include "editor/recovery.h"
 #include "editor/working.h"
+#include "platform/ansi_text.h"
 
 namespace orvane::editor {
 namespace {
@@ -28,6 +30,17 @@ std::optional<QRect> KeptGeometry(const core::AppSettings& settings) {
   if (!kept || kept->width <= 0 || kept->height <= 0) return std::nullopt;
   return QRect(kept->left / kTwipsPerPixel, kept->top / kTwipsPerPixel,
                kept->width / kTwipsPerPixel, kept->height / kTwipsPerPixel);
+}
+
+// The icon of the windows where the system does not take it from the menu entry. It is installed
+// beside the data; there is none beside a build.
+QIcon ProgramIcon(const std::string& data_folder) {
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 128}) {
+    icon.addFile(platform::FromUtf8(data_folder) +
+                 QStringLiteral("/../icons/hicolor/%1x%1/apps/orvane.png").arg(size));
+  }
+  return icon;
 }
 
 }  // namespace
@@ -76,6 +89,7 @@ void MainWindow::FinishStart() {
 }
 
 void MainWindow::BeginWork() {
+  QApplication::setWindowIcon(ProgramIcon(services_.data_folder));
   if (!file_at_start_.empty()) file_commands_.OpenFile(file_at_start_);
   side_lists_->BeginWork();
   if (!services_.backups_folder.empty()) {

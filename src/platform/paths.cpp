@@ -105,7 +105,9 @@ std::string RecoveryFolder() {
 
 std::string ErrorLogPath() {
   const QString program = QCoreApplication::applicationDirPath();
-  if (MayWriteErrorLog(program)) return ToUtf8(program + "/err.log");
+  // An installed program shares its folder with all others.
+  const bool installed = DataFolder() != ToUtf8(program);
+  if (!installed && MayWriteErrorLog(program)) return ToUtf8(program + "/err.log");
   return ToUtf8(StateFolder() + "/err.log");
 }
 

@@ -28,7 +28,8 @@ namespace orvane::platform {
 [[nodiscard]] std::string MarksFolder();
 /// Unsaved work, while the program runs and after it was killed. Not created.
 [[nodiscard]] std::string RecoveryFolder();
-/// err.log in the program's folder when it may be written there, else in the user's state folder.
+/// err.log in the program's folder when it may be written there and the program is not installed,
+/// else in the user's state folder.
 [[nodiscard]] std::string ErrorLogPath();
 
 }  // namespace orvane::platform
