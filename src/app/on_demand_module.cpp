@@ -7,12 +7,12 @@
 
 extern "C" {
 
-Q_DECL_EXPORT orvane::help::HelpOpener* orvane_make_help(const std::string& help_file,
-                                                         const std::string& cache_folder) {
+Q_DECL_EXPORT orvane::help::HelpOpener* OrvaneMakeHelp(const std::string& help_file,
+                                                       const std::string& cache_folder) {
   return new orvane::help::HelpViewer(help_file, cache_folder);
 }
 
-Q_DECL_EXPORT orvane::platform::ReportPrinter* orvane_make_printer() {
+Q_DECL_EXPORT orvane::platform::ReportPrinter* OrvaneMakePrinter() {
   return new orvane::platform::QtReportPrinter;
 }
 

@@ -11,8 +11,8 @@ namespace orvane::app {
 /// The caller owns what is made.
 using MakeHelpFunction = help::HelpOpener* (*)(const std::string& help_file,
                                                const std::string& cache_folder);
-inline constexpr const char* kMakeHelp = "orvane_make_help";
+inline constexpr const char* kMakeHelp = "OrvaneMakeHelp";
 using MakePrinterFunction = platform::ReportPrinter* (*)();
-inline constexpr const char* kMakePrinter = "orvane_make_printer";
+inline constexpr const char* kMakePrinter = "OrvaneMakePrinter";
 
 }  // namespace orvane::app

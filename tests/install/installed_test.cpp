@@ -83,7 +83,8 @@ TEST_F(Installed, FilesAreKnownByTheirContents) {
     ASSERT_EQ(Run(Path("bin/orvane-cli"), {"new", "--model", model, "-o", file}).status, 0);
   }
   const QByteArray settings = Contents(UserFile("model6.dat"));
-  const QByteArray snapshot = Contents(ORVANE_GOLDEN_DIR "/backups_1_0/20261125-120000-read-5-5203747B.orvsnap");
+  const QByteArray snapshot =
+      Contents(ORVANE_GOLDEN_DIR "/backups_1_0/20261125-120000-read-5-5203747B.orvsnap");
   Write(UserFile("marked.dat"), "\xEF\xBB\xBF" + settings);
   Write(UserFile("unix.dat"), QByteArray(settings).replace("\r\n", "\n"));
   Write(UserFile("no_ending"), settings);
