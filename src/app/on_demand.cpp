@@ -11,7 +11,6 @@
 namespace orvane::app {
 namespace {
 
-/// Where it is installed, else beside the program.
 QString PathOfModule() {
   const QString program = QCoreApplication::applicationDirPath();
   const QString name = QLatin1Char('/') + QLatin1String(ORVANE_MODULE);
@@ -23,6 +22,8 @@ QString PathOfModule() {
 }  // namespace
 
 OnDemand::OnDemand() : module_(PathOfModule()) {}
+
+OnDemand::OnDemand(const std::string& module) : module_(platform::FromUtf8(module)) {}
 
 std::unique_ptr<help::HelpOpener> OnDemand::MakeHelp(const std::string& help_file,
                                                      const std::string& cache_folder) {

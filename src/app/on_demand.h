@@ -15,7 +15,10 @@ namespace orvane::app {
 
 class OnDemand {
  public:
+  /// The module stands where it is installed, else beside the program.
   OnDemand();
+  /// Path in UTF-8.
+  explicit OnDemand(const std::string& module);
 
   /// Null where the module is missing or damaged.
   [[nodiscard]] std::unique_ptr<help::HelpOpener> MakeHelp(const std::string& help_file,

@@ -9,7 +9,7 @@ namespace orvane::editor {
 namespace {
 
 constexpr int kFiles = 4;
-constexpr int kFileNameWidth = 18;  // average letters; more are cut in the middle
+constexpr int kFileNameWidth = 24;  // average letters; more are cut in the middle
 
 // A button is disabled with its item, and then says what the item says.
 void Follow(QPushButton& button, const QAction& item, const QString& tool_tip) {

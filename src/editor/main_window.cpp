@@ -35,7 +35,8 @@ document::Document& Begun(const WindowServices& services) {
 /// On another core, if there is one: it takes as long as all menus and the toolbar together.
 std::future<QImage> ReadLogo(const std::string& folder) {
   const QString path = platform::FromUtf8(folder) + QLatin1String("/Keldrin.gif");
-  return std::async([path] { return QImage(path); });
+  return std::async(
+      [path] { return QImage(path).convertToFormat(QImage::Format_ARGB32_Premultiplied); });
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QPixmap>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace orvane::editor {
 namespace {
@@ -52,9 +53,9 @@ void GeneralPage::resizeEvent(QResizeEvent* event) {
 
 void GeneralPage::Fill(const NodeRef& /*node*/) {}
 
-void GeneralPage::ShowLogo(const QImage& picture) {
+void GeneralPage::ShowLogo(QImage picture) {
   shown_ = true;
-  logo_->setPixmap(QPixmap::fromImage(picture));
+  logo_->setPixmap(QPixmap::fromImage(std::move(picture), Qt::NoFormatConversion));
   logo_->show();
 }
 

@@ -18,7 +18,7 @@ class GeneralPage : public Page {
   void Fill(const NodeRef& node) override;
 
   /// The picture stays hidden until this; one that could not be read leaves the page empty.
-  void ShowLogo(const QImage& picture);
+  void ShowLogo(QImage picture);
   [[nodiscard]] bool LogoShown() const { return shown_; }
   /// Takes the widget over.
   void PutBeside(FirstSteps* steps);
