@@ -27,7 +27,8 @@ namespace {
 using namespace orvane;
 
 constexpr int kTraced = 50;  ///< the last edits that the data tell of
-constexpr int kEditsPerSave = 40;
+constexpr int kCopiesPerSave =
+    4;  ///< on any machine most kills find a copy that is newer than the file
 
 void Tell(const char* what, int edit) {
   std::printf("%s %d\n", what, edit);
@@ -76,7 +77,10 @@ class ToldRecovery : public platform::QtRecoveryStore {
   using QtRecoveryStore::QtRecoveryStore;
   void WhenKept(std::function<void(const std::optional<core::SystemError>&)> told) override {
     QtRecoveryStore::WhenKept([this, told = std::move(told)](const auto& failure) {
-      if (!failure) Tell("kept", on_their_way_.front());
+      if (!failure) {
+        Tell("kept", on_their_way_.front());
+        ++copies;
+      }
       on_their_way_.pop_front();
       told(failure);
     });
@@ -86,6 +90,7 @@ class ToldRecovery : public platform::QtRecoveryStore {
     QtRecoveryStore::Keep(std::move(text));
   }
   int edit = 0;
+  int copies = 0;  ///< kept since the last save
 
  private:
   std::deque<int> on_their_way_;
@@ -154,6 +159,7 @@ int main(int argc, char** argv) {
     desk.dialogs.paths = {file};
     desk.Item("mnuFileSave").trigger();
     if (desk.document.IsSaved()) Tell("saved", edit);
+    recovery.copies = 0;
   };
   if (desk.document.FileName().empty()) save();
   QElapsedTimer running;
@@ -168,7 +174,7 @@ int main(int argc, char** argv) {
       }
     });
     recovery.edit = edit;
-    if (edit % kEditsPerSave == 0) save();
+    if (recovery.copies >= kCopiesPerSave) save();
   });
   script.start(1);
   return QApplication::exec();
