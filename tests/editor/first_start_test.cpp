@@ -53,13 +53,17 @@ class ScriptedRadio : public link::RadioProcess {
   std::function<void()> told_;
 };
 
-struct StartDesk : CommandDesk {
+struct RadioDesk : CommandDesk {
+  RadioDesk() { radio_process = &radio_program; }
+  ~RadioDesk() { window = nullptr; }  // before the radio that it ends
+  ScriptedRadio radio_program{ports};
+};
+
+struct StartDesk : RadioDesk {
   StartDesk() {
     ports.Add(2, "USB Serial");
     core::AppSettings(settings).SetPortNumber(2);
-    radio_process = &radio_program;
   }
-  ScriptedRadio radio_program{ports};
 
   void Try() const { Item("mnuSimulatedRadio").trigger(); }
   [[nodiscard]] bool StripShown() const {
@@ -82,9 +86,7 @@ class FirstStartTest : public QObject {
 
  private slots:
   void StepsAreMenuItemsAndGoWithTheFirstData() {
-    CommandDesk desk;
-    ScriptedRadio radio(desk.ports);
-    desk.radio_process = &radio;
+    RadioDesk desk;
     desk.Start();
     QVERIFY(Shown(desk, "pictLogo") && Shown(desk, "cmdStepRead"));
     QVERIFY(!Shown(desk, "cmdRecent_0"));
