@@ -98,7 +98,7 @@ class FirstStartTest : public QObject {
     desk.Find<QPushButton>("cmdStepSimulated")->click();
     QCOMPARE(desk.window->PortNumber(), 16);
     QTimer::singleShot(0, desk.window.get(), [] {
-      QDialog* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       QVERIFY(dialog != nullptr);
       dialog->findChild<QPushButton*>("cmdOK")->click();
     });
