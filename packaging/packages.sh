@@ -9,6 +9,10 @@ build_packages="g++ make cmake ninja-build ccache git ca-certificates
   fonts-dejavu-core"
 check_packages="clang clang-format clang-tidy libclang-rt-14-dev
   g++-mingw-w64-x86-64-posix googletest wine64"
+# To build the Debian package, and to look at what it installs.
+deb_packages="debhelper dpkg-dev"
+deb_check_packages="lintian mmdebstrap man-db desktop-file-utils appstream shared-mime-info
+  bash-completion"
 
 say() { printf '\n== %s\n' "$*"; }
 

@@ -1,5 +1,5 @@
 # cmake -DROOT=... -DVERSION=... -P versions.cmake: what is released says which version it is. The
-# metadata and the list of changes tell the one that the programs tell.
+# metadata, the list of changes and the package tell the one that the programs tell.
 cmake_minimum_required(VERSION 3.25)
 
 # The first place of a file that matches; the group is the version.
@@ -15,3 +15,4 @@ endfunction()
 
 expect_version(packaging/desktop/orvane.metainfo.xml.in "<release version=\"([0-9.]+)\"")
 expect_version(CHANGELOG.md "\n## ([0-9.]+)")
+expect_version(debian/changelog "^orvane \\(([0-9.]+)\\)")
