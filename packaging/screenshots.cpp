@@ -1,8 +1,7 @@
-// screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of each page of the real
-// window, over the contents of a radio in use, of the transfer dialog before, while and after a
-// radio is programmed, of a table that is imported, of Find, of the list of problems and of a
-// comparison.
-// packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
+// screenshots [--dark] [--font PERCENT] [--size WxH] FOLDER: one picture of the first start, of
+// each page of the real window, over the contents of a radio in use, of the transfer dialog before,
+// while and after a radio is programmed, of a table that is imported, of Find, of the list of
+// problems and of a comparison. packaging/screenshots.sh runs it; QT_SCALE_FACTOR scales it.
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -19,6 +18,7 @@
 #include "editor/command_desk.h"
 #include "files/settings_file.h"
 #include "image/sample_radio.h"
+#include "platform/qt_radio_process.h"
 
 namespace {
 
@@ -146,18 +146,22 @@ int main(int argc, char** argv) {
   desk.ports.Add(1, "USB serial adapter");
   editor::WindowServices services = desk.Services();
   services.data_folder = platform::ToUtf8(QApplication::applicationDirPath());  // the logo
+  platform::QtRadioProcess simulated(services.data_folder);  // offered, not started
+  services.radio = &simulated;
   desk.window = std::make_unique<editor::MainWindow>(services);
   desk.window->show();
   if (!QTest::qWaitFor([&] { return desk.window->isEnabled(); })) return 1;
-  desk.data = image::MakeSampleRadio(core::kDefaultModelType, desk.clock.Today());
-  desk.ShowArranged();
   desk.window->resize(*size);
+  QTest::qWait(0);  // a first layout finds which shape the page has room for, the next one has it
   bool saved = true;
   const QDir folder(words.positionalArguments().front());
   const auto picture = [&](QWidget& widget, const char* file) {
     QTest::qWait(0);
     saved = widget.grab().save(folder.filePath(QLatin1String(file) + ".png")) && saved;
   };
+  picture(*desk.window, "first-start");
+  desk.data = image::MakeSampleRadio(core::kDefaultModelType, desk.clock.Today());
+  desk.ShowArranged();
   for (const Shot& shot : kShots) {
     desk.window->SelectNode(QLatin1String(shot.key));
     picture(*desk.window, shot.file);

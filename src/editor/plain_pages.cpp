@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <QPixmap>
-#include <QStyle>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -10,14 +9,24 @@ namespace orvane::editor {
 namespace {
 
 /// A picture that looks the same while the window takes no input: greying it would only flicker.
+/// Where there is no room for all of it, it is smaller.
 class Logo : public QLabel {
  public:
   using QLabel::QLabel;
 
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint() / 2; }
+
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    style()->drawItemPixmap(&painter, contentsRect(), Qt::AlignCenter, pixmap());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    QRect place(QPoint(), pixmap().deviceIndependentSize().toSize());
+    const QSize room = contentsRect().size();
+    if (place.width() > room.width() || place.height() > room.height()) {
+      place.setSize(place.size().scaled(room, Qt::KeepAspectRatio));
+    }
+    place.moveCenter(contentsRect().center());
+    painter.drawPixmap(place, pixmap());
   }
 };
 
