@@ -2,7 +2,8 @@
 # deb_system.sh PACKAGE OLDER FOLDER: the life of an installed package. Makes a clean system of the
 # distribution in FOLDER, with nothing but what the package says it depends on; installs the older
 # package there, lets a user work, upgrades, lets him work again, removes and purges. Then nothing may
-# be left but the user's files, and these untouched. As root, in a mount namespace of its own:
+# be left but the user's files, and these untouched. A failure leaves FOLDER to be looked at. As root,
+# in a mount namespace of its own:
 #   unshare --mount packaging/deb_system.sh ...
 set -euo pipefail
 package=$(realpath "$1") older=$(realpath "$2")
@@ -103,4 +104,4 @@ diff <(echo "$before") <(contents) || fail "purging left something over"
 say "Nothing is left over, and the user's $(wc -l <<<"$users_had") files are as they were"
 
 umount "$system/proc" "$system/dev/shm" "$system/dev/pts"
-rm -rf --one-file-system "$system"
+rm -rf --one-file-system "$folder"
