@@ -29,11 +29,15 @@ struct Shot {
   const char* file;  // picture without its extension
 };
 constexpr std::array kShots = {
-    Shot{"General", "general"},         Shot{"Usable", "channel-groups"},
-    Shot{"Common", "common-settings"},  Shot{"PU", "marine-channels"},
-    Shot{"PU32", "marine-channel"},     Shot{"PW", "weather"},
-    Shot{"LMRChannel", "lmr-channels"}, Shot{"L1", "lmr-channel"},
-    Shot{"ExpChannel", "exp-channels"}, Shot{"E9", "exp-channel"},
+    Shot{"Usable", "channel-groups"},
+    Shot{"Common", "common-settings"},
+    Shot{"PU", "marine-channels"},
+    Shot{"PU32", "marine-channel"},
+    Shot{"PW", "weather"},
+    Shot{"LMRChannel", "lmr-channels"},
+    Shot{"L1", "lmr-channel"},
+    Shot{"ExpChannel", "exp-channels"},
+    Shot{"E9", "exp-channel"},
 };
 
 QPalette DarkPalette() {
