@@ -17,6 +17,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 # Wine keeps its drives and registry in the build folder, draws nothing, and writes no menu entries
 # into the user's home.
 find_program(ORVANE_WINE NAMES wine64 wine PATHS /usr/lib/wine REQUIRED)
+find_program(ORVANE_WINESERVER NAMES wineserver64 wineserver PATHS /usr/lib/wine REQUIRED)
 set(CMAKE_CROSSCOMPILING_EMULATOR
   "${CMAKE_COMMAND}" -E env --unset=DISPLAY "WINEPREFIX=${CMAKE_BINARY_DIR}/wine" WINEDEBUG=-all
   "WINEDLLOVERRIDES=mscoree,mshtml,winemenubuilder.exe=" "${ORVANE_WINE}")
