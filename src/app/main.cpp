@@ -1,7 +1,5 @@
 #include <QApplication>
 #include <QFileInfo>
-#include <QFontDatabase>
-#include <future>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -72,12 +70,6 @@ void TellUnknown(const std::vector<std::string>& words) {
   }
 }
 
-/// Half of a start is the search for the system's fonts, which is done once for all threads. It
-/// begins here, while data, tree and menus are made, which need none yet.
-std::future<void> FindFonts() {
-  return std::async([] { static_cast<void>(QFontDatabase::families()); });
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -88,7 +80,6 @@ int main(int argc, char** argv) {
     return std::cout.good() ? 0 : 1;
   }
   QApplication application(argc, argv);
-  const std::future<void> fonts = FindFonts();  // awaited at the end
   QApplication::setStyle(new orvane::editor::ProgramStyle);
   QApplication::setApplicationName(QLatin1String(orvane::core::kProductName.data()));
   QApplication::setDesktopFileName(QStringLiteral("orvane"));  // the menu entry, whose icon it has

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFontDatabase>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QUrl>
@@ -32,18 +33,19 @@ document::Document& Begun(const WindowServices& services) {
   return services.document;
 }
 
-/// On another core, if there is one: it takes as long as all menus and the toolbar together.
-std::future<QImage> ReadLogo(const std::string& folder) {
-  const QString path = platform::FromUtf8(folder) + QLatin1String("/Keldrin.gif");
-  return std::async(
-      [path] { return QImage(path).convertToFormat(QImage::Format_ARGB32_Premultiplied); });
+/// Reads the logo, once the system's fonts are found: that is done once for all threads and takes a
+/// third of the start, while data, menus and toolbar are made, which need none yet.
+QImage ReadFontsAndLogo(const std::string& folder) {
+  static_cast<void>(QFontDatabase::families());
+  return QImage(platform::FromUtf8(folder) + QLatin1String("/Keldrin.gif"))
+      .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 }  // namespace
 
 MainWindow::MainWindow(const WindowServices& services)
     : services_(services),
-      logo_(ReadLogo(services.data_folder)),
+      logo_([folder = services.data_folder] { return ReadFontsAndLogo(folder); }),
       document_(Begun(services)),
       state_(services.state),
       settings_(services.settings),
@@ -51,9 +53,10 @@ MainWindow::MainWindow(const WindowServices& services)
       menus_(BuildMenus(*menuBar())),
       strip_(new PartlyWrittenStrip(this)),
       splitter_(new Splitter(this)),
-      tree_(new NavTree(tree_model_, splitter_)),
-      heading_(new PageHeading(document_.Data(), splitter_)),
-      area_(new PageArea(splitter_)),
+      // These come into the splitter with their columns.
+      tree_(new NavTree(tree_model_, this)),
+      heading_(new PageHeading(document_.Data(), this)),
+      area_(new PageArea(this)),
       start_timer_(new QTimer(this)),
       earlier_settings_(settings_.WereKept()),
       port_menu_(menus_, services.ports, services.settings),
@@ -86,7 +89,7 @@ MainWindow::MainWindow(const WindowServices& services)
   BuildHeading();
   setCentralWidget(BuildCentre());
 
-  BuildStatusBar();
+  MakePanels();
   connect(splitter_, &Splitter::BorderFocused, this,
           [this] { ShowHint(QLatin1String(kBorderHint)); });
   BuildPages();
@@ -100,6 +103,8 @@ MainWindow::MainWindow(const WindowServices& services)
       document_, Finder::Place{navigation, *this, *follower_, *navigator_, *tree_, *area_, menus_});
   ConnectCommands();
   qApp->installEventFilter(this);
+  // What is above needs no font: they are searched for meanwhile.
+  BuildStatusBar();
   Load();
 }
 
@@ -108,22 +113,26 @@ MainWindow::~MainWindow() {
   disconnect(qApp, nullptr, this, nullptr);
 }
 
-void MainWindow::BuildStatusBar() {
-  statusBar()->setObjectName(QStringLiteral("sbStatusBar"));
-  statusBar()->setSizeGripEnabled(false);
-  const auto add_panel = [this](const char* name, const QString& description, int stretch) {
+void MainWindow::MakePanels() {
+  const auto make = [this](const char* name, const QString& description) {
     auto* panel = new LiveLabel(this);
     panel->setObjectName(QLatin1String(name));
     panel->setMargin(2);
     panel->setAccessibleDescription(description);
-    statusBar()->addPermanentWidget(panel, stretch);
     return panel;
   };
-  hint_ = add_panel("sbStatusBar_1", tr("Hint"), 1);
+  hint_ = make("sbStatusBar_1", tr("Hint"));
   // A long hint must not keep the window wide.
   hint_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  notice_ = add_panel("sbStatusBar_2", tr("Status"), 0);
-  model_name_ = add_panel("sbStatusBar_3", tr("Model"), 0);
+  notice_ = make("sbStatusBar_2", tr("Status"));
+  model_name_ = make("sbStatusBar_3", tr("Model"));
+}
+
+void MainWindow::BuildStatusBar() {
+  statusBar()->setObjectName(QStringLiteral("sbStatusBar"));
+  statusBar()->setSizeGripEnabled(false);
+  statusBar()->addPermanentWidget(hint_, 1);
+  for (LiveLabel* panel : {notice_, model_name_}) statusBar()->addPermanentWidget(panel);
 }
 
 QVBoxLayout& MainWindow::BuildNavigation() {
@@ -305,7 +314,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   const int tree_width = static_cast<int>(kTreeShare * width());
   splitter_->setSizes({tree_width, width() - tree_width});
   if (general_ != nullptr && !general_->LogoShown()) {
-    general_->ShowLogo(logo_.get());
+    general_->ShowLogo(logo_.Take());
   }
 }
 

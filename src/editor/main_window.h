@@ -3,7 +3,6 @@
 #include <QImage>
 #include <QMainWindow>
 #include <QTimer>
-#include <future>
 #include <memory>
 
 #include "editor/autosave.h"
@@ -34,6 +33,7 @@
 #include "editor/tree_model.h"
 #include "editor/window_commands.h"
 #include "editor/window_services.h"
+#include "platform/another_core.h"
 
 namespace orvane::editor {
 
@@ -96,6 +96,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void MakePanels();
   void BuildStatusBar();
   void BuildPages();
   /// help_context: 0 stands for that of the window.
@@ -128,7 +129,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   void SwitchSide();
 
   const WindowServices services_;
-  std::future<QImage> logo_;  ///< read while the window is built
+  platform::Meanwhile<QImage> logo_;  ///< read while the window is built
   document::Document& document_;
   core::RunState& state_;
   core::AppSettings settings_;

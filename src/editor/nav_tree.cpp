@@ -35,6 +35,8 @@ NavTree::NavTree(TreeModel& model, QWidget* parent) : QTreeView(parent), model_(
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setIndentation(kIndentation);
+  // Otherwise the font says it, and the start would wait here for the search for fonts.
+  header()->setMinimumSectionSize(0);
   // A node wider than the tree is scrolled to, never cut.
   header()->setStretchLastSection(false);
   header()->setSectionResizeMode(QHeaderView::ResizeToContents);

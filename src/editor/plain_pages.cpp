@@ -18,16 +18,30 @@ class Logo : public QLabel {
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
+    const QPixmap picture = Fitting(contentsRect().size());
+    QRect place(QPoint(), picture.deviceIndependentSize().toSize());
+    place.moveCenter(contentsRect().center());
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    QRect place(QPoint(), pixmap().deviceIndependentSize().toSize());
-    const QSize room = contentsRect().size();
-    if (place.width() > room.width() || place.height() > room.height()) {
-      place.setSize(place.size().scaled(room, Qt::KeepAspectRatio));
-    }
-    place.moveCenter(contentsRect().center());
-    painter.drawPixmap(place, pixmap());
+    painter.drawPixmap(place, picture);
   }
+
+ private:
+  // Made smaller once for each size: a painter that does it shares the lines out among threads,
+  // and waits for them at each paint.
+  QPixmap Fitting(const QSize& room) {
+    QPixmap whole = pixmap();
+    const QSize size = whole.deviceIndependentSize().toSize();
+    if (size.boundedTo(room) == size) return whole;
+    const QSize fitting = size.scaled(room, Qt::KeepAspectRatio) * devicePixelRatio();
+    if (smaller_.size() != fitting) {
+      smaller_ = whole.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+      smaller_.setDevicePixelRatio(devicePixelRatio());
+    }
+    return smaller_;
+  }
+
+  QPixmap smaller_;
 };
 
 }  // namespace

@@ -4,9 +4,12 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 
 namespace orvane::editor {
 namespace {
+
+constexpr int kUnsharedSpans = 64;  // pixels of a line
 
 /// An arrow of the style, in the colours of the moment.
 class ArrowEngine : public QIconEngine {
@@ -46,6 +49,21 @@ QIcon ProgramStyle::standardIcon(StandardPixmap icon, const QStyleOption* option
       return QIcon(new ArrowEngine(*this, PE_IndicatorArrowDown));
     default:
       return QProxyStyle::standardIcon(icon, option, widget);
+  }
+}
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionToolBar*>(option);
+  const bool in_pieces = element == CE_ToolBar && bar != nullptr &&
+                         baseStyle()->name() == QLatin1String("fusion") &&
+                         (bar->state & State_Horizontal) != 0;
+  if (!in_pieces) return QProxyStyle::drawControl(element, option, painter, widget);
+  QStyleOptionToolBar piece = *bar;
+  for (int left = bar->rect.left(); left <= bar->rect.right(); left += kUnsharedSpans) {
+    piece.rect.setLeft(left);
+    piece.rect.setRight(std::min(left + kUnsharedSpans - 1, bar->rect.right()));
+    QProxyStyle::drawControl(element, &piece, painter, widget);
   }
 }
 

@@ -2,14 +2,19 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
+#include <QProxyStyle>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSet>
 #include <QSplitter>
+#include <QStyleFactory>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionFrame>
 #include <QTableView>
+#include <QToolBar>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <array>
@@ -17,6 +22,7 @@
 #include "core/explanations.h"
 #include "editor/contrast.h"
 #include "editor/drawn_icon.h"
+#include "editor/program_style.h"
 #include "image/sample_radio.h"
 #include "support/row.h"
 #include "window_desk.h"
@@ -179,6 +185,25 @@ class LooksTest : public QObject {
           QVERIFY(Likeness(drawn, seen) < 0.5);
         }
       }
+    }
+  }
+
+  void ToolBarInPiecesLooksLikeAWholeOne() {
+    QMainWindow window;
+    QToolBar* const bar = window.addToolBar(QStringLiteral("Bar"));
+    bar->setMovable(false);
+    bar->addWidget(new QLabel(QStringLiteral("Of some height")));
+    editor::ProgramStyle in_pieces;
+    in_pieces.setBaseStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    QProxyStyle whole(QStringLiteral("fusion"));
+    for (const int width : {300, 607, 640, 641}) {
+      window.resize(width, 200);
+      window.show();
+      bar->setStyle(&whole);
+      const QImage expected = bar->grab().toImage();
+      bar->setStyle(&in_pieces);
+      QCOMPARE(expected.width(), width);
+      QCOMPARE(bar->grab().toImage(), expected);
     }
   }
 
