@@ -1,7 +1,9 @@
 #include "editor/problem_list.h"
 
 #include <QEvent>
+#include <QFont>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -14,14 +16,14 @@
 namespace orvane::editor {
 namespace {
 
+constexpr QLatin1String kIndent("        ");
+
 using document::Problem;
+using document::ProblemRow;
 
-bool IsSame(const Problem& a, const Problem& b) {
-  return a.kind == b.kind && a.at == b.at && a.slot == b.slot && a.group == b.group;
-}
-
-bool ReadsTheSame(const Problem& a, const Problem& b) {
-  return a.severity == b.severity && a.text == b.text && a.remedy == b.remedy;
+bool ReadsTheSame(const ProblemRow& a, const ProblemRow& b) {
+  return document::ReadAlike(a.problem, b.problem) && a.problem.at == b.problem.at &&
+         a.count == b.count && a.unfolded == b.unfolded;
 }
 
 QString SeverityWord(document::Severity severity) {
@@ -36,29 +38,46 @@ QString SeverityWord(document::Severity severity) {
   return ProblemList::tr("Note");
 }
 
-QString RowText(const Problem& problem) {
-  const QString field = problem.kind == document::ProblemKind::kStoredNotInUse
-                            ? ProblemList::tr("Memory")
-                            : platform::FromUtf8(core::NameOf(problem.at));
+QString FieldName(const Problem& problem) {
+  return problem.kind == document::ProblemKind::kStoredNotInUse
+             ? ProblemList::tr("Memory")
+             : platform::FromUtf8(core::NameOf(problem.at));
+}
+
+QString RowText(const ProblemRow& row) {
+  const QString field = FieldName(row.problem);
+  const QString place = row.shape == ProblemRow::Shape::kHead
+                            ? ProblemList::tr("%1 fields, %2 and others").arg(row.count).arg(field)
+                            : field;
   return QStringLiteral("%1: %2: %3")
-      .arg(SeverityWord(problem.severity), field, platform::FromAnsi(problem.text));
+      .arg(SeverityWord(row.problem.severity), place, platform::FromAnsi(row.problem.text));
+}
+
+/// What to do with a row, for who cannot see the buttons.
+QString Description(const ProblemRow& row) {
+  if (row.shape == ProblemRow::Shape::kHead) {
+    return row.unfolded ? ProblemList::tr("Unfolded; Left gathers them")
+                        : ProblemList::tr("Gathered; Right lists them");
+  }
+  if (row.problem.remedy.empty()) return {};
+  return ProblemList::tr("Remedy: %1").arg(platform::FromAnsi(row.problem.remedy));
 }
 
 }  // namespace
 
-void ProblemModel::Take(const std::vector<Problem>& found) {
+void ProblemModel::Take(const std::vector<ProblemRow>& rows) {
   const auto [old_end, new_end] =
-      std::mismatch(problems_.begin(), problems_.end(), found.begin(), found.end(), IsSame);
-  const auto head = static_cast<int>(new_end - found.begin());
+      std::mismatch(rows_.begin(), rows_.end(), rows.begin(), rows.end(), document::IsSameRow);
+  const auto head = static_cast<int>(new_end - rows.begin());
   const auto [old_rest, new_rest] =
-      std::mismatch(problems_.rbegin(), std::make_reverse_iterator(old_end), found.rbegin(),
-                    std::make_reverse_iterator(new_end), IsSame);
-  const auto tail = static_cast<int>(new_rest - found.rbegin());
+      std::mismatch(rows_.rbegin(), std::make_reverse_iterator(old_end), rows.rbegin(),
+                    std::make_reverse_iterator(new_end), document::IsSameRow);
+  const auto tail = static_cast<int>(new_rest - rows.rbegin());
   Remove(head, rowCount() - head - tail);
-  Insert(head, found.data() + head, found.data() + found.size() - tail);
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    if (ReadsTheSame(problems_[i], found[i])) continue;
-    problems_[i] = found[i];
+  Insert(head, rows.data() + head, rows.data() + rows.size() - tail);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (ReadsTheSame(rows_[i], rows[i])) continue;
+    rows_[i] = rows[i];
     emit dataChanged(index(static_cast<int>(i)), index(static_cast<int>(i)));
   }
 }
@@ -66,14 +85,14 @@ void ProblemModel::Take(const std::vector<Problem>& found) {
 void ProblemModel::Remove(int first, int count) {
   if (count <= 0) return;
   beginRemoveRows({}, first, first + count - 1);
-  problems_.erase(problems_.begin() + first, problems_.begin() + first + count);
+  rows_.erase(rows_.begin() + first, rows_.begin() + first + count);
   endRemoveRows();
 }
 
-void ProblemModel::Insert(int row, const Problem* begin, const Problem* end) {
+void ProblemModel::Insert(int row, const ProblemRow* begin, const ProblemRow* end) {
   if (begin == end) return;
   beginInsertRows({}, row, row + static_cast<int>(end - begin) - 1);
-  problems_.insert(problems_.begin() + row, begin, end);
+  rows_.insert(rows_.begin() + row, begin, end);
   endInsertRows();
 }
 
@@ -82,34 +101,39 @@ void ProblemModel::SetIcons(const QPalette& palette) {
   if (rowCount() > 0) emit dataChanged(index(0), index(rowCount() - 1), {Qt::DecorationRole});
 }
 
-const Problem* ProblemModel::At(int row) const {
-  return row < 0 || row >= rowCount() ? nullptr : &problems_[static_cast<std::size_t>(row)];
-}
-
-std::optional<int> ProblemModel::RowOf(const Problem& problem) const {
-  const auto found = std::find_if(problems_.begin(), problems_.end(),
-                                  [&](const Problem& other) { return IsSame(other, problem); });
-  if (found == problems_.end()) return std::nullopt;
-  return static_cast<int>(found - problems_.begin());
+const ProblemRow* ProblemModel::At(int row) const {
+  return row < 0 || row >= rowCount() ? nullptr : &rows_[static_cast<std::size_t>(row)];
 }
 
 int ProblemModel::RemediesFor(document::ProblemKind kind) const {
-  return static_cast<int>(std::count_if(
-      problems_.begin(), problems_.end(),
-      [kind](const Problem& problem) { return problem.kind == kind && !problem.remedy.empty(); }));
+  int count = 0;
+  for (const ProblemRow& row : rows_) {
+    const bool told_by_head = row.shape == ProblemRow::Shape::kMember;
+    if (!told_by_head && row.problem.kind == kind && !row.problem.remedy.empty()) {
+      count += row.count;
+    }
+  }
+  return count;
 }
 
 int ProblemModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(problems_.size());
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
 QVariant ProblemModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-  const Problem& problem = *At(index.row());
-  if (role == Qt::DisplayRole) return RowText(problem);
-  if (role == Qt::DecorationRole) return icons_[static_cast<std::size_t>(problem.severity)];
-  if (role == Qt::AccessibleDescriptionRole && !problem.remedy.empty()) {
-    return tr("Remedy: %1").arg(platform::FromAnsi(problem.remedy));
+  const ProblemRow& row = *At(index.row());
+  const bool member = row.shape == ProblemRow::Shape::kMember;
+  if (role == Qt::DisplayRole) return member ? kIndent + FieldName(row.problem) : RowText(row);
+  if (role == Qt::DecorationRole && !member) {
+    return icons_[static_cast<std::size_t>(row.problem.severity)];
+  }
+  if (role == Qt::AccessibleTextRole) return RowText(row);
+  if (role == Qt::AccessibleDescriptionRole) return Description(row);
+  if (role == Qt::FontRole && row.shape == ProblemRow::Shape::kHead) {
+    QFont bold;
+    bold.setBold(true);
+    return bold;
   }
   return {};
 }
@@ -132,6 +156,8 @@ ProblemList::ProblemList(const ProblemWatch& watch, QWidget* parent)
 
   BuildCommands();
   connect(view_, &QListView::activated, show_, &QAction::trigger);
+  AddFoldingKey(Qt::Key_Right, true);
+  AddFoldingKey(Qt::Key_Left, false);
   connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           &ProblemList::FollowRow);
   connect(view_, &QuietListView::FocusGained, this, &ProblemList::FocusGained);
@@ -148,7 +174,6 @@ void ProblemList::BuildCommands() {
   auto* row = new QHBoxLayout;
   column->addLayout(row);
   show_ = AddCommand("cmdShowProblem", tr("Show"));
-  show_->setToolTip(tr("Goes to the field (Enter)"));
   mend_ = AddCommand("cmdMend", {});
   mend_->setShortcuts({Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter});
   mend_->setShortcutContext(Qt::WidgetShortcut);
@@ -162,11 +187,12 @@ void ProblemList::BuildCommands() {
   }
   row->addStretch();
   setWidget(content);
-  connect(show_, &QAction::triggered, this, [this] { emit FieldAsked(Current()->at); });
+  connect(show_, &QAction::triggered, this, &ProblemList::ShowOrUnfold);
   // What is asked for changes the rows.
-  connect(mend_, &QAction::triggered, this, [this] { emit MendAsked(Problem(*Current())); });
+  connect(mend_, &QAction::triggered, this,
+          [this] { emit MendAsked(Problem(Current()->problem)); });
   connect(mend_all_, &QAction::triggered, this, [this] {
-    const Problem like = *Current();
+    const Problem like = Current()->problem;
     emit MendAllAsked(like, model_->RemediesFor(like.kind));
   });
 }
@@ -178,7 +204,14 @@ QAction* ProblemList::AddCommand(const char* name, const QString& caption) {
   return command;
 }
 
-const Problem* ProblemList::Current() const {
+void ProblemList::AddFoldingKey(Qt::Key key, bool unfold) {
+  auto* shortcut = new QShortcut(key, view_);
+  shortcut->setContext(Qt::WidgetShortcut);
+  shortcut->setAutoRepeat(false);
+  connect(shortcut, &QShortcut::activated, this, [this, unfold] { Unfold(unfold); });
+}
+
+const ProblemRow* ProblemList::Current() const {
   return model_->At(view_->currentIndex().row());
 }
 
@@ -187,31 +220,69 @@ void ProblemList::Refresh() {
   setWindowTitle(count == 0 ? tr("Problems") : tr("Problems %1").arg(count));
   if (!isVisible()) return;
   const int row = view_->currentIndex().row();
-  const std::optional<Problem> before =
-      Current() == nullptr ? std::nullopt : std::optional(*Current());
-  model_->Take(watch_.Problems());
-  const int nearest = std::clamp(row, 0, std::max(model_->rowCount() - 1, 0));
-  const int now = before ? model_->RowOf(*before).value_or(nearest) : nearest;
+  const std::vector<ProblemRow> before = model_->Rows();
+  model_->Take(document::GatherProblems(watch_.Problems(), unfolded_));
+  const int now = document::RowToStayOn(model_->Rows(), before, row);
   if (view_->currentIndex().row() != now) view_->setCurrentIndex(model_->index(now));
   FollowRow();
 }
 
+void ProblemList::ShowOrUnfold() {
+  const ProblemRow& row = *Current();
+  if (row.shape == ProblemRow::Shape::kHead) return Unfold(!row.unfolded);
+  emit FieldAsked(row.problem.at);
+}
+
+void ProblemList::Unfold(bool unfold) {
+  if (Current() == nullptr || Current()->shape == ProblemRow::Shape::kSingle) return;
+  const bool member = Current()->shape == ProblemRow::Shape::kMember;
+  if (member && unfold) return;
+  const Problem like = Current()->problem;
+  const auto head =
+      std::find_if(model_->Rows().begin(), model_->Rows().end(), [&](const ProblemRow& row) {
+        return row.shape == ProblemRow::Shape::kHead && document::ReadAlike(row.problem, like);
+      });
+  view_->setCurrentIndex(model_->index(static_cast<int>(head - model_->Rows().begin())));
+  if (member) return;
+  std::erase_if(unfolded_, [&](const Problem& one) { return document::ReadAlike(one, like); });
+  if (unfold) unfolded_.push_back(like);
+  Refresh();
+}
+
 void ProblemList::FollowRow() {
-  const Problem* const problem = Current();
-  const bool has_remedy = problem != nullptr && !problem->remedy.empty();
-  const int alike = has_remedy ? model_->RemediesFor(problem->kind) : 0;
+  const ProblemRow* const row = Current();
+  const bool head = row != nullptr && row->shape == ProblemRow::Shape::kHead;
+  const QString remedy = row == nullptr ? QString() : platform::FromAnsi(row->problem.remedy);
+  const bool has_remedy = !remedy.isEmpty() && !head;
+  const int alike = remedy.isEmpty() ? 0 : model_->RemediesFor(row->problem.kind);
   // A button that is greyed would hand the focus on to the page.
   const QWidget* const focus = widget()->focusWidget();
   if (!has_remedy && focus != nullptr && focus != view_ && focus->hasFocus()) view_->setFocus();
-  show_->setEnabled(problem != nullptr && problem->kind != document::ProblemKind::kStoredNotInUse);
+  FollowRowInShow(row);
   mend_->setEnabled(has_remedy);
-  mend_->setText(has_remedy ? PlainCaption(platform::FromAnsi(problem->remedy)) : tr("Mend"));
+  mend_->setText(has_remedy ? PlainCaption(remedy) : tr("Mend"));
   mend_->setToolTip(has_remedy ? tr("The remedy for this row, as one step (Alt+Enter)")
+                    : head     ? tr("The row stands for several: mend all, or list them")
                                : tr("Only you can know what would be right here"));
   mend_all_->setEnabled(alike > 1);
   mend_all_->setText(alike > 1 ? tr("Mend All %1 Like This").arg(alike) : tr("Mend All Like This"));
   mend_all_->setToolTip(alike > 1 ? tr("The remedy for every problem of this kind, as one step")
                                   : tr("No other problem of this kind has a remedy"));
+}
+
+void ProblemList::FollowRowInShow(const ProblemRow* row) {
+  if (row != nullptr && row->shape == ProblemRow::Shape::kHead) {
+    show_->setEnabled(true);
+    show_->setText(row->unfolded ? tr("Gather") : tr("List All %1").arg(row->count));
+    show_->setToolTip(row->unfolded ? tr("Puts them into one row again (Enter, Left)")
+                                    : tr("Lists them one by one (Enter, Right)"));
+    return;
+  }
+  const bool has_field =
+      row != nullptr && row->problem.kind != document::ProblemKind::kStoredNotInUse;
+  show_->setEnabled(has_field);
+  show_->setText(tr("Show"));
+  show_->setToolTip(tr("Goes to the field (Enter)"));
 }
 
 void ProblemList::changeEvent(QEvent* event) {

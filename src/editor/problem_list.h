@@ -5,29 +5,27 @@
 #include <QDockWidget>
 #include <QIcon>
 #include <array>
-#include <optional>
 #include <vector>
 
-#include "document/problems.h"
+#include "document/problem_rows.h"
 #include "editor/problem_watch.h"
 #include "editor/quiet_list_view.h"
 
 namespace orvane::editor {
 
-/// One problem a row. Rows that stay keep their place while others come and go.
+/// Rows that stay keep their place while others come and go.
 class ProblemModel : public QAbstractListModel {
   Q_OBJECT
 
  public:
   using QAbstractListModel::QAbstractListModel;
 
-  void Take(const std::vector<document::Problem>& found);
+  void Take(const std::vector<document::ProblemRow>& rows);
   /// One drawing for each severity.
   void SetIcons(const QPalette& palette);
   /// Null beyond the rows.
-  [[nodiscard]] const document::Problem* At(int row) const;
-  /// The row of the same problem, whatever its text says by now.
-  [[nodiscard]] std::optional<int> RowOf(const document::Problem& problem) const;
+  [[nodiscard]] const document::ProblemRow* At(int row) const;
+  [[nodiscard]] const std::vector<document::ProblemRow>& Rows() const { return rows_; }
   /// How many of the kind have a remedy.
   [[nodiscard]] int RemediesFor(document::ProblemKind kind) const;
 
@@ -36,14 +34,15 @@ class ProblemModel : public QAbstractListModel {
 
  private:
   void Remove(int first, int count);
-  void Insert(int row, const document::Problem* begin, const document::Problem* end);
+  void Insert(int row, const document::ProblemRow* begin, const document::ProblemRow* end);
 
-  std::vector<document::Problem> problems_;
+  std::vector<document::ProblemRow> rows_;
   std::array<QIcon, 3> icons_;
 };
 
-/// What is wrong with the data, beside the page. A double click or Enter goes to the field; the
-/// remedy of the row, and that of all rows alike, stand below the list. The watch outlives it.
+/// What is wrong with the data, beside the page. A double click or Enter goes to the field, and
+/// lists what a row stands for that stands for several; the remedy of the row, and that of all
+/// alike, stand below the list. The watch outlives it.
 class ProblemList : public QDockWidget {
   Q_OBJECT
 
@@ -67,13 +66,19 @@ class ProblemList : public QDockWidget {
  private:
   QAction* AddCommand(const char* name, const QString& caption);
   void BuildCommands();
-  /// Of the current row; null without one.
-  [[nodiscard]] const document::Problem* Current() const;
+  void AddFoldingKey(Qt::Key key, bool unfold);
+  /// The current row; null without one.
+  [[nodiscard]] const document::ProblemRow* Current() const;
   void FollowRow();
+  void FollowRowInShow(const document::ProblemRow* row);
+  void ShowOrUnfold();
+  /// Unfolds the current row or gathers it again; from below it, gathering only goes to it.
+  void Unfold(bool unfold);
 
   const ProblemWatch& watch_;
   ProblemModel* model_;
   QuietListView* view_;
+  std::vector<document::Problem> unfolded_;  ///< one for each head that is
   QAction* show_ = nullptr;
   QAction* mend_ = nullptr;
   QAction* mend_all_ = nullptr;

@@ -14,7 +14,8 @@ namespace {
 constexpr int kHistoryLines = 7;
 constexpr int kProblemLines = 10;
 
-constexpr const char* kProblemHint = "[Enter]:Show the field.  [Alt]+[Enter]:Remedy.";
+constexpr const char* kProblemHint =
+    "[Enter]:Show the field.  [Alt]+[Enter]:Remedy.  [Right]/[Left]:List/Gather.";
 
 std::string NameOfRemedy(const document::Problem& problem) {
   return platform::AnsiToUtf8(problem.remedy);

@@ -171,6 +171,9 @@ class ProblemsDockTest : public QObject {
     QVERIFY(all.size() > 12);
     all.resize(12);
     std::mt19937 random(7);
+    // All but the last read alike: told by one row, by none, and one by one.
+    for (Problem& problem : all) problem.text = problem.remedy = "alike";
+    all.back().text = "other";
     editor::ProblemModel model;
     const QAbstractItemModelTester tester(&model);
     for (int round = 0; round < 60; ++round) {
@@ -180,20 +183,66 @@ class ProblemsDockTest : public QObject {
         if (random() % 4 != 0) some.push_back(problem);
         if (!some.empty() && random() % 8 == 0) some.back().text += "!";
       }
+      const std::vector<document::ProblemRow> rows = document::GatherProblems(
+          some, round % 2 == 0 ? std::vector<Problem>() : std::vector<Problem>{all[0]});
       const QPersistentModelIndex first = model.index(0);
-      const std::optional<Problem> was =
+      const std::optional<document::ProblemRow> was =
           first.isValid() ? std::optional(*model.At(0)) : std::nullopt;
-      model.Take(some);
-      QCOMPARE(model.rowCount(), static_cast<int>(some.size()));
-      for (std::size_t i = 0; i < some.size(); ++i) {
-        const Problem& problem = *model.At(static_cast<int>(i));
-        QVERIFY(problem.at == some[i].at && problem.text == some[i].text);
+      model.Take(rows);
+      QCOMPARE(model.rowCount(), static_cast<int>(rows.size()));
+      for (std::size_t i = 0; i < rows.size(); ++i) {
+        const document::ProblemRow& now = *model.At(static_cast<int>(i));
+        QVERIFY(now.problem.at == rows[i].problem.at && now.problem.text == rows[i].problem.text);
+        QVERIFY(now.count == rows[i].count && now.unfolded == rows[i].unfolded);
       }
-      if (first.isValid()) QCOMPARE(model.RowOf(*was), std::optional(first.row()));
-      if (was && some.front().at == was->at) QVERIFY(first.isValid());
+      if (first.isValid()) {
+        QVERIFY(document::IsSameRow(*was, *model.At(first.row())));
+      }
+      if (was && document::IsSameRow(*was, rows.front())) QVERIFY(first.isValid());
     }
     model.Take({});
     QCOMPARE(model.rowCount(), 0);
+  }
+
+  void RowsThatReadAlikeStandInOneThatUnfolds() {
+    ProblemDesk desk;
+    desk.document.Edit("spoil more", [](core::RadioData& data) {
+      for (const std::size_t channel : {14U, 15U}) {
+        data.Marine[0][channel].Enable = data.Marine[0][channel].TxEnable = true;
+        data.Marine[0][channel].TXPower = 0;
+      }
+    });
+    desk.Open();
+    const QStringList gathered = {"Error: Common Setup SQL|",
+                                  "Warning: 5 fields, USA 01A Tx Enable and others|Gathered; "
+                                  "Right lists them",
+                                  "Note: INTL 16 CH Name|"};
+    QTRY_COMPARE(desk.Rows(), gathered);
+    QCOMPARE(desk.Find<QDockWidget>("dockProblems")->windowTitle(), "Problems 6");
+    desk.Choose(1);
+    QCOMPARE(desk.Button("cmdShowProblem").text(), "List All 5");
+    QVERIFY(!desk.Button("cmdMend").isEnabled());
+    QCOMPARE(desk.Button("cmdMendAll").text(), "Mend All 5 Like This");
+    QTest::keyClick(desk.list, Qt::Key_Right);
+    QCOMPARE(desk.Rows().size(), 8);
+    QCOMPARE(desk.Rows().value(3).trimmed(), QString("USA 05A Tx Enable") + kTransmit);
+    desk.Choose(3);
+    QTest::keyClick(desk.list, Qt::Key_Return);
+    QCOMPARE(desk.Tree().CurrentKey(), "PU11");
+    desk.Choose(3);
+    QTest::keyClick(desk.list, Qt::Key_Return, Qt::AltModifier);
+    QTRY_COMPARE(desk.Rows().size(), 7);
+    QCOMPARE(desk.list->currentIndex().row(), 3);
+    // To the head, then together again.
+    QTest::keyClick(desk.list, Qt::Key_Left);
+    QCOMPARE(desk.list->currentIndex().row(), 1);
+    QTest::keyClick(desk.list, Qt::Key_Left);
+    QVERIFY(desk.Rows().size() == 3 && desk.Rows().value(1).contains("4 fields"));
+    desk.Button("cmdMendAll").click();
+    QTRY_COMPARE(desk.Rows(), QStringList({gathered.front(), gathered.back()}));
+    desk.Item("mnuEditUndo").trigger();
+    desk.Item("mnuEditUndo").trigger();
+    QTRY_COMPARE(desk.Rows(), gathered);
   }
 
   void APageThatMustNotBeLeftStays() {
