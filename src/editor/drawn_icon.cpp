@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 #include <utility>
+#include <vector>
 
 #include "editor/contrast.h"
 
@@ -55,7 +56,7 @@ QByteArray Load(const char* name) {
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Draws when asked, at the size asked for.
+/// Draws when asked, at the size asked for, and keeps what it drew: a toolbar asks at each paint.
 class DrawingEngine : public QIconEngine {
  public:
   DrawingEngine(QByteArray svg, const QPalette& palette)
@@ -66,17 +67,28 @@ class DrawingEngine : public QIconEngine {
     QSvgRenderer(Coloured(svg_, ColoursOf(palette_, mode))).render(painter, rect);
   }
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    for (const Kept& kept : kept_) {
+      if (kept.mode == mode && kept.pixmap.size() == size) return kept.pixmap;
+    }
     QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     paint(&painter, QRect(QPoint(), size), mode, state);
+    painter.end();
+    kept_.push_back({mode, pixmap});
     return pixmap;
   }
   [[nodiscard]] QIconEngine* clone() const override { return new DrawingEngine(svg_, palette_); }
 
  private:
+  struct Kept {
+    QIcon::Mode mode;
+    QPixmap pixmap;
+  };
+
   QByteArray svg_;
   QPalette palette_;
+  std::vector<Kept> kept_;  // few: one size, two or three modes
 };
 
 }  // namespace

@@ -31,6 +31,7 @@ ToolBar::ToolBar(const Menus& menus, QWidget* parent) : QToolBar(parent) {
     if (button.action->objectName().endsWith(QLatin1Char('2'))) button.action->setVisible(false);
   }
   PaintIcons();
+  DrawAhead();
 }
 
 void ToolBar::AddButton(const char* key, const char* tool_tip, const char* icon, QAction* item) {
@@ -60,6 +61,14 @@ void ToolBar::AddNamingButton(const char* key, const char* icon, QAction* item) 
 
 void ToolBar::PaintIcons() {
   for (const Button& button : buttons_) button.action->setIcon(DrawnIcon(button.icon, palette()));
+}
+
+void ToolBar::DrawAhead() {
+  for (const Button& button : buttons_) {
+    if (!button.action->isVisible()) continue;
+    static_cast<void>(
+        button.action->icon().pixmap(iconSize(), devicePixelRatioF(), QIcon::Disabled));
+  }
 }
 
 void ToolBar::changeEvent(QEvent* event) {

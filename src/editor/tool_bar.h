@@ -23,6 +23,8 @@ class ToolBar : public QToolBar {
   /// A button whose tool tip is the item's, which tells what it is about to do.
   void AddNamingButton(const char* key, const char* icon, QAction* item);
   void PaintIcons();
+  /// For the first paint, when the window takes no input, while fonts are still searched for.
+  void DrawAhead();
 
   struct Button {
     QAction* action;
