@@ -26,8 +26,7 @@ bool ReadAlike(const Problem& a, const Problem& b) {
 
 bool IsSameRow(const ProblemRow& a, const ProblemRow& b) {
   if (a.shape != b.shape) return false;
-  return a.shape == ProblemRow::Shape::kHead ? ReadAlike(a.problem, b.problem)
-                                             : IsSamePlace(a.problem, b.problem);
+  return a.IsHead() ? ReadAlike(a.problem, b.problem) : IsSamePlace(a.problem, b.problem);
 }
 
 std::vector<ProblemRow> GatherProblems(const std::vector<Problem>& problems,
@@ -57,8 +56,7 @@ std::vector<ProblemRow> GatherProblems(const std::vector<Problem>& problems,
   return rows;
 }
 
-int RowToStayOn(const std::vector<ProblemRow>& now, const std::vector<ProblemRow>& before,
-                int row) {
+int RowToStayOn(const std::vector<ProblemRow>& now, const std::optional<ProblemRow>& was, int row) {
   if (now.empty()) return 0;
   const auto place_of = [&now](const auto& fits) {
     const auto found = std::find_if(now.begin(), now.end(), fits);
@@ -66,13 +64,12 @@ int RowToStayOn(const std::vector<ProblemRow>& now, const std::vector<ProblemRow
   };
   const auto last = static_cast<int>(now.size()) - 1;
   const int nearest = std::clamp(row, 0, last);
-  if (row < 0 || row >= static_cast<int>(before.size())) return nearest;
-  const ProblemRow& was = before[static_cast<std::size_t>(row)];
-  int place = place_of([&](const ProblemRow& other) { return IsSameRow(other, was); });
+  if (!was) return nearest;
+  int place = place_of([&](const ProblemRow& other) { return IsSameRow(other, *was); });
   if (place >= 0) return place;
   place = place_of([&](const ProblemRow& other) {
-    if (other.shape != ProblemRow::Shape::kHead) return IsSamePlace(other.problem, was.problem);
-    return !other.unfolded && ReadAlike(other.problem, was.problem);
+    if (!other.IsHead()) return IsSamePlace(other.problem, was->problem);
+    return !other.unfolded && ReadAlike(other.problem, was->problem);
   });
   return place >= 0 ? place : nearest;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "document/problems.h"
@@ -15,6 +16,8 @@ struct ProblemRow {
     kHead,   ///< stands for all that read alike; `problem` is the first of them
     kMember  ///< one of those, below its head
   };
+
+  [[nodiscard]] bool IsHead() const { return shape == Shape::kHead; }
 
   Problem problem;
   Shape shape = Shape::kSingle;
@@ -36,9 +39,9 @@ inline constexpr std::size_t kGatheredFrom = 4;
 [[nodiscard]] std::vector<ProblemRow> GatherProblems(const std::vector<Problem>& problems,
                                                      const std::vector<Problem>& unfolded);
 
-/// The row to stay on when others take the place of the one with the number `row`: the same row;
+/// Which row to stay on after another look, when it was `was` with the number `row`: the same row;
 /// the same problem, gathered by now or no longer; the nearest one. 0 where there are none.
 [[nodiscard]] int RowToStayOn(const std::vector<ProblemRow>& now,
-                              const std::vector<ProblemRow>& before, int row);
+                              const std::optional<ProblemRow>& was, int row);
 
 }  // namespace orvane::document

@@ -46,16 +46,15 @@ QString FieldName(const Problem& problem) {
 
 QString RowText(const ProblemRow& row) {
   const QString field = FieldName(row.problem);
-  const QString place = row.shape == ProblemRow::Shape::kHead
-                            ? ProblemList::tr("%1 fields, %2 and others").arg(row.count).arg(field)
-                            : field;
+  const QString place =
+      row.IsHead() ? ProblemList::tr("%1 fields, %2 and others").arg(row.count).arg(field) : field;
   return QStringLiteral("%1: %2: %3")
       .arg(SeverityWord(row.problem.severity), place, platform::FromAnsi(row.problem.text));
 }
 
 /// What to do with a row, for who cannot see the buttons.
 QString Description(const ProblemRow& row) {
-  if (row.shape == ProblemRow::Shape::kHead) {
+  if (row.IsHead()) {
     return row.unfolded ? ProblemList::tr("Unfolded; Left gathers them")
                         : ProblemList::tr("Gathered; Right lists them");
   }
@@ -130,7 +129,7 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const {
   }
   if (role == Qt::AccessibleTextRole) return RowText(row);
   if (role == Qt::AccessibleDescriptionRole) return Description(row);
-  if (role == Qt::FontRole && row.shape == ProblemRow::Shape::kHead) {
+  if (role == Qt::FontRole && row.IsHead()) {
     QFont bold;
     bold.setBold(true);
     return bold;
@@ -220,30 +219,30 @@ void ProblemList::Refresh() {
   setWindowTitle(count == 0 ? tr("Problems") : tr("Problems %1").arg(count));
   if (!isVisible()) return;
   const int row = view_->currentIndex().row();
-  const std::vector<ProblemRow> before = model_->Rows();
+  const std::optional<ProblemRow> was =
+      Current() == nullptr ? std::nullopt : std::optional(*Current());
   model_->Take(document::GatherProblems(watch_.Problems(), unfolded_));
-  const int now = document::RowToStayOn(model_->Rows(), before, row);
+  const int now = document::RowToStayOn(model_->Rows(), was, row);
   if (view_->currentIndex().row() != now) view_->setCurrentIndex(model_->index(now));
   FollowRow();
 }
 
 void ProblemList::ShowOrUnfold() {
   const ProblemRow& row = *Current();
-  if (row.shape == ProblemRow::Shape::kHead) return Unfold(!row.unfolded);
+  if (row.IsHead()) return Unfold(!row.unfolded);
   emit FieldAsked(row.problem.at);
 }
 
 void ProblemList::Unfold(bool unfold) {
-  if (Current() == nullptr || Current()->shape == ProblemRow::Shape::kSingle) return;
-  const bool member = Current()->shape == ProblemRow::Shape::kMember;
-  if (member && unfold) return;
+  if (Current() == nullptr) return;
+  if (Current()->shape == ProblemRow::Shape::kMember && !unfold) {
+    int head = view_->currentIndex().row();
+    while (!model_->At(head)->IsHead()) --head;
+    view_->setCurrentIndex(model_->index(head));
+    return;
+  }
+  if (!Current()->IsHead()) return;
   const Problem like = Current()->problem;
-  const auto head =
-      std::find_if(model_->Rows().begin(), model_->Rows().end(), [&](const ProblemRow& row) {
-        return row.shape == ProblemRow::Shape::kHead && document::ReadAlike(row.problem, like);
-      });
-  view_->setCurrentIndex(model_->index(static_cast<int>(head - model_->Rows().begin())));
-  if (member) return;
   std::erase_if(unfolded_, [&](const Problem& one) { return document::ReadAlike(one, like); });
   if (unfold) unfolded_.push_back(like);
   Refresh();
@@ -251,7 +250,7 @@ void ProblemList::Unfold(bool unfold) {
 
 void ProblemList::FollowRow() {
   const ProblemRow* const row = Current();
-  const bool head = row != nullptr && row->shape == ProblemRow::Shape::kHead;
+  const bool head = row != nullptr && row->IsHead();
   const QString remedy = row == nullptr ? QString() : platform::FromAnsi(row->problem.remedy);
   const bool has_remedy = !remedy.isEmpty() && !head;
   const int alike = remedy.isEmpty() ? 0 : model_->RemediesFor(row->problem.kind);
@@ -261,9 +260,9 @@ void ProblemList::FollowRow() {
   FollowRowInShow(row);
   mend_->setEnabled(has_remedy);
   mend_->setText(has_remedy ? PlainCaption(remedy) : tr("Mend"));
-  mend_->setToolTip(has_remedy ? tr("The remedy for this row, as one step (Alt+Enter)")
-                    : head     ? tr("The row stands for several: mend all, or list them")
-                               : tr("Only you can know what would be right here"));
+  mend_->setToolTip(has_remedy         ? tr("The remedy for this row, as one step (Alt+Enter)")
+                    : remedy.isEmpty() ? tr("Only you can know what would be right here")
+                                       : tr("The row stands for several: mend all, or list them"));
   mend_all_->setEnabled(alike > 1);
   mend_all_->setText(alike > 1 ? tr("Mend All %1 Like This").arg(alike) : tr("Mend All Like This"));
   mend_all_->setToolTip(alike > 1 ? tr("The remedy for every problem of this kind, as one step")
@@ -271,7 +270,7 @@ void ProblemList::FollowRow() {
 }
 
 void ProblemList::FollowRowInShow(const ProblemRow* row) {
-  if (row != nullptr && row->shape == ProblemRow::Shape::kHead) {
+  if (row != nullptr && row->IsHead()) {
     show_->setEnabled(true);
     show_->setText(row->unfolded ? tr("Gather") : tr("List All %1").arg(row->count));
     show_->setToolTip(row->unfolded ? tr("Puts them into one row again (Enter, Left)")

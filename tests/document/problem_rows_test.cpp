@@ -28,7 +28,7 @@ std::string Told(const std::vector<ProblemRow>& rows) {
   std::string told;
   for (const ProblemRow& row : rows) {
     const std::string name = row.problem.text + std::to_string(row.problem.at.entry);
-    if (row.shape == Shape::kHead) {
+    if (row.IsHead()) {
       const std::string inner = name + " " + std::to_string(row.count);
       told += row.unfolded ? "{" + inner + "} " : "[" + inner + "] ";
     } else {
@@ -99,7 +99,9 @@ TEST(GatherProblems, TheCurrentRowIsKeptOrItsNearest) {
   for (const auto& one : cases) {
     const auto before = GatherProblems(Problems(one.before), Problems(one.unfolded_before));
     const auto now = GatherProblems(Problems(one.now), Problems(one.unfolded_now));
-    EXPECT_EQ(RowToStayOn(now, before, one.row), one.stays_on) << one.before << " " << one.now;
+    const auto was =
+        one.row < 0 ? std::nullopt : std::optional(before.at(static_cast<std::size_t>(one.row)));
+    EXPECT_EQ(RowToStayOn(now, was, one.row), one.stays_on) << one.before << " " << one.now;
   }
 }
 

@@ -1,92 +1,21 @@
 #include <QAbstractItemModelTester>
 #include <QAccessible>
-#include <QTreeWidget>
 #include <array>
 
 #include "core/extra_channel.h"
 #include "document/field_locks.h"
 #include "editor/cell_delegate.h"
-#include "editor/channel_grid.h"
 #include "editor/channel_page.h"
 #include "files/sheet.h"
+#include "grid_desk.h"
 #include "page_desk.h"
 #include "support/random_data.h"
-#include "window_desk.h"
 
 using namespace orvane;
+using testing::GridDesk;
+using testing::kControl;
 using testing::PageDesk;
 using testing::Row;
-using testing::WindowDesk;
-
-namespace {
-
-constexpr Qt::KeyboardModifiers kControl = Qt::ControlModifier;
-
-/// The main window over a radio in use, with the focus in the table of a node.
-struct GridDesk : WindowDesk {
-  explicit GridDesk(const char* key = "PU") {
-    Start();
-    data = image::MakeSampleRadio(5, clock.Today());
-    data.ExpPresent = true;
-    ShowArranged();
-    Open(key);
-  }
-  void Open(const char* key) {
-    window->SelectNode(QLatin1String(key));
-    Grid().setFocus();
-  }
-  [[nodiscard]] editor::ChannelGrid& Grid() const {
-    return *Find<editor::ChannelGrid>("MSFlexGrid1");
-  }
-  [[nodiscard]] QAbstractItemModel& Rows() const { return *Grid().model(); }
-  [[nodiscard]] int Column(const char* caption) const {
-    int column = 0;
-    while (Rows().headerData(column, Qt::Horizontal).toString() != QLatin1String(caption)) ++column;
-    return column;
-  }
-  void GoTo(int row, const char* caption) const {
-    Grid().setCurrentIndex(Rows().index(row, Column(caption)));
-  }
-  [[nodiscard]] QString Text(int row, const char* caption) const {
-    return Rows().index(row, Column(caption)).data().toString();
-  }
-  /// To whatever has the focus.
-  void Press(int key, Qt::KeyboardModifiers modifiers = {}) {
-    QVERIFY(QTest::qWaitForWindowActive(window.get()));  // without it there are no shortcuts
-    QTest::keyClick(window->focusWidget(), static_cast<Qt::Key>(key), modifiers);
-    ++keys;
-  }
-  void Type(const QString& text) {
-    QTest::keyClicks(window->focusWidget(), text);
-    keys += static_cast<int>(text.size());
-  }
-  [[nodiscard]] QString Focus() const { return window->focusWidget()->objectName(); }
-  [[nodiscard]] QString LastStep() const {
-    const std::size_t done = document.DoneCount();
-    return done == 0 ? QString() : platform::FromUtf8(document.Steps()[done - 1].name);
-  }
-  /// Presses the keys that open the dialog of refused cells, and a button in it. What it lists.
-  QStringList Refused(int key, Qt::KeyboardModifiers modifiers, const char* button) {
-    QStringList rows;
-    window->activateWindow();  // again after a dialog
-    (void)QTest::qWaitForWindowActive(window.get());
-    QTimer::singleShot(0, window.get(), [&] {
-      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      QVERIFY(dialog != nullptr);
-      const auto* list = dialog->findChild<QTreeWidget*>("lstRefused");
-      for (int i = 0; i < list->topLevelItemCount(); ++i) {
-        const QTreeWidgetItem& item = *list->topLevelItem(i);
-        rows << item.text(0) + "|" + item.text(1) + "|" + item.text(2);
-      }
-      dialog->findChild<QPushButton*>(button)->click();
-    });
-    Press(key, modifiers);
-    return rows;
-  }
-  int keys = 0;
-};
-
-}  // namespace
 
 class GridEditTest : public QObject {
   Q_OBJECT
@@ -160,107 +89,6 @@ class GridEditTest : public QObject {
     QCOMPARE(desk.keys, letters + 20 + 2);
     QCOMPARE(desk.document.DoneCount(), 20U);
     QVERIFY(desk.LastStep().startsWith("CH") && desk.LastStep().endsWith(" CH Name"));
-  }
-
-  static void FiveNamesGoIntoAnotherFileInSixKeys() {
-    GridDesk desk;
-    for (std::size_t i = 0; i < 240; ++i) desk.data.Marine[0][i].ChTag = "M" + std::to_string(i);
-    desk.GoTo(3, "CH Name");
-    for (int i = 0; i < 4; ++i) desk.Press(Qt::Key_Down, Qt::ShiftModifier);
-    desk.Press(Qt::Key_C, kControl);
-    QStringList names;
-    for (int row = 3; row < 8; ++row) names << desk.Text(row, "CH Name");
-    const int keys = std::exchange(desk.keys, 0);
-    desk.data = image::MakeSampleRadio(5, desk.clock.Today());  // another file comes
-    desk.ShowArranged();
-    desk.Open("PU");
-    desk.GoTo(3, "CH Name");
-    QVERIFY(desk.Text(3, "CH Name") != names[0]);
-    desk.Press(Qt::Key_V, kControl);
-    for (int row = 3; row < 8; ++row) QCOMPARE(desk.Text(row, "CH Name"), names[row - 3]);
-    QCOMPARE(keys + desk.keys, 6);
-    QCOMPARE(desk.document.DoneCount(), 1U);
-    QCOMPARE(desk.LastStep(), "Paste 5 cells in USA");
-  }
-
-  static void SpaceSwitchesTheSelectionAndUndoLeavesItThere() {
-    GridDesk desk;
-    for (core::ChannelRecord& channel : desk.data.Marine[0]) channel.ScanMemory = false;
-    desk.GoTo(2, "MEM");
-    desk.Press(Qt::Key_Down, Qt::ShiftModifier);
-    desk.Press(Qt::Key_Down, Qt::ShiftModifier);
-    const auto shown = [&desk] {
-      return desk.Text(1, "MEM") + desk.Text(2, "MEM") + desk.Text(4, "MEM") + desk.Text(5, "MEM");
-    };
-    desk.Press(Qt::Key_Space);
-    QCOMPARE(shown(), "---MEMMEM---");
-    QCOMPARE(desk.LastStep(), "Switch MEM of 3 channels");
-    desk.Press(Qt::Key_Z, kControl);
-    QCOMPARE(shown(), "------------");
-    QCOMPARE(desk.Tree().CurrentKey(), "PU");
-    QCOMPARE(desk.Focus(), "MSFlexGrid1");
-    QCOMPARE(*desk.Grid().SelectedArea(), (files::Area{2, desk.Column("MEM"), 3, 1}));
-    desk.Press(Qt::Key_Y, kControl);
-    QCOMPARE(shown(), "---MEMMEM---");
-    // Of whole rows it is the current column; a column that is none switches nothing.
-    desk.Press(Qt::Key_Space, Qt::ShiftModifier);
-    QCOMPARE(desk.Grid().SelectedArea()->columns, desk.Rows().columnCount());
-    desk.Press(Qt::Key_Space);
-    QCOMPARE(shown(), "------------");
-    desk.GoTo(0, "CH");
-    desk.Press(Qt::Key_Space);
-    QCOMPARE(desk.document.DoneCount(), 2U);
-    QVERIFY(desk.Saved().startsWith("No selected cell is a switch."));
-  }
-
-  static void APasteThatIsRefusedInPlacesAsks() {
-    GridDesk desk("LMRChannel");
-    int in_use = 1;
-    while (!core::MarkedEnabled(desk.data, in_use, true)) ++in_use;
-    desk.GoTo(in_use - 1, "VS");
-    QGuiApplication::clipboard()->setText("9\tGOOD\n");
-    const core::RadioData before = desk.data;
-    const QStringList expected = {
-        QString("LMR%1, VS|9|It must be a code 0 to 3, or Off.").arg(in_use)};
-    QCOMPARE(desk.Refused(Qt::Key_V, kControl, "cmdNothing"), expected);
-    QVERIFY(desk.data == before && desk.document.DoneCount() == 0);
-    QCOMPARE(desk.Refused(Qt::Key_V, kControl, "cmdRest"), expected);
-    QCOMPARE(desk.Text(in_use - 1, "CH Name"), "GOOD");
-    QCOMPARE(desk.LastStep(), "Paste 1 cell in LMR");
-    QGuiApplication::clipboard()->setText("9");
-    QCOMPARE(desk.Refused(Qt::Key_V, kControl, "cmdNothing"), expected);
-    QCOMPARE(desk.Focus(), "MSFlexGrid1");
-  }
-
-  static void FillCountCutAndEmptyAreOneStepEach() {
-    GridDesk desk;
-    desk.data.Marine[0][static_cast<std::size_t>(files::EnabledMarineRows(desk.data.Marine[0])[0])]
-        .ChTag = "PORT 8";
-    desk.GoTo(0, "CH Name");
-    desk.Press(Qt::Key_Down, Qt::ShiftModifier);
-    desk.Press(Qt::Key_Down, Qt::ShiftModifier);
-    const struct {
-      int key;
-      Qt::KeyboardModifiers modifiers;
-      const char* names;
-      const char* step;
-    } rows[] = {
-        {Qt::Key_D, kControl | Qt::ShiftModifier, "PORT 8|PORT 9|PORT 10",
-         "Count up 2 cells in USA"},
-        {Qt::Key_D, kControl, "PORT 8|PORT 8|PORT 8", "Fill 2 cells in USA"},
-        {Qt::Key_X, kControl, "||", "Cut 3 names in USA"},
-        {Qt::Key_V, kControl, "PORT 8|PORT 8|PORT 8", "Paste 3 cells in USA"},
-        {Qt::Key_Delete, {}, "||", "Empty 3 names in USA"},
-    };
-    for (const auto& row : rows) {
-      const Row told(row.step);
-      desk.Press(row.key, row.modifiers);
-      QCOMPARE(
-          desk.Text(0, "CH Name") + "|" + desk.Text(1, "CH Name") + "|" + desk.Text(2, "CH Name"),
-          row.names);
-      QCOMPARE(desk.LastStep(), row.step);
-    }
-    QCOMPARE(desk.document.DoneCount(), 5U);
   }
 
   static void ACellTakesWhatItsPageWould() {
