@@ -172,9 +172,12 @@ void AppSettings::AddRecentFile(const std::string& path) {
   std::erase(paths, path);
   paths.insert(paths.begin(), path);
   paths.resize(kRecentFiles);
+  std::vector<SettingsEntry> entries;
+  entries.reserve(kRecentFiles);
   for (std::size_t place = 1; place <= kRecentFiles; ++place) {
-    store_.Write(kRecentSection, RecentKey(place), paths[place - 1]);
+    entries.push_back({std::string(kRecentSection), RecentKey(place), paths[place - 1]});
   }
+  store_.WriteAll(entries);
 }
 
 bool AppSettings::KeepsCopyFirst() const {
@@ -212,9 +215,13 @@ std::optional<WindowGeometry> AppSettings::MainWindow() const {
 }
 
 void AppSettings::SetMainWindow(const WindowGeometry& geometry) {
+  std::vector<SettingsEntry> entries;
+  entries.reserve(kWindowKeys.size());
   for (const WindowKey& entry : kWindowKeys) {
-    store_.Write(kWindowSection, entry.key, std::to_string(geometry.*entry.member));
+    entries.push_back({std::string(kWindowSection), std::string(entry.key),
+                       std::to_string(geometry.*entry.member)});
   }
+  store_.WriteAll(entries);
 }
 
 std::string_view BuiltInDestination(bool sel1) {

@@ -29,6 +29,7 @@ struct StartWords {
 
 struct WindowGeometry {  ///< twips: 1/1440 inch, 15 to a device-independent pixel
   int left = 0, top = 0, width = 0, height = 0;
+  bool operator==(const WindowGeometry&) const = default;
 };
 
 /// Typed access to the settings store. Missing or unreadable values take their defaults.

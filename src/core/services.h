@@ -96,13 +96,25 @@ struct SystemError {
   std::string description;
 };
 
+struct SettingsEntry {
+  std::string section;
+  std::string key;
+  std::string value;
+};
+
 /// Per-user values addressed by section and key. A missing value is not an error.
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
   [[nodiscard]] virtual std::optional<std::string> Read(std::string_view section,
                                                         std::string_view key) const = 0;
-  virtual void Write(std::string_view section, std::string_view key, std::string_view value) = 0;
+  /// Values that belong together are kept together: a program that ends meanwhile, by a kill or a
+  /// loss of power, leaves all of them as they were or all of them new.
+  virtual void WriteAll(const std::vector<SettingsEntry>& entries) = 0;
+
+  void Write(std::string_view section, std::string_view key, std::string_view value) {
+    WriteAll({{std::string(section), std::string(key), std::string(value)}});
+  }
 };
 
 struct FileBytes {

@@ -25,10 +25,11 @@ std::optional<std::string> QtSettingsStore::Read(std::string_view section,
   return ToUtf8(value.toString());
 }
 
-void QtSettingsStore::Write(std::string_view section, std::string_view key,
-                            std::string_view value) {
-  settings_.setValue(SettingsKey(section, key), FromUtf8(value));
-  settings_.sync();
+void QtSettingsStore::WriteAll(const std::vector<core::SettingsEntry>& entries) {
+  for (const core::SettingsEntry& entry : entries) {
+    settings_.setValue(SettingsKey(entry.section, entry.key), FromUtf8(entry.value));
+  }
+  settings_.sync();  // puts a whole new file in the place of the old one
 }
 
 }  // namespace orvane::platform

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/services.h"
 
@@ -16,7 +17,7 @@ class QtSettingsStore : public core::SettingsStore {
   explicit QtSettingsStore(const std::string& path);
   [[nodiscard]] std::optional<std::string> Read(std::string_view section,
                                                 std::string_view key) const override;
-  void Write(std::string_view section, std::string_view key, std::string_view value) override;
+  void WriteAll(const std::vector<core::SettingsEntry>& entries) override;
 
  private:
   QSettings settings_;

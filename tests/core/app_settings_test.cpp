@@ -81,6 +81,26 @@ TEST(AppSettings, KeepsTheLastTenFilesOnceEach) {
   EXPECT_EQ(settings.RecentFiles(), Names({"c", "k", "j", "i", "h", "g", "f", "e", "d", "b"}));
 }
 
+TEST(AppSettings, AProgramEndedWhileItKeepsThemLosesNothing) {
+  testing::MemorySettings store;
+  AppSettings settings(store);
+  const WindowGeometry narrow{.left = 1, .top = 2, .width = 3, .height = 4};
+  const WindowGeometry wide{.left = 5, .top = 6, .width = 7, .height = 8};
+  for (const char* name : {"c", "b", "a"}) settings.AddRecentFile(name);
+  settings.SetMainWindow(narrow);
+
+  int writes = 0;
+  store.on_write = [&] {
+    ++writes;
+    const Names files = settings.RecentFiles();
+    EXPECT_TRUE(files == Names({"a", "b", "c"}) || files == Names({"c", "a", "b"})) << writes;
+    EXPECT_TRUE(settings.MainWindow() == narrow || settings.MainWindow() == wide) << writes;
+  };
+  settings.AddRecentFile("c");
+  settings.SetMainWindow(wide);
+  EXPECT_GT(writes, 0);
+}
+
 TEST(AppSettings, UnreadableValuesGiveTheDefaults) {
   testing::MemorySettings store;
   const AppSettings settings(store);

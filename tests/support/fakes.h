@@ -90,9 +90,12 @@ class MemorySettings : public core::SettingsStore {
     if (it == values.end()) return std::nullopt;
     return it->second;
   }
-  void Write(std::string_view section, std::string_view key, std::string_view value) override {
-    values[{std::string(section), std::string(key)}] = std::string(value);
+  void WriteAll(const std::vector<core::SettingsEntry>& entries) override {
+    for (const auto& entry : entries) values[{entry.section, entry.key}] = entry.value;
+    if (on_write) on_write();
   }
+
+  std::function<void()> on_write;  ///< the values are on the disk
 
   std::map<std::pair<std::string, std::string>, std::string> values;
 };
