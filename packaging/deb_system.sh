@@ -62,7 +62,7 @@ sed 's/^ModelNum=.*/ModelNum=5/' "$golden/settings_1_0.ini" \
   >"$system/home/sailor/.config/Orvane/settings.ini"
 cp "$golden"/backups_1_0/* "$system/home/sailor/.local/share/Orvane/backups"
 run chown -R sailor: /home/sailor
-as_user() { run su --login sailor --command "deb_user.sh $1"; }
+as_user() { run su --login sailor --command "deb_user.sh $*"; }
 before=$(contents)
 
 say() { printf -- '-- %s\n' "$*"; }
@@ -76,7 +76,7 @@ say "Installed: $(dpkg-deb --field "$older" Version)"
 packages install /older.deb
 [ -f "$system/usr/share/mime/application/x-orvane-settings.xml" ] ||
   fail "the system does not know the settings file's type"
-as_user files
+as_user files older
 users_had=$(users_files)
 
 say "Upgraded: $(dpkg-deb --field "$package" Version)"
@@ -84,7 +84,7 @@ packages install /new.deb
 [ "$(run dpkg-query --show --showformat '${Version}' orvane)" = \
   "$(dpkg-deb --field "$package" Version)" ] || fail "the new version is not installed"
 expect_users_files_untouched "upgrading"
-as_user files
+as_user files newer
 as_user radio
 users_had=$(users_files)
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# deb_user.sh files|radio: what an ordinary user does with the installed programs, in the home folder.
-#   files  makes a settings file, prints it, opens it in the window, and looks for what an earlier
-#          version left
+# deb_user.sh files NAME|radio: what an ordinary user does with the installed programs, at home.
+#   files  makes a settings file of that name, prints it, opens it in the window, and looks for what an
+#          earlier version left
 #   radio  reads a simulated radio and programs it
 set -euo pipefail
 cd
@@ -25,15 +25,17 @@ await() {
 }
 
 use_files() {
+  local name=$1
   orvane-cli new --model 5 -o new.dat
-  orvane-cli set new.dat usa/16/name=HAILING -o changed.dat
-  orvane-cli convert changed.dat changed.pdf  # needs a font of one width
-  [ "$(head -c 5 changed.pdf)" = "%PDF-" ] || fail "changed.pdf is no PDF"
+  orvane-cli set new.dat usa/16/name=HAILING -o "$name.dat"
+  orvane-cli convert "$name.dat" "$name.pdf"  # needs a font of one width
+  [ "$(head -c 5 "$name.pdf")" = "%PDF-" ] || fail "$name.pdf is no PDF"
   orvane-cli backups list | grep 5203747B || fail "the earlier version's backup is not listed"
 
-  orvane changed.dat 2>window.log &
+  ! grep -q "$name\.dat" "$settings" || fail "$name.dat was opened before"
+  orvane "$name.dat" 2>window.log &
   local window=$! ended=0
-  await grep -qs 'changed\.dat' "$settings"
+  await grep -qs "$name\.dat" "$settings"
   kill "$window"
   wait "$window" || ended=$?
   [ $ended = $((128 + 15)) ] || fail "the window ended by itself, with status $ended: $(cat window.log)"
@@ -56,4 +58,4 @@ use_radio() {
   orvane-cli get after.hex usa/16/name | grep -x MARINA
 }
 
-"use_$1"
+"use_$@"

@@ -322,8 +322,15 @@ void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isActiveWindow() && isEnabled()) {
     // After the hint of the control that gets the focus with the window.
-    QTimer::singleShot(0, &file_commands_, &FileCommands::LookAtFile);
+    QTimer::singleShot(0, this, &MainWindow::LookAtWhatOthersDid);
   }
+}
+
+// Other programs may have saved the open file, or programmed the radio whole that is told of. A
+// mark that came meanwhile may be that of a run which goes on: each dialog tells its port's.
+void MainWindow::LookAtWhatOthersDid() {
+  file_commands_.LookAtFile();
+  if (strip_->isVisible()) ShowPartlyWritten();
 }
 
 bool MainWindow::TakeDrop(QDropEvent& event) const {

@@ -127,6 +127,7 @@ class MainWindow : public QMainWindow, public PageHost, public CommandHost {
   [[nodiscard]] bool TakeKey(QWidget& target, const QKeyEvent& event);
   void OpenHelp(const QWidget* focus);
   void SwitchSide();
+  void LookAtWhatOthersDid();
 
   const WindowServices services_;
   platform::Meanwhile<QImage> logo_;  ///< read while the window is built

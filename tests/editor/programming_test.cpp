@@ -308,6 +308,23 @@ class ProgrammingTest : public QObject {
     }
   }
 
+  void WhatAnotherProgramSettledIsNotToldAnyMore() {
+    CommandDesk desk;
+    desk.Start();
+    Settled(desk);
+    BreakAt(desk, 30);
+    desk.Transfer(kProgram);
+    const auto* strip = desk.Find<QWidget>("stripPartlyWritten");
+    files::PartlyWrittenMarks marks(desk.files, "/marks");
+    for (const bool settled : {false, true}) {
+      if (settled) marks.Settle("COM1");
+      QEvent activated(QEvent::ActivationChange);
+      QCoreApplication::sendEvent(desk.window.get(), &activated);
+      QCoreApplication::processEvents();
+      QCOMPARE(strip->isVisible(), !settled);
+    }
+  }
+
   void ComparingReadsIntoACopyAndNamesTheFields() {
     CommandDesk desk;
     desk.Start();
