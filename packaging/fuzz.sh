@@ -8,7 +8,9 @@ export ASAN_OPTIONS=malloc_context_size=1
 seconds=$1
 shift
 [ $# -gt 0 ] || set -- build/fuzz/bin/*_fuzz
-for target in "$@"; do
+
+run() {
+  local target=$1 name work log options begun
   name=$(basename "$target" _fuzz)
   work=build/fuzz/corpus/$name
   mkdir -p "$work"
@@ -24,7 +26,7 @@ for target in "$@"; do
     exit $ended
   ) | while IFS= read -r line; do echo "$((SECONDS - begun)) $line"; done >"$log" || {
     tail -n 40 "$log" >&2
-    exit 1
+    return 1
   }
   awk -v name="$name" '
     match($0, /cov: [0-9]+/) {
@@ -38,4 +40,8 @@ for target in "$@"; do
       printf "%s: %d runs, %d a second of %d s processor time, %d edges, the last after %d s\n",
         name, runs, runs / (used[2] + used[3]), used[2] + used[3], reached, last
     }' "$log"
-done
+}
+
+export -f run
+export seconds
+printf '%s\n' "$@" | xargs -P "$(nproc)" -I '{}' bash -euo pipefail -c 'run {}'
