@@ -9,7 +9,11 @@ namespace orvane::editor {
 
 SerialPortMenu::SerialPortMenu(const Menus& menus, link::PortFinder& finder,
                                core::SettingsStore& settings)
-    : menus_(menus), list_(finder), settings_(settings), port_number_(settings_.PortNumber()) {
+    : menus_(menus),
+      list_(finder),
+      settings_(settings),
+      own_port_(settings_.PortNumber()),
+      port_number_(own_port_) {
   connect(menus_.serial_port, &QMenu::aboutToShow, this, &SerialPortMenu::UpdateComList);
 }
 
@@ -56,7 +60,9 @@ void SerialPortMenu::Choose(int number) {
 void SerialPortMenu::Pick(int index) {
   CheckOnly(index);
   port_number_ = list_.PortItem(index).port_number;
-  if (port_number_ != borrowed_) settings_.SetPortNumber(port_number_);
+  if (port_number_ == borrowed_) return;
+  own_port_ = port_number_;
+  settings_.SetPortNumber(own_port_);
 }
 
 bool SerialPortMenu::Borrow(int number) {
@@ -71,7 +77,7 @@ void SerialPortMenu::GiveBack() {
   const int given_back = std::exchange(borrowed_, 0);
   if (given_back != 0 && port_number_ == given_back) {
     CheckOnly(-1);
-    port_number_ = settings_.PortNumber();
+    port_number_ = own_port_;
   }
   UpdateComList();
   SelectStoredPort();

@@ -27,7 +27,7 @@ class SerialPortMenu : public QObject {
   /// Chooses a port for as long as it is lent: the next run does not know of it, whoever chooses
   /// it. False when it is not in the list; nothing is chosen then.
   [[nodiscard]] bool Borrow(int number);
-  /// The borrowed port is gone; where it is the chosen one, the one kept is so again.
+  /// The borrowed port is gone; where it is the chosen one, the one of before is so again.
   void GiveBack();
 
  private:
@@ -43,6 +43,7 @@ class SerialPortMenu : public QObject {
   std::vector<QAction*> items_;  ///< kPorts, once they were made
   link::CComList list_;
   core::AppSettings settings_;
+  int own_port_;  ///< the last one that was not borrowed; another window may keep its own
   int port_number_;
   int borrowed_ = 0;  ///< 0: none
   QString chosen_;    ///< caption of the port that was checked, "" as long as none was

@@ -18,6 +18,7 @@ QtSettingsStore::QtSettingsStore(const std::string& path)
 
 std::optional<std::string> QtSettingsStore::Read(std::string_view section,
                                                  std::string_view key) const {
+  settings_.sync();
   const QVariant value = settings_.value(SettingsKey(section, key));
   if (!value.isValid()) return std::nullopt;
   // An unquoted comma, as a hand-edited file may hold, makes a list of the text.

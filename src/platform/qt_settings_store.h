@@ -10,8 +10,9 @@
 
 namespace orvane::platform {
 
-/// The user's settings in one INI file (UTF-8). A file that cannot be read counts as empty; one
-/// that cannot be written keeps the values for this run only.
+/// The user's settings in one INI file (UTF-8), which several programs may use at once: what the
+/// others have written is seen. A file that cannot be read counts as empty; one that cannot be
+/// written keeps the values for this run only.
 class QtSettingsStore : public core::SettingsStore {
  public:
   explicit QtSettingsStore(const std::string& path);
@@ -20,7 +21,7 @@ class QtSettingsStore : public core::SettingsStore {
   void WriteAll(const std::vector<core::SettingsEntry>& entries) override;
 
  private:
-  QSettings settings_;
+  mutable QSettings settings_;  // reading looks whether the file is another one
 };
 
 }  // namespace orvane::platform

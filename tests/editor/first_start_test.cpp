@@ -156,6 +156,7 @@ class FirstStartTest : public QObject {
     desk.window->ChoosePort(2);
     desk.window->ChoosePort(16);
     QCOMPARE(desk.KeptPort(), 2);
+    core::AppSettings(desk.settings).SetPortNumber(3);  // another window's
     desk.Item("mnuSimulatedRadioEnd").trigger();
     QVERIFY(!desk.StripShown() && !desk.radio_program.IsRunning());
     QCOMPARE(desk.window->PortNumber(), 2);

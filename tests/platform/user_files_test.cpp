@@ -28,6 +28,20 @@ TEST(SettingsStore, KeepsValuesForTheNextRun) {
   EXPECT_EQ(store.Read("IniFilePath", "IniFileName_5"), "KT740, \u00E9 = \"x\"");
 }
 
+TEST(SettingsStore, SeesWhatAnotherProgramHasWritten) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("settings.ini");
+  QtSettingsStore store(ToUtf8(path));
+  store.Write("RecentFiles", "File1", "mine.dat");
+  {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[RecentFiles]\nFile1=another.dat\nFile2=mine.dat\n");
+  }
+  EXPECT_EQ(store.Read("RecentFiles", "File1"), "another.dat");
+  EXPECT_EQ(store.Read("RecentFiles", "File2"), "mine.dat");
+}
+
 TEST(SettingsStore, AnUnreadableFileCountsAsEmpty) {
   const QTemporaryDir folder;
   const QtSettingsStore store(ToUtf8(folder.path()));
