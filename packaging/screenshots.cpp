@@ -154,7 +154,8 @@ int main(int argc, char** argv) {
   services.radio = &simulated;
   desk.window = std::make_unique<editor::MainWindow>(services);
   desk.window->show();
-  if (!QTest::qWaitFor([&] { return desk.window->isEnabled(); })) return 1;
+  const auto* status = desk.Find<QLabel>("sbStatusBar_2");
+  if (!QTest::qWaitFor([&] { return status->text().contains("problems"); })) return 1;
   desk.window->resize(*size);
   QTest::qWait(0);  // a first layout finds which shape the page has room for, the next one has it
   bool saved = true;

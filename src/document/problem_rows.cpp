@@ -8,10 +8,10 @@
 namespace orvane::document {
 namespace {
 
-using Wording = std::tuple<ProblemKind, Severity, std::string_view, std::string_view>;
+using Wording = std::tuple<ProblemKind, Severity, std::string_view, bool>;
 
 Wording WordingOf(const Problem& problem) {
-  return {problem.kind, problem.severity, problem.text, problem.remedy};
+  return {problem.kind, problem.severity, problem.text, !problem.remedy.empty()};
 }
 
 bool IsSamePlace(const Problem& a, const Problem& b) {

@@ -28,7 +28,7 @@ struct ProblemRow {
 /// How many must read alike to be gathered.
 inline constexpr std::size_t kGatheredFrom = 4;
 
-/// They differ in nothing but their place.
+/// They differ in nothing but their place, and in what mends each, if something does.
 [[nodiscard]] bool ReadAlike(const Problem& a, const Problem& b);
 
 /// The same row, whatever it says by now.

@@ -22,8 +22,8 @@ using document::Problem;
 using document::ProblemRow;
 
 bool ReadsTheSame(const ProblemRow& a, const ProblemRow& b) {
-  return document::ReadAlike(a.problem, b.problem) && a.problem.at == b.problem.at &&
-         a.count == b.count && a.unfolded == b.unfolded;
+  return document::ReadAlike(a.problem, b.problem) && a.problem.remedy == b.problem.remedy &&
+         a.problem.at == b.problem.at && a.count == b.count && a.unfolded == b.unfolded;
 }
 
 QString SeverityWord(document::Severity severity) {

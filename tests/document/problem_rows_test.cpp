@@ -57,20 +57,23 @@ TEST(GatherProblems, FourThatReadAlikeStandInOneRow) {
   }
 }
 
-TEST(GatherProblems, OnlyThePlaceMayDiffer) {
+TEST(GatherProblems, OnlyThePlaceAndTheWayOfMendingMayDiffer) {
   const Problem base = Problems("a").front();
   Problem kind = base;
   kind.kind = ProblemKind::kValue;
   Problem severity = base;
   severity.severity = Severity::kNote;
-  Problem remedy = base;
-  remedy.remedy = "Change it";
+  Problem mends = base;
+  mends.remedy = "Change it";
+  Problem mends_otherwise = base;
+  mends_otherwise.remedy = "Take it off";
   Problem place = base;
   place.at.entry = 7;
   place.slot = 3;
   EXPECT_FALSE(ReadAlike(base, kind));
   EXPECT_FALSE(ReadAlike(base, severity));
-  EXPECT_FALSE(ReadAlike(base, remedy));
+  EXPECT_FALSE(ReadAlike(base, mends));
+  EXPECT_TRUE(ReadAlike(mends, mends_otherwise));
   EXPECT_TRUE(ReadAlike(base, place));
 }
 
