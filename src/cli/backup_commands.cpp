@@ -10,6 +10,7 @@
 #include "core/text.h"
 #include "files/backup_library.h"
 #include "files/image_file.h"
+#include "files/settings_file.h"
 
 namespace orvane::cli {
 namespace {
@@ -101,8 +102,8 @@ bool Restore(Workplace& place, const files::BackupLibrary& library) {
   const std::string& output = place.options.output;
   if (!place.documents.CheckOutput(output, data)) return false;
   const std::string extension = Extension(output);
-  if (extension == ".dat") return place.documents.Save(output, data);
-  if (extension != ".hex") {
+  if (extension == files::kSettingsEnding) return place.documents.Save(output, data);
+  if (extension != files::kImageEnding) {
     return place.documents.SaveSnapshot(output, data, found.snapshot.heading);
   }
   files::PrepareKeptImage(data, place.services.clock.Today());

@@ -39,7 +39,7 @@ bool Documents::Save(const std::string& path, core::RadioData& data) {
   if (extension == files::kSnapshotEnding) {
     return SaveSnapshot(path, data, {services_.clock.Timestamp(), "saved"});
   }
-  if (extension == ".dat") return SaveSettingFile(path, data);
+  if (extension == files::kSettingsEnding) return SaveSettingFile(path, data);
   if (extension == ".txt") return SaveBytes(path, data, {std::nullopt, ReportFileText(data)});
   if (extension == ".pdf") return SaveBytes(path, data, services_.make_pdf(data));
   files::PrepareImageForSaving(data, services_.clock.Today());
@@ -58,9 +58,9 @@ std::optional<core::SystemError> Documents::SaveCopy(const std::string& path,
                                                      const files::SnapshotHeading& heading) {
   const auto memory = radio.Image.Used();
   std::string bytes(memory.begin(), memory.end());
-  if (Extension(path) == ".dat") {
+  if (Extension(path) == files::kSettingsEnding) {
     bytes = files::SettingFileText(radio);
-  } else if (Extension(path) != ".hex") {
+  } else if (Extension(path) != files::kImageEnding) {
     bytes = files::SnapshotText(radio, heading);
   }
   return services_.files.WriteFile(path, bytes);

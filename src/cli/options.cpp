@@ -7,6 +7,8 @@
 #include "core/catalogue.h"
 #include "core/model_profile.h"
 #include "core/text.h"
+#include "files/image_file.h"
+#include "files/settings_file.h"
 #include "files/snapshot.h"
 #include "files/table_file.h"
 #include "link/port_name.h"
@@ -217,7 +219,8 @@ std::optional<std::string> WrongExtension(const std::string& path, std::string_v
 }
 
 std::optional<std::string> WrongDocument(const std::string& path) {
-  return WrongExtension(path, "The file to read", {".dat", ".hex", files::kSnapshotEnding});
+  return WrongExtension(path, "The file to read",
+                        {files::kSettingsEnding, files::kImageEnding, files::kSnapshotEnding});
 }
 
 std::optional<std::string> WrongCompared(const std::string& word) {
@@ -227,7 +230,8 @@ std::optional<std::string> WrongCompared(const std::string& word) {
 std::optional<std::string> WrongInput(const Options& options) {
   if (options.command == Command::kMap) {
     if (options.input.empty()) return std::nullopt;
-    return WrongExtension(options.input, "The image file", {".hex", files::kSnapshotEnding});
+    return WrongExtension(options.input, "The image file",
+                          {files::kImageEnding, files::kSnapshotEnding});
   }
   if (options.command == Command::kNew || options.command == Command::kPorts ||
       options.command == Command::kRead || options.command == Command::kBackups ||
@@ -240,7 +244,7 @@ std::optional<std::string> WrongInput(const Options& options) {
 
 std::optional<std::string> WrongOutput(const Options& options) {
   if (options.raw) {
-    return WrongExtension(options.output, "With --raw the file to write", {".hex"});
+    return WrongExtension(options.output, "With --raw the file to write", {files::kImageEnding});
   }
   if (options.command == Command::kExport) {
     return WrongExtension(options.output, "The file to write", {".csv"});
@@ -248,8 +252,9 @@ std::optional<std::string> WrongOutput(const Options& options) {
   const bool imports = options.command == Command::kImport && !options.output.empty();
   if (options.command == Command::kNew || options.command == Command::kConvert ||
       options.command == Command::kSet || options.command == Command::kRead || imports) {
-    return WrongExtension(options.output, "The file to write",
-                          {".dat", ".hex", files::kSnapshotEnding, ".txt", ".pdf"});
+    return WrongExtension(
+        options.output, "The file to write",
+        {files::kSettingsEnding, files::kImageEnding, files::kSnapshotEnding, ".txt", ".pdf"});
   }
   return std::nullopt;
 }
@@ -300,7 +305,7 @@ std::optional<std::string> TakeValues(RawOptions& raw) {
 
 // A file that is written must be no other file of the command: it would be lost.
 std::optional<std::string> WrongFiles(const Options& options) {
-  if (!options.base.empty() && Extension(options.input) != ".dat") {
+  if (!options.base.empty() && Extension(options.input) != files::kSettingsEnding) {
     return "--base goes with a .dat file; \"" + options.input + "\" holds everything itself.";
   }
   std::vector<std::string> files = {options.input, options.base};
@@ -325,8 +330,9 @@ std::optional<std::string> FindMistake(RawOptions& raw) {
   if (raw.options.command == Command::kImport) return WrongImport(raw.options);
   if (raw.options.command == Command::kDiff) return WrongCompared(raw.options.other);
   if (raw.options.base.empty()) return std::nullopt;
-  return WrongExtension(raw.options.base, "The --base file",
-                        {".dat", ".hex", files::kSnapshotEnding, ".ini"});
+  return WrongExtension(
+      raw.options.base, "The --base file",
+      {files::kSettingsEnding, files::kImageEnding, files::kSnapshotEnding, ".ini"});
 }
 
 std::string WithUsage(std::string sentence, const CommandInfo* info) {

@@ -10,8 +10,10 @@
 #include "core/app_settings.h"
 #include "core/messages.h"
 #include "core/product.h"
+#include "core/text.h"
 #include "files/partly_written.h"
 #include "files/receipt_text.h"
+#include "files/settings_file.h"
 #include "link/fill_from_radio.h"
 #include "link/transfer_session.h"
 #include "platform/qt_port_finder.h"
@@ -197,7 +199,8 @@ bool RunProgram(Workplace& place) {
       Transfer(place, data, link::SessionKind::kProgram,
                {.keep_copy = !options.keep.empty(),
                 .read_back = options.verify,
-                .fill_from_radio = Extension(options.input) == ".dat" && options.base.empty()},
+                .fill_from_radio =
+                    Extension(options.input) == files::kSettingsEnding && options.base.empty()},
                &keeper);
   if (outcome.ending == link::Ending::kDone) {
     MarksOf(place).Settle(NameOf(options.port, place.services.ports));

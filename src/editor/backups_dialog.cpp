@@ -10,6 +10,7 @@
 
 #include "core/message_facts.h"
 #include "core/product.h"
+#include "core/text.h"
 #include "editor/dialog_parts.h"
 #include "editor/save_as.h"
 #include "editor/words.h"
@@ -50,8 +51,9 @@ class WordFilter : public QSortFilterProxyModel {
 /// The bytes of a file of that name.
 std::string BytesFor(const std::string& path, files::Snapshot& snapshot, core::Date today) {
   core::RadioData& data = *snapshot.data;
-  if (path.ends_with(files::kSnapshotEnding)) return files::SnapshotText(data, snapshot.heading);
-  if (!path.ends_with(".hex")) return files::SettingFileText(data);
+  const std::string ending = core::Extension(path);
+  if (ending == files::kSnapshotEnding) return files::SnapshotText(data, snapshot.heading);
+  if (ending != files::kImageEnding) return files::SettingFileText(data);
   files::PrepareKeptImage(data, today);
   return files::ImageFileBytes(data);
 }

@@ -21,7 +21,6 @@ namespace {
 
 constexpr std::chrono::milliseconds kMenuCloses{100};
 constexpr const char* kFilter = "dat files(*.dat)|*.dat|All files(*.*)|*.*";
-constexpr std::string_view kImageEnding = ".hex";
 constexpr const char* kHexFilter = "hex files(*.hex)|*.hex|All files(*.*)|*.*";
 
 }  // namespace
@@ -69,9 +68,10 @@ void FileCommands::Open() {
 void FileCommands::OpenFile(const std::string& path) {
   if (!host_.CheckPage()) return;
   state_.Cancel = true;
-  if (path.ends_with(kImageEnding)) {
+  const std::string ending = core::Extension(path);
+  if (ending == files::kImageEnding) {
     LoadImageFile(path);
-  } else if (path.ends_with(files::kSnapshotEnding)) {
+  } else if (ending == files::kSnapshotEnding) {
     OpenSnapshot(path);
   } else {
     ReadFile(path);

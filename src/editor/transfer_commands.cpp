@@ -7,6 +7,7 @@
 #include "core/product.h"
 #include "core/text.h"
 #include "editor/receipt_window.h"
+#include "files/image_file.h"
 #include "files/receipt_text.h"
 #include "files/settings_file.h"
 #include "link/port_name.h"
@@ -16,8 +17,6 @@
 namespace orvane::editor {
 namespace {
 
-constexpr std::string_view kSettingsEnding = ".dat";
-
 /// "boat.dat", "boat.dat with unsaved changes", "unsaved data".
 std::string WhatOf(const document::Document& document) {
   if (document.FileName().empty()) return "unsaved data";
@@ -25,11 +24,13 @@ std::string WhatOf(const document::Document& document) {
   return document.IsSaved() ? name : name + " with unsaved changes";
 }
 
-/// A settings file has no place for everything that some radios hold.
+/// A settings file, whatever its name, has no place for everything that some radios hold. Of
+/// recovered data only the name is known.
 bool CameFromSettingsFile(const document::Document& document) {
   const document::Origin origin = document.ComesFrom();
-  return (origin == document::Origin::kOpened || origin == document::Origin::kRecovered) &&
-         core::LowerCase(document.FileName()).ends_with(kSettingsEnding);
+  if (origin == document::Origin::kOpened) return true;
+  return origin == document::Origin::kRecovered && !document.FileName().empty() &&
+         core::Extension(document.FileName()) != files::kImageEnding;
 }
 
 }  // namespace

@@ -14,6 +14,8 @@
 /// templates beside the program are image files too.
 namespace orvane::files {
 
+inline constexpr std::string_view kImageEnding = ".hex";
+
 /// Encodes the records, repairs references, stores the checksum; afterwards data.Image is what
 /// SaveHexFileAs writes.
 void PrepareImageForSaving(core::RadioData& data, core::Date today);

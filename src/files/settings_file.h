@@ -13,6 +13,8 @@
 /// raw image bytes; never the DSC settings, the call signs or the two directories.
 namespace orvane::files {
 
+inline constexpr std::string_view kSettingsEnding = ".dat";
+
 /// The whole file as text. Yields to the pump now and then so that a window keeps repainting.
 [[nodiscard]] std::string SettingFileText(const core::RadioData& data, core::EventPump& pump);
 

@@ -101,13 +101,13 @@ class BackupsTest : public QObject {
     WindowDesk desk;
     desk.Start();
     const core::RadioData kept = Keep(desk, 5, "HARBOUR", "2026-11-24 11:12:13", "read");
-    desk.dialogs.paths = {"/out/a.dat", "/out/a.hex", "/out/a.orvsnap", "/full/a.dat"};
+    desk.dialogs.paths = {"/out/a.dat", "/out/A.HEX", "/out/a.orvsnap", "/full/a.dat"};
     desk.files.failing["/full/a.dat"] = {28, "No space left on device"};
     desk.InWindowOf("mnuFileBackups", [](QDialog& dialog) {
       for (int i = 0; i < 4; ++i) Click(dialog, "cmdSaveAs");
     });
     QCOMPARE(desk.files.files["/out/a.dat"], files::SettingFileText(kept));
-    QCOMPARE(desk.files.files["/out/a.hex"].size(), 16384U);
+    QCOMPARE(desk.files.files["/out/A.HEX"].size(), 16384U);
     const files::Snapshot copy = files::ParseSnapshot(desk.files.files["/out/a.orvsnap"]);
     QVERIFY(copy.data != nullptr && *copy.data == kept);
     QCOMPARE(copy.heading.made, "2026-11-24 11:12:13");

@@ -1,6 +1,7 @@
 #include <tuple>
 
 #include "core/app_settings.h"
+#include "files/image_file.h"
 #include "files/settings_file.h"
 #include "image/codec.h"
 #include "image/sample_radio.h"
@@ -224,14 +225,18 @@ class FileCommandsTest : public QObject {
   }
 
   void FileGivenAtTheStartIsOpened() {
-    WindowDesk desk;
-    core::RadioData boat = image::MakeSampleRadio(5, desk.clock.today);
-    static_cast<void>(files::WriteSettingFile(boat, "/boat.dat", desk.files, desk.pump));
-    desk.window = std::make_unique<editor::MainWindow>(desk.Services());
-    desk.window->OpenAtStart("/boat.dat");
-    desk.window->show();
-    QVERIFY(QTest::qWaitFor([&] { return desk.document.FileName() == "/boat.dat"; }));
-    QCOMPARE(Channel16(desk).ChTag, boat.Marine[0][32].ChTag);
+    for (const char* const file : {"/boat.dat", "/BOAT.HEX"}) {
+      const testing::Row row(file);
+      WindowDesk desk;
+      const core::RadioData boat = image::MakeSampleRadio(5, desk.clock.today);
+      desk.files.files["/boat.dat"] = files::SettingFileText(boat);
+      desk.files.files["/BOAT.HEX"] = files::ImageFileBytes(boat);
+      desk.window = std::make_unique<editor::MainWindow>(desk.Services());
+      desk.window->OpenAtStart(file);
+      desk.window->show();
+      QVERIFY(QTest::qWaitFor([&] { return desk.document.FileName() == file; }));
+      QCOMPARE(Channel16(desk).ChTag, boat.Marine[0][32].ChTag);
+    }
   }
 
   void WindowStaysWhileACommandWorks() {

@@ -355,8 +355,10 @@ class ProgrammingTest : public QObject {
 
   // A settings file has no place for a radio's MMSI: programming it leaves the radio its own.
   void ASettingsFileProgramsOnlyWhatItHolds() {
-    for (const bool from_file : {true, false}) {
-      const Row row(from_file);
+    const std::tuple<const char*, bool> rows[] = {
+        {"/out/boat.dat", true}, {"/out/boat", true}, {"/out/bark.dat", false}};
+    for (const auto& [file, from_file] : rows) {
+      const Row row(file);
       CommandDesk desk;
       core::AppSettings(desk.settings).SetModelType(0);
       desk.PutRadio(image::MakeSampleRadio(0, desk.clock.today));
@@ -364,7 +366,7 @@ class ProgrammingTest : public QObject {
       desk.data = desk.sample;
       desk.data.Dsc.UserMmsi.clear();
       image::EncodeAll(desk.data, desk.clock.today);
-      desk.dialogs.paths = {"/out/boat.dat", "/out/boat.dat"};
+      desk.dialogs.paths = {file, file};
       desk.Item("mnuFileSaveAs").trigger();
       if (from_file) desk.Item("mnuFileOpen").trigger();
       const core::RadioData& held = desk.document.Data();
