@@ -39,17 +39,20 @@ const core::ChannelRecord& ChannelPage::Channel() const {
 
 bool ChannelPage::Check() {
   if (!isEnabled() || !ShowsChannel()) return true;
-  bool passed = true;
+  const bool passed = TakePending();
+  return CheckCompleteness() && passed;
+}
+
+bool ChannelPage::TakePending() {
+  if (!isEnabled() || !ShowsChannel()) return true;
   for (const Direction direction : {kReceive, kTransmit}) {
     const Frequency& frequency = frequencies_[direction];
     if (!frequency.box->IsEdited()) continue;
-    if (!TakeOver(frequency)) {
-      TellWrongFrequency(*frequency.box);
-      passed = false;
-    }
-    break;
+    if (TakeOver(frequency)) return true;
+    TellWrongFrequency(*frequency.box);
+    return false;
   }
-  return CheckCompleteness() && passed;
+  return true;
 }
 
 bool ChannelPage::CheckCompleteness() {

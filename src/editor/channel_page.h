@@ -30,6 +30,7 @@ class ChannelPage : public Page {
   void ModelChanged() override;
   void Fill(const NodeRef& node) override;
   [[nodiscard]] bool Check() override;
+  [[nodiscard]] bool TakePending() override;
   [[nodiscard]] QWidget* ControlOf(core::FieldRef at) const override;
 
  private:

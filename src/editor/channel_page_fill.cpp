@@ -66,6 +66,7 @@ void ChannelPage::FillMarine() {
   ShowPlanReceiveFrequency();
   frequencies_[kTransmit].box->ShowText(
       platform::FromAnsi(core::PlanFrequencyText(plan.tx_frequency)));
+  for (const Frequency& frequency : frequencies_) frequency.box->SetEdited(false);
   enable_->setChecked(Channel().Enable);
 }
 

@@ -42,7 +42,8 @@ void Follower::Undo() {
 }
 
 void Follower::Redo() {
-  if (document_.CanRedo()) GoTo(document_.DoneCount() + 1);
+  // A typed value that is taken over is an edit, after which there is nothing to take again.
+  if (views_.navigator.TakePending() && document_.CanRedo()) GoTo(document_.DoneCount() + 1);
 }
 
 void Follower::GoTo(std::size_t done) {
@@ -105,7 +106,7 @@ bool Follower::VisitField(core::FieldRef at) {
 
 bool Follower::ShowPageOf(core::FieldRef at) {
   const QString key = KeyOfField(at);
-  if (key == views_.navigator.CurrentKey()) return true;
+  if (key == views_.navigator.CurrentKey()) return views_.navigator.TakePending();
   if (!views_.navigator.CheckPage()) return false;
   views_.navigator.Show(key);
   return true;

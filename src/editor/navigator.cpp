@@ -44,6 +44,10 @@ bool Navigator::CheckPage() {
   return area_.Current() == nullptr || area_.Current()->Check();
 }
 
+bool Navigator::TakePending() {
+  return area_.Current() == nullptr || area_.Current()->TakePending();
+}
+
 void Navigator::Choose(const QString& key) {
   host_.ShowHint(QLatin1String(kTreeHint));
   if (key == current_key_) return;

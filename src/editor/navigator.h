@@ -56,6 +56,8 @@ class Navigator : public QObject {
   /// The same in silence, under the hands of a user who works elsewhere: the hint stays.
   void Show(const QString& key);
   [[nodiscard]] bool CheckPage();
+  /// What is being typed on the page; see Page.
+  [[nodiscard]] bool TakePending();
   /// Empty until a node was chosen.
   [[nodiscard]] const QString& CurrentKey() const { return current_key_; }
 

@@ -61,6 +61,9 @@ class Page : public QWidget {
   virtual void Fill(const NodeRef& node) = 0;
   /// Page check: false keeps the user on the page; the message has been shown.
   [[nodiscard]] virtual bool Check() { return true; }
+  /// Takes over what is still being typed, before the page is filled again. False when that is not
+  /// valid; the message has been shown.
+  [[nodiscard]] virtual bool TakePending() { return true; }
   /// The control that shows the field while this node is on show, null when none does.
   [[nodiscard]] virtual QWidget* ControlOf(core::FieldRef /*at*/) const { return nullptr; }
 

@@ -75,7 +75,7 @@ bool ReadDataFile(const std::string& path, std::optional<std::int16_t> model_typ
   const std::string extension = core::Extension(path);
   if (extension == kSnapshotEnding) return ReadSnapshot(path, model_type, data, services);
   return extension == kSettingsEnding ? ReadSettings(path, model_type, data, services)
-                             : ReadImage(path, model_type, data, services);
+                                      : ReadImage(path, model_type, data, services);
 }
 
 }  // namespace orvane::files

@@ -265,6 +265,24 @@ class FindTest : public QObject {
     QTRY_COMPARE(desk.prompts.messages.size(), 1U);
   }
 
+  void GoingToThePageOnShowLosesNothingTyped() {
+    const std::tuple<const char*, double, const char*, std::size_t> rows[] = {
+        {"152.5", 152.5, "L7 chkCEnable", 0}, {"12", 150.25, "L7 txtCRF", 1}};
+    for (const auto& [typed, kept, place, messages] : rows) {
+      const Row row(typed);
+      FindDesk desk;
+      desk.data.EXP[7].Rxfreq = 150.25;
+      desk.Look("lmr7");
+      desk.Press(Qt::Key_Return);
+      desk.Find<QWidget>("txtCRF")->setFocus();
+      desk.Type(typed);
+      desk.Press(Qt::Key_F3);
+      QCOMPARE(desk.Place(), place);
+      QCOMPARE(desk.data.EXP[7].Rxfreq, kept);
+      QCOMPARE(desk.prompts.messages.size(), messages);
+    }
+  }
+
   void AnotherModelIsFoundInAtOnce() {
     FindDesk desk;
     desk.Look("dock");

@@ -159,6 +159,31 @@ class HistoryTest : public QObject {
     QVERIFY(desk.data.EXP[1].ChTag.empty());
   }
 
+  void TypingNotYetTakenOverIsNotLostByRedo() {
+    const std::tuple<const char*, double, bool> rows[] = {{"151", 151, false}, {"15", 150.5, true}};
+    for (const auto& [typed, kept, refused] : rows) {
+      const Row row(typed);
+      WindowDesk desk;
+      desk.Start();
+      desk.data.LmrPresent() = desk.data.EXP[1].Enable = true;
+      desk.data.EXP[1].LMR_EXP = -1;
+      desk.data.EXP[1].Rxfreq = 150.5;
+      desk.ShowArranged();
+      Rename(desk, "PU32", "one");
+      desk.Item("mnuEditUndo").trigger();
+      desk.window->SelectNode("L1");
+      auto* box = desk.Find<editor::FrequencyBox>("txtCRF");
+      box->setFocus();
+      QTest::keyClicks(box, typed);
+      desk.Item("mnuEditRedo").trigger();
+      QCOMPARE(desk.Tree().CurrentKey(), "L1");
+      QCOMPARE(desk.data.EXP[1].Rxfreq, kept);
+      QCOMPARE(desk.document.CanRedo(), refused);
+      QCOMPARE(box->IsEdited(), refused);
+      QCOMPARE(desk.prompts.messages.size(), refused ? 1U : 0U);
+    }
+  }
+
   void CommandsThatReplaceTheDataAreTakenBackWithFileModelAndMark_data() {
     QTest::addColumn<QString>("item");
     QTest::addColumn<QString>("step");
