@@ -8,6 +8,11 @@
 #include "platform/ansi_text.h"
 
 namespace orvane::editor {
+namespace {
+
+constexpr std::size_t kSpared = 8;  // a program run keeps two or three
+
+}  // namespace
 
 BackupKeeper::BackupKeeper(document::Document& document, core::FileStore& store, core::Clock& clock,
                            const std::string& folder)
@@ -24,8 +29,10 @@ files::BackupLibrary::Kept BackupKeeper::Keep(const core::RadioData& data,
   heading.made = clock_.Timestamp();
   files::BackupLibrary::Kept kept = library_.Keep(data, heading);
   emit FailureChanged(kept.error ? platform::FromUtf8(kept.error->description) : QString());
+  if (!kept.error) kept_lately_.push_back(kept.path);
+  if (kept_lately_.size() > kSpared) kept_lately_.erase(kept_lately_.begin());
   if (!kept.anew) return kept;
-  const std::vector<files::Backup> gone = library_.Trim(kept.path);
+  const std::vector<files::Backup> gone = library_.Trim(kept_lately_);
   if (!gone.empty()) {
     emit Trimmed(tr("%1 old backups made room, the last one of %2.")
                      .arg(gone.size())
@@ -38,8 +45,10 @@ std::string BackupKeeper::CopyWithinTheHour(const std::string& port,
                                             std::int16_t model_type) const {
   constexpr std::size_t kTimeOfDay = 11;
   constexpr std::size_t kMinutes = 5;
-  for (const files::Backup& backup : library_.Since(core::HourBefore(clock_.Timestamp()))) {
+  const std::string now = clock_.Timestamp();
+  for (const files::Backup& backup : library_.Since(core::HourBefore(now))) {
     const files::SnapshotHeading& heading = backup.heading;
+    if (heading.made > now) continue;  // the clock was ahead
     const bool of_radio =
         heading.origin == files::kOriginRead || heading.origin == files::kOriginBefore;
     if (of_radio && heading.port == port && heading.model_type == model_type) {

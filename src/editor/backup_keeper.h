@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "core/services.h"
 #include "document/document.h"
@@ -50,6 +51,7 @@ class BackupKeeper : public QObject, private document::Watcher {
   core::Clock& clock_;
   const std::string folder_;
   files::BackupLibrary library_;
+  std::vector<std::string> kept_lately_;  ///< paths, not to be cleared away
 };
 
 }  // namespace orvane::editor

@@ -11,7 +11,6 @@
 #include "core/product.h"
 #include "core/text.h"
 #include "files/image_file.h"
-#include "files/previous_version.h"
 #include "files/settings_file.h"
 #include "files/snapshot.h"
 #include "platform/ansi_text.h"
@@ -125,9 +124,10 @@ void FileCommands::SaveSettings(bool reuse_name) {
   NoticeNarrowband();
   const std::string path = PathToSave(reuse_name);
   if (path.empty()) return;
-  const QString not_kept = KeepPrevious(path);
+  files::PreviousVersion previous(services_.files, services_.previous_folder, path);
+  const QString not_kept = KeepPrevious(previous, path);
   SaveFileAs(path);
-  if (state_.Error) return;
+  if (state_.Error) return previous.TakeBack();
   core::AppSettings(services_.settings).AddRecentFile(path);
   overtaking_told_ = false;
   document_.MarkSaved(path, services_.clock.TimeOfDay(),
@@ -212,11 +212,11 @@ void FileCommands::TellFailure(core::MessageId id, const std::string& path,
       core::MakeMessage(id, core::kProgramTitle, core::FileFacts(path, failure)));
 }
 
-QString FileCommands::KeepPrevious(const std::string& path) {
+QString FileCommands::KeepPrevious(files::PreviousVersion& previous, const std::string& path) {
   if (services_.previous_folder.empty()) return {};
   const core::BusyScope busy(state_);
-  const std::optional<core::SystemError> failure = files::KeepPreviousVersion(
-      services_.files, services_.previous_folder, path, files::SettingFileText(document_.Data()));
+  const std::optional<core::SystemError> failure =
+      previous.Keep(files::SettingFileText(document_.Data()));
   if (!failure) return {};
   return tr("The previous version of %1 was not kept: %2")
       .arg(platform::FromUtf8(core::WithoutFolder(path)), platform::FromUtf8(failure->description));

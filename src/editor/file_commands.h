@@ -10,6 +10,7 @@
 #include "editor/command_host.h"
 #include "editor/window_services.h"
 #include "editor/working.h"
+#include "files/previous_version.h"
 
 namespace orvane::editor {
 
@@ -58,7 +59,7 @@ class FileCommands : public QObject {
   void TellFailure(core::MessageId id, const std::string& path, const core::SystemError& failure);
   /// What the file at the path holds, before it is saved over. The notice of a failure, which keeps
   /// nobody from saving.
-  [[nodiscard]] QString KeepPrevious(const std::string& path);
+  [[nodiscard]] QString KeepPrevious(files::PreviousVersion& previous, const std::string& path);
   /// Another program has written the document's file since it was read or written here.
   [[nodiscard]] bool IsOvertaken() const;
   [[nodiscard]] std::size_t PrintOfFile(const std::string& path) const;

@@ -160,7 +160,7 @@ std::optional<core::SystemError> BackupLibrary::Delete(const Backup& backup) {
   return store_.RemoveFile(backup.path);
 }
 
-std::vector<Backup> BackupLibrary::Trim(const std::string& spared) {
+std::vector<Backup> BackupLibrary::Trim(const std::vector<std::string>& spared) {
   std::uint64_t total = 0;
   for (const std::string& name : Names()) total += store_.FileSize(PathOf(name)).value_or(0);
   std::vector<Backup> gone;
@@ -172,7 +172,8 @@ std::vector<Backup> BackupLibrary::Trim(const std::string& spared) {
     if (total <= limit_) break;
     const bool first = !models.contains(backup.heading.model_type) && Load(backup).data != nullptr;
     if (first) models.insert(backup.heading.model_type);
-    if (first || backup.path == spared || store_.RemoveFile(backup.path)) continue;
+    const bool kept_lately = std::find(spared.begin(), spared.end(), backup.path) != spared.end();
+    if (first || kept_lately || store_.RemoveFile(backup.path)) continue;
     total -= std::min(total, backup.size);
     gone.push_back(std::move(backup));
   }

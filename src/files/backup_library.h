@@ -60,9 +60,9 @@ class BackupLibrary {
   [[nodiscard]] std::optional<core::SystemError> Delete(const Backup& backup);
 
   /// Removes the oldest until the limit is kept, and returns what went, oldest first. The first
-  /// good one of each model stays, and so does the file at `spared` (the one just kept, which a
-  /// wrong clock may have made the oldest).
-  [[nodiscard]] std::vector<Backup> Trim(const std::string& spared = {});
+  /// good one of each model stays, and so do the files at `spared` (those kept lately: old ones
+  /// that held the same already, new ones that a wrong clock has made the oldest).
+  [[nodiscard]] std::vector<Backup> Trim(const std::vector<std::string>& spared = {});
 
  private:
   [[nodiscard]] std::string PathOf(std::string_view name) const;

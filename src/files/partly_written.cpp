@@ -49,8 +49,9 @@ std::optional<core::SystemError> PartlyWrittenMarks::Begin(const std::string& po
   if (auto failure = store_.MakeFolder(folder_)) return failure;
   const std::optional<PartlyWritten> mark = At(port);
   const std::string path_before = PathOf(port, kBefore);
-  const bool stays = mark && mark->has_before && Before(*mark).heading.model_type == sent.MODELTYPE;
-  if (!stays) {
+  const bool damaged = mark && mark->began.made.empty();
+  const bool is_mixed = mark && (damaged || mark->began.model_type == sent.MODELTYPE);
+  if (!is_mixed) {
     if (auto failure = store_.RemoveFile(path_before)) return failure;
     if (before != nullptr) {
       if (auto failure = store_.WriteFile(path_before, SnapshotText(*before, run))) return failure;

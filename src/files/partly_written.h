@@ -30,8 +30,9 @@ class PartlyWrittenMarks {
   PartlyWrittenMarks(core::FileStore& store, std::string folder)
       : store_(store), folder_(std::move(folder)) {}
 
-  /// Sets the mark. `before` may be null. Where a mark of that port and model stands already, what
-  /// was there before the first of the broken runs stays: since then the radio holds a mixture.
+  /// Sets the mark. `before` may be null. Where a mark of that port and model stands already, the
+  /// radio holds a mixture: what was there before the first of the broken runs stays, if it was
+  /// kept, and nothing takes its place.
   [[nodiscard]] std::optional<core::SystemError> Begin(const std::string& port,
                                                        const SnapshotHeading& run,
                                                        const core::RadioData& sent,

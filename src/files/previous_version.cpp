@@ -15,15 +15,22 @@ std::string PreviousVersionPath(const std::string& folder, const std::string& pa
          name.substr(dot);
 }
 
-std::optional<core::SystemError> KeepPreviousVersion(core::FileStore& store,
-                                                     const std::string& folder,
-                                                     const std::string& path,
-                                                     std::string_view new_bytes) {
-  if (!store.FileSize(path)) return std::nullopt;
-  const core::FileBytes old = store.ReadFile(path);
+std::optional<core::SystemError> PreviousVersion::Keep(std::string_view new_bytes) {
+  if (!store_.FileSize(path_)) return std::nullopt;
+  const core::FileBytes old = store_.ReadFile(path_);
   if (old.error || old.bytes == new_bytes) return old.error;
-  if (std::optional<core::SystemError> failure = store.MakeFolder(folder)) return failure;
-  return store.WriteFile(PreviousVersionPath(folder, path), old.bytes);
+  if (std::optional<core::SystemError> failure = store_.MakeFolder(folder_)) return failure;
+  const std::string kept = PreviousVersionPath(folder_, path_);
+  core::FileBytes older = store_.ReadFile(kept);
+  std::optional<core::SystemError> failure = store_.WriteFile(kept, old.bytes);
+  if (!failure && !older.error) replaced_ = std::move(older.bytes);
+  return failure;
+}
+
+void PreviousVersion::TakeBack() {
+  if (!replaced_) return;
+  static_cast<void>(store_.WriteFile(PreviousVersionPath(folder_, path_), *replaced_));
+  replaced_.reset();
 }
 
 }  // namespace orvane::files

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/services.h"
 
@@ -14,11 +15,24 @@ namespace orvane::files {
 /// a checksum of the whole path, for files of one name in several folders.
 [[nodiscard]] std::string PreviousVersionPath(const std::string& folder, const std::string& path);
 
-/// To be called before the file is saved over. There is nothing to keep of a file that is not there
-/// or that holds the new bytes already. Returns why what there was could not be kept.
-[[nodiscard]] std::optional<core::SystemError> KeepPreviousVersion(core::FileStore& store,
-                                                                   const std::string& folder,
-                                                                   const std::string& path,
-                                                                   std::string_view new_bytes);
+/// For one save of one file.
+class PreviousVersion {
+ public:
+  /// The store outlives it.
+  PreviousVersion(core::FileStore& store, std::string folder, std::string path)
+      : store_(store), folder_(std::move(folder)), path_(std::move(path)) {}
+
+  /// To be called before the file is saved over. There is nothing to keep of a file that is not
+  /// there or that holds the new bytes already. Returns why what there was could not be kept.
+  [[nodiscard]] std::optional<core::SystemError> Keep(std::string_view new_bytes);
+  /// The save has failed: what was kept before stands again, if Keep has replaced it.
+  void TakeBack();
+
+ private:
+  core::FileStore& store_;
+  const std::string folder_;
+  const std::string path_;
+  std::optional<std::string> replaced_;
+};
 
 }  // namespace orvane::files

@@ -173,6 +173,10 @@ class ProgrammingTest : public QObject {
       QVERIFY(back->isChecked());
       back->click();
     });
+    desk.clock.time_of_day = "13:50";  // set back: nobody knows how old the copy is
+    desk.InWindowOf(kProgram, [](QDialog&) {
+      QVERIFY(!Child<QCheckBox>("chkKeepCopy")->text().contains("was read and kept"));
+    });
     desk.clock.time_of_day = "15:03";
     desk.InWindowOf(kProgram, [](QDialog&) {
       QVERIFY(Child<QCheckBox>("chkKeepCopy")->isChecked());

@@ -110,7 +110,7 @@ TEST_F(Backups, TheOldestGoButNeverTheFirstOfAModel) {
   }
   // The first of model 5 is no good any more, so the second one is.
   files.files[library.Entries().back().path].pop_back();
-  const std::string spared = library.Entries()[2].path;
+  const Words spared = {library.Entries()[4].path, library.Entries()[2].path};
   std::uint64_t all = 0;
   for (const Backup& backup : library.Entries()) all += backup.size;
   EXPECT_TRUE(library.Trim().empty());

@@ -65,6 +65,8 @@ TEST_F(Marks, KeepWhatWasThereBeforeTheFirstBrokenRun) {
   EXPECT_EQ(BeforeName(), "SECOND");
   Begin(Named("NEW", 0), nullptr);
   EXPECT_EQ(BeforeName(), "nothing");
+  Begin(Named("NEWER", 0), &mixture);
+  EXPECT_EQ(BeforeName(), "nothing");
   // And after it was settled, nothing of the earlier run comes back.
   Begin(Named("NEW"), &old);
   marks.Settle("COM3");
