@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 #include "core/catalogue.h"
 #include "core/model_profile.h"
@@ -303,6 +305,13 @@ std::optional<std::string> TakeValues(RawOptions& raw) {
   return std::nullopt;
 }
 
+/// By whatever way they are named.
+bool IsSameFile(const std::string& a, const std::string& b) {
+  std::error_code none;
+  return std::filesystem::weakly_canonical(a, none) == std::filesystem::weakly_canonical(b, none) ||
+         std::filesystem::equivalent(a, b, none);
+}
+
 // A file that is written must be no other file of the command: it would be lost.
 std::optional<std::string> WrongFiles(const Options& options) {
   if (!options.base.empty() && Extension(options.input) != files::kSettingsEnding) {
@@ -311,7 +320,10 @@ std::optional<std::string> WrongFiles(const Options& options) {
   std::vector<std::string> files = {options.input, options.base};
   for (const std::string& written : {options.keep, options.receipt}) {
     if (written.empty()) continue;
-    if (std::find(files.begin(), files.end(), written) != files.end()) {
+    const auto is_same = [&](const std::string& file) {
+      return !file.empty() && IsSameFile(file, written);
+    };
+    if (std::any_of(files.begin(), files.end(), is_same)) {
       return "\"" + written + "\" stands for two files.";
     }
     files.push_back(written);

@@ -1,6 +1,8 @@
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -40,8 +42,12 @@ namespace {
 /// number.
 std::string NameOf(const PortChoice& choice, link::PortFinder& finder) {
   const link::PortLabel label = LabelOf(choice, finder);
+  const auto device = [](const std::string& name) {
+    std::error_code none;
+    return std::filesystem::weakly_canonical(name, none);
+  };
   for (const link::FoundPort& port : finder.FindPorts()) {
-    if (port.device == label.name) return port.name;
+    if (device(port.device) == device(label.name)) return port.name;
   }
   return label.name;
 }
@@ -59,6 +65,21 @@ void TellMark(Workplace& place, link::SessionKind kind) {
     message.details = "What comes in is mixed, partly of before and partly new.";
   }
   place.prompts.Show(message);
+}
+
+/// The file of an earlier --keep may be all that is left of what the radio held before the run that
+/// did not complete: by now it holds a mixture.
+bool MayKeep(Workplace& place) {
+  const std::string& path = place.options.keep;
+  const bool mixed =
+      MarksOf(place).At(NameOf(place.options.port, place.services.ports)).has_value();
+  if (path.empty() || !mixed || !place.services.files.FileSize(path)) return true;
+  core::Message message{
+      std::string(core::kProgramToRadio),
+      "The file " + path + " is there already. It may be what the radio held before."};
+  message.details = "Name another file with --keep. Nothing was written to the radio.";
+  place.prompts.Show(message);
+  return false;
 }
 
 /// Writes the file of --keep, and marks the radio as partly written from the first byte on.
@@ -193,6 +214,11 @@ bool RunProgram(Workplace& place) {
     if (!path.empty() && !place.documents.CheckOutput(path, data)) return false;
   }
   TellMark(place, link::SessionKind::kProgram);
+  if (!MayKeep(place)) return false;
+  std::shared_ptr<const core::RadioData> broken_run;
+  if (const auto mark = MarksOf(place).At(NameOf(options.port, place.services.ports))) {
+    broken_run = MarksOf(place).Sent(*mark).data;
+  }
   CopyKeeper keeper(place, {place.services.clock.Timestamp(), files::kOriginBefore,
                             LabelOf(options.port, place.services.ports).Text()});
   const link::TransferOutcome outcome =
@@ -200,7 +226,8 @@ bool RunProgram(Workplace& place) {
                {.keep_copy = !options.keep.empty(),
                 .read_back = options.verify,
                 .fill_from_radio =
-                    Extension(options.input) == files::kSettingsEnding && options.base.empty()},
+                    Extension(options.input) == files::kSettingsEnding && options.base.empty(),
+                .broken_run = std::move(broken_run)},
                &keeper);
   if (outcome.ending == link::Ending::kDone) {
     MarksOf(place).Settle(NameOf(options.port, place.services.ports));

@@ -190,6 +190,28 @@ constexpr std::array kRows = {
                .remedy = "[Program the radio again](program.html#partly), whole. If the same "
                          "fields differ again, the radio does not keep what is written to it: do "
                          "not use it."},
+    MessageRow{.id = kRadioMixed,
+               .group = kTransfer,
+               .text = {"The radio does not hold what an earlier run was writing."},
+               .icon = Icon::kExclamation,
+               .where = "Program to Radio",
+               .meaning = "What a settings file has no place for stays as the radio has it. But a "
+                          "run at this port did not complete, and since then the radio holds "
+                          "something else there: a slip that would be taken for its own settings, "
+                          "or it is another radio. Nothing was written to the radio.",
+               .remedy = "Is it the same radio, press Program Again or Put Back What Was There in "
+                         "the red strip; is it another one, It Is Settled. In orvane-cli name a "
+                         "file of the radio with --base."},
+    MessageRow{.id = kOtherPort,
+               .group = kTransfer,
+               .text = {"The radio was left partly written at another port. Write to this one?"},
+               .icon = Icon::kQuestion,
+               .buttons = Buttons::kYesNo,
+               .where = "Program Again and Put Back What Was There",
+               .meaning = "{port|The port at which it was} is not there. {chosen|Another one} is "
+                          "chosen, and what the radio at it holds would be replaced.",
+               .remedy = "Plug the cable in where it was. Press Yes only when the same radio is at "
+                         "the other port now; the warning stays until you press It Is Settled."},
     MessageRow{.id = kSettle,
                .group = kTransfer,
                .text = {"Is the radio in order again?"},

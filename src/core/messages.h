@@ -38,6 +38,8 @@ enum class MessageId {
   kCopyNotKept,
   kNotReadBack,
   kRadioDiffers,
+  kRadioMixed,
+  kOtherPort,
   kSettle,
   kUnexpectedFailure,
   kTransferEnded,

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "core/messages.h"
-#include "core/number_text.h"
 #include "core/product.h"
 #include "core/text.h"
 #include "editor/receipt_window.h"
@@ -119,12 +118,24 @@ std::unique_ptr<core::RadioData> TransferCommands::ReadCopy(const core::RadioDat
   return std::make_unique<core::RadioData>(std::move(dialog.Job().data));
 }
 
+// A mark has the name of a port, or of a device that had no number then.
+bool TransferCommands::ChoosePortOfMark(const std::string& port) {
+  for (const link::PortEntry& entry : link::PortsNow(services_.ports)) {
+    if (link::LabelOf(entry).name == port || entry.device == port) {
+      host_.ChoosePort(entry.port_number);
+    }
+  }
+  const link::PortLabel chosen = link::LabelOfPort(services_.ports, host_.PortNumber());
+  if (chosen.name == port || chosen.device == port) return true;
+  const core::Message question =
+      core::MakeMessage(core::MessageId::kOtherPort, core::kProgramToRadio,
+                        {{"port", port}, {"chosen", chosen.Text()}});
+  return services_.prompts.Show(question) == core::Answer::kYes;
+}
+
 void TransferCommands::ProgramFromMark(const std::string& port, Take take) {
   const std::optional<files::PartlyWritten> mark = marks_.At(port);
-  if (!mark || !host_.CheckPage()) return;
-  if (port.starts_with(link::kPortWord)) {
-    host_.ChoosePort(core::ParseInt16(port.substr(link::kPortWord.size())).value_or(0));
-  }
+  if (!mark || !host_.CheckPage() || !ChoosePortOfMark(port)) return;
   TransferDialog dialog = MakeDialog({.data = document_.Data()});
   if ((dialog.*take)(*mark)) Exec(dialog);
 }

@@ -38,6 +38,9 @@ class TransferCommands {
   void Exec(TransferDialog& dialog);
   using Take = bool (TransferDialog::*)(const files::PartlyWritten&);
   void ProgramFromMark(const std::string& port, Take take);
+  /// Chooses the port of a mark. Where it is not there the user is asked for the chosen one; false:
+  /// not to be written to.
+  [[nodiscard]] bool ChoosePortOfMark(const std::string& port);
   [[nodiscard]] TransferJob JobOfDocument();
   void TakeAdjustments(const core::RadioData& sent);
 

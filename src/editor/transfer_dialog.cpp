@@ -212,11 +212,27 @@ void TransferDialog::SetRunning(bool running) {
   }
 }
 
+// Once more means the same data: those that were filled from the radio are whole, and what it has
+// stored wrongly since must not be taken for its own.
 void TransferDialog::Run() {
+  if (!IsPortAsShown()) return;
+  const bool fills = job_.fill_from_radio;
   do {
     RunOnce();
+    job_.fill_from_radio = false;
   } while (outcome_.ending == link::Ending::kDiffers && TellDifferences());
+  job_.fill_from_radio = fills;
   TakeOutcome();
+}
+
+// A plug that slipped out may have given its number to the adapter of another radio.
+bool TransferDialog::IsPortAsShown() {
+  const link::PortLabel now = link::LabelOfPort(services_.ports, host_.PortNumber());
+  if (port_.device.empty() || now.device.empty() || now.device == port_.device) return true;
+  FollowPort();
+  ShowState(tr("%1 is another device by now. Press OK again when it is the right one.")
+                .arg(platform::FromUtf8(now.Text())));
+  return false;
 }
 
 void TransferDialog::RunOnce() {
@@ -232,10 +248,12 @@ void TransferDialog::RunOnce() {
   link::TransferSession session(
       job_.data, run_state_, {*port, services_.clock, services_.pump, services_.log, *this, port_},
       services_.prompts);
+  const std::optional<files::PartlyWritten> mark = marks_.At(port_.name);
   const link::TransferOptions options{.keep_copy = facts_->KeepsCopy(),
                                       .read_back = facts_->ReadsBack(),
                                       .fill_from_radio = job_.fill_from_radio,
                                       .edited = job_.edited,
+                                      .broken_run = mark ? marks_.Sent(*mark).data : nullptr,
                                       .put_back = job_.put_back,
                                       .only_look = job_.only_looks};
   ProgramKeeper keeper(host_, marks_, services_.clock, port_, job_.file);
@@ -259,7 +277,7 @@ void TransferDialog::TakeOutcome() {
   // A radio that was read is no better than before.
   if (done && job_.Programs()) {
     marks_.Settle(port_.name);
-    if (!job_.settles.empty()) marks_.Settle(job_.settles);
+    if (IsPortOfMark()) marks_.Settle(job_.settles);
   }
   if (!run_state_.Error) {
     accept();

@@ -107,10 +107,14 @@ class TransferDialog : public QDialog, private link::TransferView {
 
   bool Take(const files::PartlyWritten& mark, files::Snapshot snapshot, const char* what,
             bool put_back);
+  /// The port at which the radio was that this run is to make good.
+  [[nodiscard]] bool IsPortOfMark() const;
   void Mend(document::ProblemKind kind);
   void Settle();
 
   void Run();
+  /// Still the device that the dialog shows. Else it shows the other one now.
+  [[nodiscard]] bool IsPortAsShown();
   void RunOnce();
   void TakeOutcome();
   /// Names the fields that the radio does not hold as sent. True: once more.

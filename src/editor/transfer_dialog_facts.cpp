@@ -64,13 +64,23 @@ void TransferDialog::ShowSubject() {
     return facts_->ShowSubject({}, text);
   }
   const core::RadioData& sent = job_.data;
+  QString text = simulated
+                     ? tr("This replaces what the simulated radio holds. No real radio is written.")
+                     : tr("This replaces what the radio holds.");
+  if (!job_.settles.empty() && !IsPortOfMark()) {
+    text += tr(" The radio that was left partly written was on %1.")
+                .arg(platform::FromUtf8(job_.settles));
+  }
   facts_->ShowSubject(
       (simulated ? tr("To the simulated radio: %1, model %2, destination %3")
                  : tr("To the radio: %1, model %2, destination %3"))
           .arg(platform::FromUtf8(job_.what), platform::FromAnsi(image::ModelName(sent)),
                platform::FromUtf8(core::BuiltInDestination(image::Sel1(sent.Image)))),
-      simulated ? tr("This replaces what the simulated radio holds. No real radio is written.")
-                : tr("This replaces what the radio holds."));
+      text);
+}
+
+bool TransferDialog::IsPortOfMark() const {
+  return job_.settles == port_.name || job_.settles == port_.device;
 }
 
 void TransferDialog::ShowOptions() {

@@ -103,14 +103,15 @@ std::string PortLabel::Text() const {
 }
 
 PortLabel LabelOf(const PortEntry& port) {
-  return {PortName(port.port_number), std::string(core::Trim(port.description))};
+  return {PortName(port.port_number), std::string(core::Trim(port.description)), port.device};
 }
 
 PortLabel LabelOfPort(PortFinder& finder, int number) {
   CComList ports(finder);
   ports.Create();
   const int index = ports.FindPortIndex(static_cast<std::int16_t>(number));
-  return {PortName(number), std::string(core::Trim(ports.PortItem(index).description))};
+  const PortEntry port = ports.PortItem(index);
+  return {PortName(number), std::string(core::Trim(port.description)), port.device};
 }
 
 std::vector<FoundPort> NumberDevices(const std::vector<FoundPort>& devices,

@@ -59,6 +59,7 @@ class CComList {
 struct PortLabel {
   std::string name;         ///< "COM" and a number, or the device that was asked for
   std::string description;  ///< "" when the system does not list the port
+  std::string device{};     ///< behind that name now; "" when the system does not list the port
 
   /// Name, blank, description.
   [[nodiscard]] std::string Text() const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -24,6 +25,10 @@ struct TransferOptions {
   /// Of what is filled in, fields that the user has set since the file was opened: they go as they
   /// are (core::Differences of the data as opened and now tells them).
   std::vector<core::FieldRef> edited{};
+  /// With fill_from_radio: what the last run at this port, which did not complete, was writing;
+  /// null when there was none. A radio that holds something else by now is not filled from: it may
+  /// have stored a byte wrongly, which would pass for its own.
+  std::shared_ptr<const core::RadioData> broken_run{};
   /// The data are a copy of a radio and go back as they stand: the image byte for byte, nothing
   /// encoded, repaired or asked, and the channels of every group whether available or not, as the
   /// run that is undone may have written them.

@@ -208,6 +208,10 @@ bool TransferSession::ReadBeforeWriting(CloneProtocol& protocol) {
   before_ = radio.Image;
   if (options_.keep_copy && !KeepCopy(radio)) return false;
   if (fills_) {
+    if (!HoldsBrokenRun(radio)) {
+      Refuse(MessageId::kRadioMixed, ModeTitle(kind_));
+      return false;
+    }
     FillFromRadio(data_, radio, options_.edited);
     EncodeForRadio();
   }

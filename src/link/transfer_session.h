@@ -88,6 +88,9 @@ class TransferSession {
   [[nodiscard]] std::vector<Piece> PiecesAt(int block_address) const;
 
   void StartReceipt();
+  /// Nothing of what is to be filled in has changed in the radio since it was written there by a
+  /// run that did not complete.
+  [[nodiscard]] bool HoldsBrokenRun(const core::RadioData& radio) const;
   void ReadBack(CloneProtocol& protocol);
   /// False when not everything could be read.
   [[nodiscard]] bool CompareBlocks(CloneProtocol& protocol);

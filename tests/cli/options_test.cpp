@@ -53,6 +53,7 @@ TEST_F(CliBench, WrongUsageSaysWhatIsWrongAndWhatIsRight) {
        "--base goes with a .dat file",
        "[--base FILE]"},
       {{"program", "--port", "1", "a.dat", "--keep", "a.dat"}, "stands for two", "[--keep FILE]"},
+      {{"program", "--port", "1", "./b.dat", "--receipt", "x/../b.dat"}, "two files", "[--receipt"},
       {{"program", "--port", "1", "a.dat", "--keep", "b", "--receipt", "b"},
        "for two",
        "--receipt"},

@@ -114,7 +114,12 @@ TEST_F(TransferCommands, ARadioLeftPartlyWrittenIsTold) {
   EXPECT_FALSE(ErrHas(note));
   ASSERT_EQ(Run(read_), kDone) << err_;
   EXPECT_TRUE(err_.starts_with("Read from Radio: " + note + mixed)) << err_;
-  ASSERT_EQ(Run({"--yes", "program", "--port", "16", "boat.dat"}), kDone) << err_;
+  files.files["before.hex"] = "the only copy";
+  EXPECT_EQ(Run({"--yes", "program", "--port", "16", "boat.dat", "--keep", "before.hex"}), kFailed);
+  EXPECT_TRUE(ErrHas("before.hex is there already")) << err_;
+  EXPECT_EQ(files.files["before.hex"], "the only copy");
+  ASSERT_EQ(Run({"--yes", "program", "--port", "16", "boat.dat", "--keep", "mixed.hex"}), kDone)
+      << err_;
   EXPECT_TRUE(err_.starts_with("Program to Radio: " + note)) << err_;
   ASSERT_EQ(Run(read_), kDone);
   EXPECT_FALSE(ErrHas(note));
@@ -185,6 +190,23 @@ TEST_F(TransferCommands, ARadioThatLiesIsToldOfByFieldAndByteAndEndsInFailure) {
   Fault("missing-reply@read:900");  // counted since the first run
   EXPECT_EQ(Run(words), kFailed) << "who asks for proof gets it or a failure";
   EXPECT_TRUE(ErrHas("has acknowledged everything, but it could not be read back.\n")) << err_;
+}
+
+TEST_F(TransferCommands, WhatARadioStoredWronglyIsNotTakenForItsOwn) {
+  core::RadioData radio = image::MakeSampleRadio(0, testing::kAfterCutOver);
+  files.files["boat.dat"] = files::SettingFileText(radio, bench.pump);
+  radio.Dsc.UserMmsi = "211234560";
+  image::EncodeAll(radio, testing::kAfterCutOver);
+  std::ranges::copy(link::RadioMemory(core::ProfileOf(0), radio.Image.Used()),
+                    bench.radio.Memory().begin());
+  const Words program = {"program", "--port", "16", "boat.dat", "--verify"};
+  Fault("other-stored@write");
+  EXPECT_EQ(Run(program), kFailed);
+  EXPECT_TRUE(ErrHas("User MMSI: sent 211234560, the radio holds ")) << err_;
+  const std::string wrong = Memory();
+  EXPECT_EQ(Run(program), kFailed);
+  EXPECT_TRUE(ErrHas("does not hold what an earlier run was writing")) << err_;
+  EXPECT_EQ(Memory(), wrong);
 }
 
 TEST_F(TransferCommands, ASettingsFileLeavesARadiosOwnMmsiOrTakesItFromTheBase) {

@@ -4,38 +4,18 @@
 #include <QPlainTextEdit>
 #include <QTreeWidget>
 
-#include "command_desk.h"
 #include "files/backup_library.h"
 #include "files/settings_file.h"
 #include "image/codec.h"
-#include "link/transfer_plan.h"
 #include "support/row.h"
+#include "transfer_steps.h"
 
 using namespace orvane;
 using core::Answer;
 using link::ExchangeKind;
-using testing::CommandDesk;
-using testing::Row;
-using testing::WindowDesk;
+using namespace orvane::testing;
 
 namespace {
-
-constexpr const char* kRead = "mnuTransferRead";
-constexpr const char* kProgram = "mnuTransferProgram";
-constexpr const char* kCompare = "mnuTransferCompare";
-
-template <class T>
-T* Child(const char* name) {
-  return QApplication::activeModalWidget()->findChild<T*>(QLatin1String(name));
-}
-
-void Click(const char* button) {
-  Child<QPushButton>(button)->click();
-}
-
-link::FaultPlan Fault(const char* text) {
-  return link::FaultPlan({*link::ParseFault(text).fault});
-}
 
 QStringList Origins(WindowDesk& desk) {
   QStringList origins;
@@ -44,37 +24,6 @@ QStringList Origins(WindowDesk& desk) {
   }
   origins.sort();
   return origins;
-}
-
-core::ChannelRecord& Channel16(core::RadioData& data) {
-  return data.Table(core::MarineGroup::kUsa)[32];
-}
-
-/// What of the radio's memory a program run of those data writes.
-std::vector<std::uint8_t> Written(CommandDesk& desk) {
-  std::vector<std::uint8_t> bytes;
-  const auto memory = std::as_const(desk.radio).Memory();
-  for (int block = 0; block < static_cast<int>(memory.size()); block += link::kBlockSize) {
-    for (const link::Piece& piece : link::PiecesToWrite(block, desk.sample)) {
-      for (int at = piece.address; at < piece.address + piece.length; ++at) {
-        bytes.push_back(memory[static_cast<std::size_t>(at)]);
-      }
-    }
-  }
-  return bytes;
-}
-
-/// Cancels at the n-th write.
-void BreakAt(CommandDesk& desk, int number) {
-  desk.on_exchange = [&desk, number](const link::Exchange& exchange) {
-    if (exchange.kind == ExchangeKind::kWrite && desk.Asked(exchange.kind) == number) {
-      desk.state.Cancel = true;
-    }
-  };
-}
-
-void Settled(const WindowDesk& desk) {
-  QVERIFY(QTest::qWaitFor([&] { return desk.window->AutosaveTimer() != nullptr; }));
 }
 
 }  // namespace
@@ -246,87 +195,6 @@ class ProgrammingTest : public QObject {
     desk.printer.has_printer = false;
     window->findChild<QPushButton*>("cmdPrint")->click();
     QVERIFY(desk.prompts.messages.back().details.starts_with("There is no printer."));
-  }
-
-  // Whatever a broken-off run has left: the new contents after one way, the old after the other.
-  void ABrokenRunIsRememberedOverARestartAndCanBeMadeGood() {
-    const std::tuple<const char*, bool, bool> rows[] = {
-        {"cmdProgramAgain", false, false}, {"cmdPutBack", true, false}, {"cmdPutBack", true, true}};
-    for (const auto& [way, old, in_dialog] : rows) {
-      const Row row(QLatin1String(way) + QLatin1String(in_dialog ? " in the dialog" : ""));
-      CommandDesk desk;
-      desk.Start();
-      Settled(desk);
-      const std::vector<std::uint8_t> before = Written(desk);
-      QVERIFY(desk.Transfer(kProgram));
-      const std::vector<std::uint8_t> fresh = Written(desk);  // what a whole run leaves
-      QVERIFY(fresh != before);
-      desk.PutRadio(image::MakeSampleRadio(5, desk.clock.today));
-      core::AppSettings(desk.settings).SetKeepsCopyFirst(true);
-      desk.clock.time_of_day = "16:00";
-      BreakAt(desk, 60);
-      QVERIFY(!desk.Transfer(kProgram));
-      desk.on_exchange = nullptr;
-      desk.TriggerAndWait("mnuFileNew");
-      // Another start finds it.
-      desk.window = nullptr;
-      desk.Start();
-      Settled(desk);
-      auto* strip = desk.Find<QWidget>("stripPartlyWritten");
-      QVERIFY(strip->isVisible());
-      QCOMPARE(strip->findChild<QLabel*>("lblPartlyWritten")->text(),
-               "The radio on COM1 was left partly written on 24 November at 16:00.");
-      const core::RadioData untouched = desk.document.Data();
-      if (in_dialog) {
-        desk.InWindowOf(kRead, [&, way = way](QDialog& dialog) {
-          QVERIFY(Child<QLabel>("lblConsequence")->text().contains("mixed"));
-          Click(way);
-          QVERIFY(!dialog.isVisible());
-        });
-      } else {
-        QTimer::singleShot(0, desk.window.get(), [] {
-          QVERIFY(Child<QLabel>("lblSubject")->text().startsWith("To the radio: what "));
-          Click("cmdOK");
-        });
-        strip->findChild<QPushButton*>(way)->click();
-      }
-      QVERIFY(Written(desk) == (old ? before : fresh));
-      QVERIFY(!strip->isVisible());
-      QVERIFY(desk.document.Data() == untouched);
-      QVERIFY(desk.files.ListFolder("/marks").empty());
-    }
-  }
-
-  void ARadioIsSettledOnlyAfterYes() {
-    CommandDesk desk;
-    desk.Start();
-    Settled(desk);
-    BreakAt(desk, 30);
-    desk.Transfer(kProgram);
-    auto* strip = desk.Find<QWidget>("stripPartlyWritten");
-    desk.prompts.answers = {Answer::kNo, Answer::kYes};
-    for (const bool stays : {true, false}) {
-      QVERIFY(strip->isVisible());
-      strip->findChild<QPushButton*>("cmdSettled")->click();
-      QCOMPARE(strip->isVisible(), stays);
-    }
-  }
-
-  void WhatAnotherProgramSettledIsNotToldAnyMore() {
-    CommandDesk desk;
-    desk.Start();
-    Settled(desk);
-    BreakAt(desk, 30);
-    desk.Transfer(kProgram);
-    const auto* strip = desk.Find<QWidget>("stripPartlyWritten");
-    files::PartlyWrittenMarks marks(desk.files, "/marks");
-    for (const bool settled : {false, true}) {
-      if (settled) marks.Settle("COM1");
-      QEvent activated(QEvent::ActivationChange);
-      QCoreApplication::sendEvent(desk.window.get(), &activated);
-      QCoreApplication::processEvents();
-      QCOMPARE(strip->isVisible(), !settled);
-    }
   }
 
   void ComparingReadsIntoACopyAndNamesTheFields() {

@@ -131,6 +131,51 @@ TEST_P(ProgramOptions, ASettingsFileProgramsWhatItHoldsAndLeavesTheRest) {
   }
 }
 
+TEST(FillFromRadio, ASlipOfABrokenRunIsNotTakenForTheRadiosOwn) {
+  const core::RadioData desk = testing::NewData(0);
+  RandomData random(9);
+  const auto before = RandomMemory(random, desk);
+  ProgramBench whole(desk, before);
+  ASSERT_EQ(whole.Run({.fill_from_radio = true}).ending, Ending::kDone);
+  const auto sent = std::make_shared<core::RadioData>(whole.data);
+  const auto after = whole.Memory();
+  auto slipped = after;
+  core::RadioData wrong = *sent;
+  wrong.Dsc.UserMmsi = "133456789";
+  image::EncodeAll(wrong, testing::kAfterCutOver);
+  for (std::size_t i = 0; i < slipped.size(); ++i) {
+    const int address = static_cast<int>(i);
+    if (wrong.Image[address] != sent->Image[address]) slipped[i] = wrong.Image[address];
+  }
+  ASSERT_NE(slipped, after);
+  auto broken_off = before;
+  std::copy_n(after.begin(), after.size() / 2, broken_off.begin());
+  const auto of_another_model = std::make_shared<core::RadioData>(testing::NewData(3));
+
+  const struct {
+    const char* what;
+    const decltype(slipped)& memory;
+    std::shared_ptr<const core::RadioData> broken_run;
+    Ending ending;
+  } cases[] = {
+      {"nothing written yet", before, sent, Ending::kDone},
+      {"broken off", broken_off, sent, Ending::kDone},
+      {"a byte stored wrongly", slipped, sent, Ending::kFailed},
+      {"another radio's mark", slipped, of_another_model, Ending::kDone},
+  };
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.what);
+    ProgramBench bench(desk, one.memory);
+    const Ending ending = bench.Run({.fill_from_radio = true, .broken_run = one.broken_run}).ending;
+    EXPECT_EQ(ending, one.ending);
+    if (one.ending == Ending::kDone) continue;
+    EXPECT_EQ(bench.prompts.messages.back().text,
+              core::MakeMessage(core::MessageId::kRadioMixed, "").text);
+    EXPECT_EQ(bench.Memory(), one.memory);
+    EXPECT_EQ(bench.data, desk);
+  }
+}
+
 TEST(FillFromRadio, WhatTheUserHasSetSinceGoesAsItIs) {
   core::RadioData desk = testing::NewData(0);
   RandomData random(6);
