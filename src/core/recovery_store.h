@@ -19,6 +19,8 @@ class RecoveryStore {
   virtual void Keep(std::string text) = 0;
   /// There is no unsaved work any more.
   virtual void Forget() = 0;
+  /// What was kept last stays for another start to offer; what is kept next stands beside it.
+  virtual void Leave() = 0;
   /// Called on the window's thread after each text that was kept, with the failure if there was
   /// one.
   virtual void WhenKept(std::function<void(const std::optional<SystemError>&)> told) = 0;

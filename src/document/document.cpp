@@ -182,7 +182,7 @@ const Contents* Document::ReplacedUnsaved() const {
 }
 
 std::vector<core::FieldRef> Document::EditedFields() const {
-  std::vector<core::FieldRef> fields;
+  std::vector<core::FieldRef> fields = contents_->edited;
   for (std::size_t place = done_; place > 0 && steps_[place - 1].other == nullptr; --place) {
     const Step& step = steps_[place - 1];
     if (step.by_program) continue;

@@ -29,6 +29,8 @@ struct Contents {
   std::string time{};
   /// PrintOf the file's bytes when it was last read or written here; 0 when it was not.
   std::size_t file_print = 0;
+  /// Of recovered data: fields that the user had set before, since the file was opened.
+  std::vector<core::FieldRef> edited{};
 };
 
 /// Tells one file's contents from another's. Never 0.
@@ -77,6 +79,7 @@ class Document {
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
+  [[nodiscard]] const Contents& Current() const { return *contents_; }
   [[nodiscard]] const core::RadioData& Data() const { return contents_->data; }
   [[nodiscard]] const std::string& FileName() const { return contents_->file_name; }
   [[nodiscard]] Origin ComesFrom() const { return contents_->origin; }

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "core/catalogue.h"
 #include "files/snapshot.h"
 #include "platform/ansi_text.h"
 
@@ -13,8 +14,12 @@ constexpr std::chrono::seconds kInterval{30};
 
 }  // namespace
 
-Autosave::Autosave(document::Document& document, core::RecoveryStore& store, core::Clock& clock)
-    : document_(document), store_(store), clock_(clock) {
+Autosave::Autosave(document::Document& document, core::RecoveryStore& store, core::Clock& clock,
+                   std::function<bool()> replaced_is_lost)
+    : document_(document),
+      store_(store),
+      clock_(clock),
+      replaced_is_lost_(std::move(replaced_is_lost)) {
   timer_.setObjectName(QStringLiteral("TimerAutosave"));
   timer_.setSingleShot(true);
   timer_.setInterval(kInterval);
@@ -31,9 +36,18 @@ Autosave::~Autosave() {
 void Autosave::KeepNow() {
   timer_.stop();
   kept_ = true;
-  store_.Keep(files::SnapshotText(
-      document_.Data(),
-      {.made = clock_.Timestamp(), .origin = "autosave", .file = document_.FileName()}));
+  Keep(document_.Current(), document_.EditedFields());
+}
+
+void Autosave::Keep(const document::Contents& contents, const std::vector<core::FieldRef>& edited) {
+  files::SnapshotHeading heading{
+      .made = clock_.Timestamp(), .origin = "autosave", .file = contents.file_name};
+  if (contents.file_print != 0) heading.print = std::to_string(contents.file_print);
+  for (const core::FieldRef& at : edited) {
+    if (!heading.edited.empty()) heading.edited += ' ';
+    heading.edited += core::PathOf(at);
+  }
+  store_.Keep(files::SnapshotText(contents.data, heading));
 }
 
 void Autosave::Stop() {
@@ -43,6 +57,13 @@ void Autosave::Stop() {
 
 // What came over the cable took minutes.
 void Autosave::Replaced() {
+  const document::Contents* const lost =
+      replaced_is_lost_() ? document_.ReplacedUnsaved() : nullptr;
+  if (lost != nullptr) {
+    Keep(*lost, {});
+    store_.Leave();
+    kept_ = false;
+  }
   if (document_.ComesFrom() == document::Origin::kRead) KeepNow();
 }
 

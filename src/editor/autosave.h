@@ -3,7 +3,9 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <functional>
 #include <span>
+#include <vector>
 
 #include "core/recovery_store.h"
 #include "core/services.h"
@@ -17,7 +19,10 @@ class Autosave : public QObject, private document::Watcher {
   Q_OBJECT
 
  public:
-  Autosave(document::Document& document, core::RecoveryStore& store, core::Clock& clock);
+  /// replaced_is_lost: asked after unsaved data were replaced, whether nobody has kept them. They
+  /// are left behind then, as after a crash.
+  Autosave(document::Document& document, core::RecoveryStore& store, core::Clock& clock,
+           std::function<bool()> replaced_is_lost);
   ~Autosave() override;
   Autosave(const Autosave&) = delete;
   Autosave& operator=(const Autosave&) = delete;
@@ -38,11 +43,13 @@ class Autosave : public QObject, private document::Watcher {
   void Replaced() override;
   void StatusChanged() override;
 
+  void Keep(const document::Contents& contents, const std::vector<core::FieldRef>& edited);
   void TellResult(const std::optional<core::SystemError>& failure);
 
   document::Document& document_;
   core::RecoveryStore& store_;
   core::Clock& clock_;
+  const std::function<bool()> replaced_is_lost_;
   QTimer timer_;
   bool kept_ = false;  ///< the store may hold something
   QString reason_;

@@ -70,8 +70,8 @@ void BackupKeeper::KeepReceipt(const std::string& began, const std::string& text
 // A step that was taken back and is made again has been seen before: equal data are kept once.
 void BackupKeeper::Replaced() {
   const document::Contents* const before = document_.ReplacedUnsaved();
-  if (before != nullptr)
-    Keep(before->data, {.origin = files::kOriginReplaced, .file = before->file_name});
+  lost_ = before != nullptr &&
+          Keep(before->data, {.origin = files::kOriginReplaced, .file = before->file_name}).error;
 }
 
 }  // namespace orvane::editor

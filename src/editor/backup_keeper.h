@@ -31,6 +31,8 @@ class BackupKeeper : public QObject, private document::Watcher {
   /// read or before programming: "13:40"; "" when none was.
   [[nodiscard]] std::string CopyWithinTheHour(const std::string& port,
                                               std::int16_t model_type) const;
+  /// The unsaved data that were replaced last could not be kept.
+  [[nodiscard]] bool HasLostReplaced() const { return lost_; }
   /// The receipt of a run that began at that time, beside the backups.
   void KeepReceipt(const std::string& began, const std::string& text);
 
@@ -51,6 +53,7 @@ class BackupKeeper : public QObject, private document::Watcher {
   core::Clock& clock_;
   const std::string folder_;
   files::BackupLibrary library_;
+  bool lost_ = false;
   std::vector<std::string> kept_lately_;  ///< paths, not to be cleared away
 };
 

@@ -105,9 +105,16 @@ void MainWindow::BeginWork() {
 }
 
 void MainWindow::BeginKeepingCopies() {
-  autosave_ = std::make_unique<Autosave>(document_, *services_.recovery, services_.clock);
+  autosave_ = std::make_unique<Autosave>(document_, *services_.recovery, services_.clock, [this] {
+    return backups_ != nullptr && backups_->HasLostReplaced();
+  });
   connect(autosave_.get(), &Autosave::FailureChanged, follower_, &Follower::ShowCopyFailure);
   OfferRecovery(services_, *services_.recovery, *autosave_);
+  // Undo takes them off the screen, and the copy with them.
+  if (backups_ != nullptr && document_.ComesFrom() == document::Origin::kRecovered) {
+    backups_->Keep(document_.Data(),
+                   {.origin = files::kOriginRecovered, .file = document_.FileName()});
+  }
 }
 
 void MainWindow::ShowStartOffer() {

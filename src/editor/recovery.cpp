@@ -1,6 +1,7 @@
 #include "editor/recovery.h"
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
 #include <utility>
 
@@ -53,6 +54,22 @@ std::string LossText(const WindowServices& services, const core::RadioData& foun
 
 namespace {
 
+/// 0 where the heading names none.
+std::size_t PrintIn(const files::SnapshotHeading& heading) {
+  std::size_t print = 0;
+  const char* const end = heading.print.data() + heading.print.size();
+  std::from_chars(heading.print.data(), end, print);
+  return print;
+}
+
+std::vector<core::FieldRef> EditedIn(const files::SnapshotHeading& heading) {
+  std::vector<core::FieldRef> fields;
+  for (const std::string_view path : core::Split(heading.edited, ' ')) {
+    if (const std::optional<core::FieldRef> at = core::RefOf(path)) fields.push_back(*at);
+  }
+  return fields;
+}
+
 void OfferEach(const WindowServices& services, core::RecoveryStore& store, Autosave& autosave) {
   for (const core::RecoveryStore::Left& left : store.LeftBehind()) {
     files::Snapshot snapshot = files::ParseSnapshot(left.text);
@@ -63,7 +80,9 @@ void OfferEach(const WindowServices& services, core::RecoveryStore& store, Autos
     services.document.Replace("Recovered data",
                               {.data = std::move(*snapshot.data),
                                .file_name = snapshot.heading.file,
-                               .origin = document::Origin::kRecovered},
+                               .origin = document::Origin::kRecovered,
+                               .file_print = PrintIn(snapshot.heading),
+                               .edited = EditedIn(snapshot.heading)},
                               false);
     services.document.NoteChange();
     // Only when the new copy is on the disk may the old one go.

@@ -40,6 +40,9 @@ constexpr std::array<TextKey, 4> kTextKeys = {{{"made", &SnapshotHeading::made},
                                                {"origin", &SnapshotHeading::origin},
                                                {"port", &SnapshotHeading::port},
                                                {"file", &SnapshotHeading::file}}};
+/// Those that stand below only where there is something to say.
+constexpr std::array<TextKey, 2> kFurtherKeys = {
+    {{"file print", &SnapshotHeading::print}, {"edited", &SnapshotHeading::edited}}};
 constexpr std::string_view kModelKey = "model";
 constexpr std::string_view kLastByteKey = "last byte";
 constexpr std::string_view kChecksumKey = "checksum";
@@ -196,6 +199,11 @@ std::optional<Value> ParseValue(std::string_view text, const Value& like, std::s
   return Unquoted(text, column);
 }
 
+/// The next line is KEY: and something.
+bool Follows(const Reader& reader, std::string_view key) {
+  return reader.Rest().starts_with(key) && reader.Rest().substr(key.size()).starts_with(": ");
+}
+
 /// The line is KEY: VALUE; nothing but an error otherwise.
 std::optional<std::string_view> ValueOf(Reader& reader, std::string_view key) {
   if (!reader.Next()) return std::nullopt;
@@ -214,16 +222,24 @@ bool ReadKind(Reader& reader) {
   return reader.Fail(kKind.size(), "this version of the program does not know such snapshots");
 }
 
+bool ReadText(Reader& reader, const TextKey& row, SnapshotHeading& heading) {
+  const std::optional<std::string_view> value = ValueOf(reader, row.key);
+  if (!value) return false;
+  std::size_t column = 0;
+  std::optional<std::string> text = Unquoted(*value, column);
+  if (!text) return reader.Fail(row.key.size() + 2 + column, "the text is damaged");
+  heading.*row.text = std::move(*text);
+  return true;
+}
+
 /// What stands above the checksum, and the checksum.
 bool ReadOrigin(Reader& reader, SnapshotHeading& heading) {
   if (!ReadKind(reader)) return false;
   for (const TextKey& row : kTextKeys) {
-    const std::optional<std::string_view> value = ValueOf(reader, row.key);
-    if (!value) return false;
-    std::size_t column = 0;
-    std::optional<std::string> text = Unquoted(*value, column);
-    if (!text) return reader.Fail(row.key.size() + 2 + column, "the text is damaged");
-    heading.*row.text = std::move(*text);
+    if (!ReadText(reader, row, heading)) return false;
+  }
+  for (const TextKey& row : kFurtherKeys) {
+    if (Follows(reader, row.key) && !ReadText(reader, row, heading)) return false;
   }
   const std::optional<std::string_view> checksum = ValueOf(reader, kChecksumKey);
   if (!checksum) return false;
@@ -315,10 +331,14 @@ std::string SnapshotText(const RadioData& data, const SnapshotHeading& heading) 
   std::string text(kKind);
   text += kVersion;
   text += '\n';
-  for (const TextKey& row : kTextKeys) {
+  const auto append = [&](const TextKey& row) {
     text += std::string(row.key) + ": ";
     AppendQuoted(text, heading.*row.text);
     text += '\n';
+  };
+  for (const TextKey& row : kTextKeys) append(row);
+  for (const TextKey& row : kFurtherKeys) {
+    if (!(heading.*row.text).empty()) append(row);
   }
   text += std::string(kChecksumKey) + ": " + ChecksumText(core::Crc32(body)) + '\n';
   return text + body;

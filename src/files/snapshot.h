@@ -22,13 +22,16 @@ inline constexpr const char* kOriginRead = "read";
 inline constexpr const char* kOriginBefore = "before programming";  ///< what the radio held
 inline constexpr const char* kOriginMixed = "partly written";       ///< the same, of a broken run
 inline constexpr const char* kOriginProgrammed = "programmed";
-inline constexpr const char* kOriginReplaced = "replaced";  ///< on the screen, and in no file
+inline constexpr const char* kOriginRecovered = "recovered";  ///< left behind by a crash
+inline constexpr const char* kOriginReplaced = "replaced";    ///< on the screen, and in no file
 
 struct SnapshotHeading {
   std::string made{};    ///< local time, "2026-11-24 23:40:12"
   std::string origin{};  ///< one of those above, "saved" or "autosave"
   std::string port{};    ///< where the radio was; "" when none was involved
   std::string file{};    ///< full path of the document, UTF-8; "" for one without a file
+  std::string print{};   ///< document::PrintOf that file when the document was last one with it
+  std::string edited{};  ///< paths of fields that the user has set, with blanks between
   std::int16_t model_type = 0;
   std::uint32_t checksum = 0;  ///< of the contents: equal for equal data
 };

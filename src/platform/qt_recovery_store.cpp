@@ -76,6 +76,13 @@ void QtRecoveryStore::Forget() {
   });
 }
 
+void QtRecoveryStore::Leave() {
+  writer_.start([this] {
+    own_.reset();
+    path_.clear();
+  });
+}
+
 std::vector<core::RecoveryStore::Left> QtRecoveryStore::LeftBehind() {
   Wait();
   std::vector<Left> left;

@@ -25,6 +25,7 @@ class QtRecoveryStore : public QObject, public core::RecoveryStore {
 
   void Keep(std::string text) override;
   void Forget() override;
+  void Leave() override;
   void WhenKept(std::function<void(const std::optional<core::SystemError>&)> told) override {
     told_ = std::move(told);
   }

@@ -113,6 +113,53 @@ class AutosaveTest : public QObject {
     QVERIFY(QTest::qWaitFor([&] { return desk.Saved() == "Changed, not saved"; }));
   }
 
+  // What was replaced without a backup is left behind, and no later copy takes its place.
+  void WhatNobodyElseKeepsIsLeftBehind() {
+    for (const bool lost : {true, false}) {
+      const Row row(lost);
+      WindowDesk desk;
+      Settle(desk);
+      Rename(desk, "MINE");
+      if (lost) desk.files.failing["/backups"] = {28, "No space left on device"};
+      desk.TriggerAndWait("mnuFileNew");
+      QVERIFY(desk.recovery.kept.empty());
+      QCOMPARE(desk.recovery.left.size(), lost ? 1U : 0U);
+      if (!lost) continue;
+      const files::Snapshot left = files::ParseSnapshot(desk.recovery.left[0].text);
+      QCOMPARE(left.data->Marine[0][32].ChTag, "MINE");
+    }
+  }
+
+  void RecoveredDataKnowTheirFileAndWhatTheUserSet() {
+    WindowDesk first;
+    Settle(first);
+    first.dialogs.paths = {"/out/boat.dat"};
+    first.Item("mnuFileSaveAs").trigger();
+    Rename(first, "MINE");
+    first.window->AutosaveTimer()->setInterval(0);
+    QVERIFY(QTest::qWaitFor([&] { return !first.recovery.kept.empty(); }));
+
+    for (const bool overtaken : {true, false}) {
+      const Row row(overtaken);
+      WindowDesk desk;
+      desk.files.files["/out/boat.dat"] = first.files.files["/out/boat.dat"];
+      if (overtaken) desk.files.files["/out/boat.dat"] += "[THEIRS]\r\n";
+      desk.recovery.left = {{"/r/1", first.recovery.kept}};
+      desk.prompts.answers = {Answer::kRestore, Answer::kCancel};
+      Settle(desk);
+      QVERIFY(QTest::qWaitFor([&] { return desk.document.CanUndo(); }));
+      const std::vector<core::FieldRef> edited = desk.document.EditedFields();
+      QCOMPARE(edited.size(), 1U);
+      QCOMPARE(core::PathOf(edited[0]), "usa/16/name");
+      const files::BackupLibrary library(desk.files, "/backups");
+      QCOMPARE(library.Entries().size(), 1U);  // Undo loses nothing either
+      QCOMPARE(library.Entries()[0].heading.origin, "recovered");
+      desk.Item("mnuFileSave").trigger();
+      QCOMPARE(desk.prompts.messages.size(), overtaken ? 2U : 1U);
+      QCOMPARE(desk.document.IsSaved(), !overtaken);
+    }
+  }
+
   void WhatWasLeftBehindIsOffered() {
     using Paths = std::vector<std::string>;
     const std::tuple<Answer, bool, Paths> rows[] = {{Answer::kRestore, true, {"/r/1"}},

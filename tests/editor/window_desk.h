@@ -86,6 +86,7 @@ class MemoryRecovery : public core::RecoveryStore {
     if (told_) told_(failure);
   }
   void Forget() override { kept.clear(); }
+  void Leave() override { left.push_back({"/left", std::exchange(kept, {})}); }
   void WhenKept(std::function<void(const std::optional<core::SystemError>&)> told) override {
     told_ = std::move(told);
   }

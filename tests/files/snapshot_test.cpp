@@ -19,6 +19,20 @@ SnapshotHeading Heading() {
           .file = "/home/me/B\xC3\xB6otchen \"1\"\\\n.dat"};
 }
 
+TEST(SnapshotHeading, SaysMoreOnlyWhereThereIsMore) {
+  SnapshotHeading heading = Heading();
+  const RadioData data = NewData(5);
+  const std::size_t least = SnapshotText(data, heading).size();
+  heading.print = "17";
+  EXPECT_EQ(ParseSnapshot(SnapshotText(data, heading)).heading.print, "17");
+  heading.edited = "usa/16/name weather/1/name";
+  const std::string text = SnapshotText(data, heading);
+  EXPECT_EQ(ParseSnapshot(text).heading.edited, heading.edited);
+  EXPECT_EQ(ParseSnapshotHeading(text).heading.print, "17");
+  EXPECT_EQ(text.size(), least + std::string("file print: \"17\"\n").size() +
+                             std::string("edited: \"\"\n").size() + heading.edited.size());
+}
+
 TEST(Crc32, IsTheUsualOne) {
   EXPECT_EQ(core::Crc32("123456789"), 0xCBF43926U);
 }

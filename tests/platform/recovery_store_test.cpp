@@ -58,6 +58,17 @@ TEST_F(RecoveryStore, WorkOfAKilledProgramIsFoundAndThatOfARunningOneIsNot) {
   EXPECT_EQ(Files().size(), 2);
 }
 
+TEST_F(RecoveryStore, WhatIsLeftStandsBesideWhatIsKeptNext) {
+  QtRecoveryStore store(Folder());
+  store.Keep("replaced");
+  store.Leave();
+  store.Keep("next");
+  store.Forget();
+  store.Wait();
+  QtRecoveryStore later(Folder());
+  EXPECT_EQ(Texts(later), std::vector<std::string>{"replaced"});
+}
+
 TEST_F(RecoveryStore, ADiscardedOneGoesOnlyWhenTheNewCopyIsThere) {
   KeepAndBeKilled("old");
   QtRecoveryStore store(Folder());
