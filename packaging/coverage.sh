@@ -10,7 +10,7 @@ mkdir -p build
 build_preset coverage
 find build/coverage -name '*.gcda' -delete
 ctest --preset coverage -j "$(nproc)" --progress | tail -n 4
-gcovr --root . --filter 'src/(core|image|link|files)/' --exclude-throw-branches \
+gcovr --root . --filter 'src/(core|image|document|link|files)/' --exclude-throw-branches \
   --txt build/coverage/coverage.txt --html-details build/coverage/lines.html \
   --print-summary build/coverage
 cat build/coverage/coverage.txt

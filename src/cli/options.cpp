@@ -54,7 +54,7 @@ constexpr auto kCommands = std::to_array<CommandInfo>({
     {Command::kImport, "import", "[--yes] import IN TABLE.csv --table T -o OUT [--dry-run]",
      "takes a table over by the rules of the window; --dry-run only tells what would change"},
     {Command::kBackups, "backups", "backups [list|show ID|restore ID -o OUT]",
-     "data sets that were kept when they were read, programmed or replaced"},
+     "data sets that the window kept when it read, programmed or replaced them"},
     {Command::kDoctor, "doctor", "doctor [--port P] [--model M] [--json]",
      "the serial ports and who has them; with --port, what is wrong there up to the radio"},
 });
@@ -308,8 +308,10 @@ std::optional<std::string> TakeValues(RawOptions& raw) {
 /// By whatever way they are named.
 bool IsSameFile(const std::string& a, const std::string& b) {
   std::error_code none;
-  return std::filesystem::weakly_canonical(a, none) == std::filesystem::weakly_canonical(b, none) ||
-         std::filesystem::equivalent(a, b, none);
+  const auto whole = [&none](const std::string& path) {
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(path, none), none);
+  };
+  return whole(a) == whole(b) || std::filesystem::equivalent(a, b, none);
 }
 
 // A file that is written must be no other file of the command: it would be lost.

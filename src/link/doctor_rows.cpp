@@ -10,8 +10,7 @@ using enum Verdict;
 
 constexpr std::string_view kSetModel =
     "Set the program to {name|that model}: in the window under Edit, [Model](window.html#models), "
-    "on "
-    "the [command line](cli.html) by {option|--model}.";
+    "if it is offered there, on the [command line](cli.html) by {option|--model}.";
 
 constexpr std::array kRows = {
     VerdictRow{.verdict = kNoDevice,
