@@ -196,36 +196,6 @@ void TransferSession::ProgramToRadio(CloneProtocol& protocol) {
   EndProgram();
 }
 
-bool TransferSession::ReadBeforeWriting(CloneProtocol& protocol) {
-  if (!options_.keep_copy && !fills_) return true;
-  BeginPhase(options_.keep_copy ? "Keeping a copy" : "Reading", "radio reading...");
-  core::RadioData radio;
-  radio.MODELTYPE = data_.MODELTYPE;
-  image::ResetToDefaults(radio, services_.clock.Today());
-  ReadData(protocol, radio.Image);
-  if (HasStopped()) return false;
-  image::DecodeAll(radio);
-  before_ = radio.Image;
-  if (options_.keep_copy && !KeepCopy(radio)) return false;
-  if (fills_) {
-    if (!HoldsBrokenRun(radio)) {
-      Refuse(MessageId::kRadioMixed, ModeTitle(kind_));
-      return false;
-    }
-    FillFromRadio(data_, radio, options_.edited);
-    EncodeForRadio();
-  }
-  return true;
-}
-
-bool TransferSession::KeepCopy(const core::RadioData& radio) {
-  if (witness_ == nullptr) return true;
-  const std::optional<core::SystemError> failure = witness_->RadioWasRead(radio);
-  if (!failure) return true;
-  Refuse(MessageId::kCopyNotKept, ModeTitle(kind_), {{"reason", failure->description + "."}});
-  return false;
-}
-
 // A press of Cancel may have fallen into an exchange that failed for another reason.
 bool TransferSession::Cancelled() {
   if (state_.Error && link_.CancelRequested()) state_.Cancel = true;

@@ -1,46 +1,15 @@
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 
 #include "core/app_settings.h"
 #include "image/codec.h"
-#include "image/layout_places.h"
-#include "link/fill_from_radio.h"
 #include "link/transfer_session.h"
 
 /// What a program run does after the last block was acknowledged: the receipt and reading back.
 namespace orvane::link {
 
-namespace places = image::places;
-
 using core::MessageId;
-
-bool TransferSession::HoldsBrokenRun(const core::RadioData& radio) const {
-  const core::RadioData* const broken = options_.broken_run.get();
-  if (broken == nullptr || broken->MODELTYPE != data_.MODELTYPE) return true;
-  const auto filled = [this](const core::RadioData& from) {
-    auto data = std::make_unique<core::RadioData>(data_);
-    FillFromRadio(*data, from, options_.edited);
-    image::EncodeForRadio(*data, services_.clock.Today());
-    // What a run leaves to the radio, or writes anew.
-    for (const image::Bits& bits :
-         {places::kRadioOwnByte, places::kRadioOwnBit, places::kWrittenMark}) {
-      image::WriteBits(data->Image.All().data(), bits, 0);
-    }
-    return data;
-  };
-  const auto now = filled(radio);
-  const auto then = filled(*broken);
-  for (int address = kFirstBlock; address <= data_.Image.LastIndex(); address += kBlockSize) {
-    for (const Piece& piece : PiecesToWrite(address, *now, channels_)) {
-      for (int at = piece.address; at < piece.address + piece.length; ++at) {
-        if (now->Image[at] != then->Image[at]) return false;
-      }
-    }
-  }
-  return true;
-}
 
 void TransferSession::StartReceipt() {
   receipt_.emplace();

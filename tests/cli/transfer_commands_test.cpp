@@ -206,6 +206,7 @@ TEST_F(TransferCommands, WhatARadioStoredWronglyIsNotTakenForItsOwn) {
   const std::string wrong = Memory();
   EXPECT_EQ(Run(program), kFailed);
   EXPECT_TRUE(ErrHas("does not hold what an earlier run was writing")) << err_;
+  EXPECT_FALSE(ErrHas("Failed at block")) << err_;
   EXPECT_EQ(Memory(), wrong);
 }
 
