@@ -170,6 +170,9 @@ void TransferDialog::BlockDone(int address, std::size_t bytes_so_far, std::size_
 }
 
 void TransferDialog::FitHeight() {
+  // Before the dialog is shown, nobody tells the layout that the facts have grown.
+  facts_->updateGeometry();
+  layout()->invalidate();
   layout()->activate();
   const int needed = layout()->totalHeightForWidth(width());
   if (needed > height()) resize(width(), needed);

@@ -116,6 +116,7 @@ bool TransferDialog::Take(const files::PartlyWritten& mark, files::Snapshot snap
   setWindowTitle(platform::FromUtf8(link::ModeTitle(job_.kind)));
   TurnPictures();
   ShowFacts();
+  FitHeight();
   return true;
 }
 
