@@ -223,7 +223,7 @@ void TransferDialog::Run() {
   do {
     RunOnce();
     job_.fill_from_radio = false;
-  } while (outcome_.ending == link::Ending::kDiffers && TellDifferences());
+  } while (outcome_.ending == link::Ending::kDiffers && TellDifferences() && IsPortAsShown());
   job_.fill_from_radio = fills;
   TakeOutcome();
 }

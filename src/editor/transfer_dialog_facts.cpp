@@ -80,7 +80,7 @@ void TransferDialog::ShowSubject() {
 }
 
 bool TransferDialog::IsPortOfMark() const {
-  return job_.settles == port_.name || job_.settles == port_.device;
+  return !job_.settles.empty() && (job_.settles == port_.name || job_.settles == port_.device);
 }
 
 void TransferDialog::ShowOptions() {
