@@ -3,9 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <system_error>
 
+#include "cli/same_file.h"
 #include "core/catalogue.h"
 #include "core/model_profile.h"
 #include "core/text.h"
@@ -303,15 +302,6 @@ std::optional<std::string> TakeValues(RawOptions& raw) {
     raw.options.table = *table;
   }
   return std::nullopt;
-}
-
-/// By whatever way they are named.
-bool IsSameFile(const std::string& a, const std::string& b) {
-  std::error_code none;
-  const auto whole = [&none](const std::string& path) {
-    return std::filesystem::weakly_canonical(std::filesystem::absolute(path, none), none);
-  };
-  return whole(a) == whole(b) || std::filesystem::equivalent(a, b, none);
 }
 
 // A file that is written must be no other file of the command: it would be lost.

@@ -1,14 +1,13 @@
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "cli/commands.h"
 #include "cli/progress_view.h"
 #include "cli/receipt_json.h"
+#include "cli/same_file.h"
 #include "core/app_settings.h"
 #include "core/messages.h"
 #include "core/product.h"
@@ -42,12 +41,8 @@ namespace {
 /// number.
 std::string NameOf(const PortChoice& choice, link::PortFinder& finder) {
   const link::PortLabel label = LabelOf(choice, finder);
-  const auto device = [](const std::string& name) {
-    std::error_code none;
-    return std::filesystem::weakly_canonical(name, none);
-  };
   for (const link::FoundPort& port : finder.FindPorts()) {
-    if (device(port.device) == device(label.name)) return port.name;
+    if (IsSameFile(port.device, label.name)) return port.name;
   }
   return label.name;
 }
@@ -56,9 +51,13 @@ files::PartlyWrittenMarks MarksOf(Workplace& place) {
   return {place.services.files, place.services.marks_folder};
 }
 
-/// A radio that an earlier run left partly written.
+/// Of the radio at the port of the command, when an earlier run left it partly written.
+std::optional<files::PartlyWritten> MarkHere(Workplace& place) {
+  return MarksOf(place).At(NameOf(place.options.port, place.services.ports));
+}
+
 void TellMark(Workplace& place, link::SessionKind kind) {
-  const auto mark = MarksOf(place).At(NameOf(place.options.port, place.services.ports));
+  const std::optional<files::PartlyWritten> mark = MarkHere(place);
   if (!mark) return;
   core::Message message{std::string(link::ModeTitle(kind)), mark->Text()};
   if (kind == link::SessionKind::kRead) {
@@ -71,14 +70,9 @@ void TellMark(Workplace& place, link::SessionKind kind) {
 /// did not complete: by now it holds a mixture.
 bool MayKeep(Workplace& place) {
   const std::string& path = place.options.keep;
-  const bool mixed =
-      MarksOf(place).At(NameOf(place.options.port, place.services.ports)).has_value();
-  if (path.empty() || !mixed || !place.services.files.FileSize(path)) return true;
-  core::Message message{
-      std::string(core::kProgramToRadio),
-      "The file " + path + " is there already. It may be what the radio held before."};
-  message.details = "Name another file with --keep. Nothing was written to the radio.";
-  place.prompts.Show(message);
+  if (path.empty() || !MarkHere(place) || !place.services.files.FileSize(path)) return true;
+  place.prompts.Show(
+      core::MakeMessage(core::MessageId::kKeptAlready, core::kProgramToRadio, {{"path", path}}));
   return false;
 }
 
@@ -215,10 +209,7 @@ bool RunProgram(Workplace& place) {
   }
   TellMark(place, link::SessionKind::kProgram);
   if (!MayKeep(place)) return false;
-  std::shared_ptr<const core::RadioData> broken_run;
-  if (const auto mark = MarksOf(place).At(NameOf(options.port, place.services.ports))) {
-    broken_run = MarksOf(place).Sent(*mark).data;
-  }
+  const std::optional<files::PartlyWritten> mark = MarkHere(place);
   CopyKeeper keeper(place, {place.services.clock.Timestamp(), files::kOriginBefore,
                             LabelOf(options.port, place.services.ports).Text()});
   const link::TransferOutcome outcome =
@@ -227,7 +218,7 @@ bool RunProgram(Workplace& place) {
                 .read_back = options.verify,
                 .fill_from_radio =
                     Extension(options.input) == files::kSettingsEnding && options.base.empty(),
-                .broken_run = std::move(broken_run)},
+                .broken_run = mark ? MarksOf(place).Sent(*mark).data : nullptr},
                &keeper);
   if (outcome.ending == link::Ending::kDone) {
     MarksOf(place).Settle(NameOf(options.port, place.services.ports));

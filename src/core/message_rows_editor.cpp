@@ -295,6 +295,14 @@ constexpr std::array kRows = {
                .where = "read, program",
                .meaning = "The radio answered the handshake and then fell silent.",
                .remedy = kStartAgain},
+    MessageRow{.id = kKeptAlready,
+               .group = kCommandLine,
+               .text = {"The file {path|of --keep} is there already."},
+               .where = "program --keep",
+               .meaning =
+                   "The radio was left partly written, and this file may be all that is left "
+                   "of what it held before. Nothing was written to the radio.",
+               .remedy = "Name another file with --keep."},
     MessageRow{.id = kTransferCancelled,
                .group = kCommandLine,
                .text = {"Cancelled {place|at block n}"},

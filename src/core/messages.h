@@ -83,6 +83,7 @@ enum class MessageId {
   kHelpFailed,
   // Command line only.
   kRadioSilent,
+  kKeptAlready,
   kTransferCancelled,
   kImportRest
 };

@@ -9,7 +9,6 @@
 #include "files/image_file.h"
 #include "files/receipt_text.h"
 #include "files/settings_file.h"
-#include "link/port_name.h"
 #include "link/radio_program.h"
 #include "platform/ansi_text.h"
 

@@ -251,7 +251,8 @@ void TransferDialog::RunOnce() {
   link::TransferSession session(
       job_.data, run_state_, {*port, services_.clock, services_.pump, services_.log, *this, port_},
       services_.prompts);
-  const std::optional<files::PartlyWritten> mark = marks_.At(port_.name);
+  const std::optional<files::PartlyWritten> mark =
+      job_.fill_from_radio ? marks_.At(port_.name) : std::nullopt;
   const link::TransferOptions options{.keep_copy = facts_->KeepsCopy(),
                                       .read_back = facts_->ReadsBack(),
                                       .fill_from_radio = job_.fill_from_radio,

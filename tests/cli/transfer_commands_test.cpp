@@ -23,6 +23,15 @@ class TransferCommands : public CliBench {
   void Fault(const char* text) {
     bench.radio.SetFaults(link::FaultPlan({*link::ParseFault(text).fault}));
   }
+  /// A radio of model 0; boat.dat holds what a settings file can of it.
+  void PutRadioWithMmsi(const char* mmsi) {
+    core::RadioData radio = image::MakeSampleRadio(0, testing::kAfterCutOver);
+    files.files["boat.dat"] = files::SettingFileText(radio, bench.pump);
+    radio.Dsc.UserMmsi = mmsi;
+    image::EncodeAll(radio, testing::kAfterCutOver);
+    std::ranges::copy(link::RadioMemory(core::ProfileOf(0), radio.Image.Used()),
+                      bench.radio.Memory().begin());
+  }
   [[nodiscard]] std::string Memory() const {
     return {bench.radio.Memory().begin(), bench.radio.Memory().end()};
   }
@@ -193,12 +202,7 @@ TEST_F(TransferCommands, ARadioThatLiesIsToldOfByFieldAndByteAndEndsInFailure) {
 }
 
 TEST_F(TransferCommands, WhatARadioStoredWronglyIsNotTakenForItsOwn) {
-  core::RadioData radio = image::MakeSampleRadio(0, testing::kAfterCutOver);
-  files.files["boat.dat"] = files::SettingFileText(radio, bench.pump);
-  radio.Dsc.UserMmsi = "211234560";
-  image::EncodeAll(radio, testing::kAfterCutOver);
-  std::ranges::copy(link::RadioMemory(core::ProfileOf(0), radio.Image.Used()),
-                    bench.radio.Memory().begin());
+  PutRadioWithMmsi("211234560");
   const Words program = {"program", "--port", "16", "boat.dat", "--verify"};
   Fault("other-stored@write");
   EXPECT_EQ(Run(program), kFailed);
@@ -211,12 +215,7 @@ TEST_F(TransferCommands, WhatARadioStoredWronglyIsNotTakenForItsOwn) {
 }
 
 TEST_F(TransferCommands, ASettingsFileLeavesARadiosOwnMmsiOrTakesItFromTheBase) {
-  core::RadioData radio = image::MakeSampleRadio(0, testing::kAfterCutOver);
-  files.files["boat.dat"] = files::SettingFileText(radio, bench.pump);
-  radio.Dsc.UserMmsi = "211234560";
-  image::EncodeAll(radio, testing::kAfterCutOver);
-  std::ranges::copy(link::RadioMemory(core::ProfileOf(0), radio.Image.Used()),
-                    bench.radio.Memory().begin());
+  PutRadioWithMmsi("211234560");
   const Words program = {"program", "--port", "16", "boat.dat"};
   const Words mmsi = {"get", "now.orvsnap", "dsc/user_mmsi"};
   const Words read = {"read", "--model", "0", "--port", "16", "-o", "now.orvsnap"};

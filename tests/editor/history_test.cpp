@@ -102,6 +102,14 @@ void Rename(WindowDesk& desk, const char* key, const char* name) {
   QTest::keyClicks(box, name);
 }
 
+/// With 150.5 MHz.
+void ShowLmr1(WindowDesk& desk) {
+  desk.data.LmrPresent() = desk.data.EXP[1].Enable = true;
+  desk.data.EXP[1].LMR_EXP = -1;
+  desk.data.EXP[1].Rxfreq = 150.5;
+  desk.ShowArranged();
+}
+
 }  // namespace
 
 class HistoryTest : public QObject {
@@ -143,10 +151,7 @@ class HistoryTest : public QObject {
   void TypingNotYetTakenOverIsUndoneFirst() {
     WindowDesk desk;
     desk.Start();
-    desk.data.LmrPresent() = desk.data.EXP[1].Enable = true;
-    desk.data.EXP[1].LMR_EXP = -1;
-    desk.data.EXP[1].Rxfreq = 150.5;
-    desk.ShowArranged();
+    ShowLmr1(desk);
     Rename(desk, "L1", "one");
     auto* box = desk.Find<editor::FrequencyBox>("txtCRF");
     box->setFocus();
@@ -165,10 +170,7 @@ class HistoryTest : public QObject {
       const Row row(typed);
       WindowDesk desk;
       desk.Start();
-      desk.data.LmrPresent() = desk.data.EXP[1].Enable = true;
-      desk.data.EXP[1].LMR_EXP = -1;
-      desk.data.EXP[1].Rxfreq = 150.5;
-      desk.ShowArranged();
+      ShowLmr1(desk);
       Rename(desk, "PU32", "one");
       desk.Item("mnuEditUndo").trigger();
       desk.window->SelectNode("L1");
